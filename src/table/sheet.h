@@ -1,0 +1,97 @@
+// One sheet of the data table: a grid of cells that read as text. Rows and columns count from 1.
+//
+// A price column is held as a contiguous block of floats; its text is made when somebody reads it.
+// Everything else is held as text. A numeric reader gets what reading the cell's text would give.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vistaplot {
+
+/// A rectangle of cells, bounds included.
+struct CellRange {
+  int SelStartRow = 1;
+  int SelStartCol = 1;
+  int SelEndRow = 1;
+  int SelEndCol = 1;
+
+  bool operator==(const CellRange&) const = default;
+};
+
+/// Up to three sort keys: a column number, negative for descending, 0 for none.
+using SortKeys = std::array<int, 3>;
+
+class Sheet {
+ public:
+  std::string SheetName;
+  int MaxRow = 0;  ///< extent in use; the loaders set it, readers iterate up to it
+  int MaxCol = 0;
+  int FixedRows = 0;  ///< leading heading rows and columns: frozen, never sorted
+  int FixedCols = 0;
+  int Row = 1;  ///< the write cursor of the importers
+  int Col = 1;
+  std::vector<CellRange> selection;  ///< ranges in the order in which the user made them
+
+  /// Empties every cell; extents, widths, name and selection stay.
+  void ClearAll();
+
+  /// The cell's text; empty for a cell that nothing was written to, also outside the extent.
+  std::string CellText(int row, int col) const;
+
+  /// What LeadingNumber(CellText(row, col)) gives, without making the text of a price.
+  double CellNumber(int row, int col) const;
+
+  void SetCellText(int row, int col, std::string_view text);
+
+  /// Text of the cursor's cell.
+  std::string Text() const { return CellText(Row, Col); }
+  void SetText(std::string_view text) { SetCellText(Row, Col, text); }
+
+  /// Replaces a whole column: `heading` in row 1, values[i] in row 2 + i as single precision.
+  void SetPriceColumn(int col, std::string_view heading, std::vector<float> values);
+
+  /// Replaces a whole column of texts: texts[i] in row 1 + i.
+  void SetTextColumn(int col, std::vector<std::string> texts);
+
+  /// CellNumber of rows first_row .. first_row + count - 1 of one column, oldest first; cells
+  /// outside the sheet are 0. The one place where 1-based rows become a 0-based span.
+  std::vector<double> ColumnNumbers(int col, int first_row, int count) const;
+
+  /// The column's block of raw single-precision prices (element i in row 2 + i), or empty when the
+  /// column is held as text.
+  std::span<const float> PriceBlock(int col) const;
+
+  /// Display width in twips; 0 is the view's default.
+  int ColumnWidth(int col) const;
+  void SetColumnWidth(int col, int twips);
+
+  /// Fits the widths of columns 1 to MaxCol to their longest text.
+  void FitColumnWidths();
+
+  /// Replaces the selection by one range.
+  void Select(const CellRange& range) { selection.assign(1, range); }
+
+  /// Reorders the whole rows of a rectangle; see sorting.h for the order. Keys that name a column
+  /// outside the rectangle are ignored.
+  void Sort(const CellRange& block, const SortKeys& keys);
+
+ private:
+  struct Column {
+    std::vector<std::string> texts;  ///< row r at index r - 1; may be shorter than the sheet
+    std::vector<float> prices;       ///< row r at index r - 2; empty for a text column
+    int width = 0;
+  };
+
+  const Column* Find(int col) const;
+  Column& Make(int col);
+  static void TurnIntoText(Column& column);
+
+  std::vector<Column> columns_;  ///< column c at index c - 1
+};
+
+}  // namespace vistaplot
