@@ -1,0 +1,34 @@
+// Where forms are shown: a desktop's windows, or nowhere when a script plays the user.
+#pragma once
+
+namespace vistaplot {
+
+class Form;
+
+enum class WindowArrangement { kCascade, kTile, kArrangeIcons };
+
+/// Lengths in twips, 15 to a pixel.
+struct DisplaySize {
+  float width = 9600.0F;
+  float height = 7200.0F;
+};
+
+class FormHost {
+ public:
+  virtual ~FormHost() = default;
+
+  /// The size that screens are scaled to.
+  virtual DisplaySize Display() const = 0;
+
+  virtual void FormShown(Form& form) = 0;   ///< shown, or brought to the front
+  virtual void FormHidden(Form& form) = 0;  ///< hidden or unloaded
+  virtual void FormRepaint(Form& form) = 0;
+  virtual void PointerChanged(Form& form) = 0;
+
+  /// Lets the user work on a form that is already shown, and nowhere else, until it is hidden.
+  virtual void RunModal(Form& form) = 0;
+
+  virtual void Arrange(WindowArrangement arrangement) = 0;
+};
+
+}  // namespace vistaplot

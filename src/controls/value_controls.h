@@ -1,0 +1,70 @@
+// Controls that hold a value. Setting a value from code raises the same event as the user's action,
+// at once: store, tell the skin, raise; so a handler that sets the same control again finds all in
+// step. Leaving a text box is the user's alone.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "controls/control.h"
+
+namespace vistaplot {
+
+class TextBox : public Control {
+ public:
+  TextBox() : Control(ControlKind::kTextBox) {}
+
+  std::function<void()> Change;
+  std::function<void()> LostFocus;
+
+  const std::string& Text() const { return text_; }
+  /// Raises Change when the text differs.
+  void SetText(std::string_view text);
+
+  void RaiseLostFocus() {
+    if (LostFocus) LostFocus();
+  }
+
+ private:
+  std::string text_;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox() : Control(ControlKind::kCheckBox) {}
+
+  std::function<void()> Click;
+
+  bool Checked() const { return checked_; }
+  /// Raises Click when it changes.
+  void SetChecked(bool checked);
+
+ private:
+  bool checked_ = false;
+};
+
+/// A scroll bar; Value stays within Min and Max.
+class ScrollBar : public Control {
+ public:
+  ScrollBar() : Control(ControlKind::kScrollBar) {}
+
+  std::function<void()> Change;
+
+  int Min() const { return min_; }
+  int Max() const { return max_; }
+  int Value() const { return value_; }
+
+  /// A bound that passes Value moves it along, which raises Change.
+  void SetMin(int min);
+  void SetMax(int max);
+  /// Brought within the bounds; raises Change when it changes.
+  void SetValue(int value);
+
+ private:
+  int min_ = 0;
+  int max_ = 32767;
+  int value_ = 0;
+};
+
+}  // namespace vistaplot
