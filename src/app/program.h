@@ -1,0 +1,55 @@
+// The program without its windows: all shared state, all screens, started and ready to be driven by
+// a skin or a script.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/dialogs.h"
+#include "base/host_path.h"
+#include "base/settings.h"
+#include "controls/form.h"
+#include "controls/form_host.h"
+#include "forms/screens.h"
+#include "forms/shared_state.h"
+#include "marketdata/quoteline_api.h"
+
+namespace vistaplot {
+
+/// What the program needs from outside; all of it outlives the program.
+struct ProgramParts {
+  QuotelineApi& quoteline;
+  Settings& settings;
+  Dialogs& dialogs;
+  FormHost& host;
+  std::string program_dir;  ///< folder of the executable
+  PathRoots roots;
+};
+
+class Program {
+ public:
+  explicit Program(const ProgramParts& parts);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  /// Loads the main window and the parameter screen, which opens the service, and shows them. A
+  /// service that cannot be opened ends the program through Dialogs::EndProgram.
+  void Start();
+
+  SharedState& State() { return state_; }
+  Screens& AllScreens() { return *screens_; }
+
+  /// The eleven screens in a fixed order.
+  const std::vector<Form*>& Forms() const { return forms_; }
+  /// The screen of that name, case ignored; null when there is none.
+  Form* FindForm(std::string_view name) const;
+
+ private:
+  SharedState state_;
+  std::unique_ptr<Screens> screens_;
+  std::vector<Form*> forms_;
+};
+
+}  // namespace vistaplot

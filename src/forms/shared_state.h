@@ -1,0 +1,61 @@
+// The state that the screens share. The program owns one; screens get references.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "base/host_path.h"
+#include "charts/graph_selection.h"
+#include "import/family_summary.h"
+#include "import/price_load.h"
+#include "marketdata/market_data.h"
+#include "table/data_table.h"
+
+namespace vistaplot {
+
+/// What has been loaded since the data type was chosen.
+struct LoadFlags {
+  bool ResultFileLoaded = false;      ///< something is loaded and may be graphed
+  bool KestrelixLoaded = false;       ///< a Kestrelix file is loaded
+  bool ComputedSummaryShown = false;  ///< sheet 2 holds a summary computed by the program
+  std::string VornaxilKind;           ///< "SM ", "APM" or empty: kind of the last Vornaxil file
+  float GraphFraction = 1.0F;         ///< leading part of a summary to chart, 0.1 to 1
+};
+
+/// Folders by product, as texts that users typed or the settings hold.
+struct Directories {
+  std::string ProgramDir;  ///< folder of the executable, no separator at its end
+  std::string ZephyrineDir;
+  std::string VornaxilDir;
+  std::string KestrelixDir;
+  std::string ChosenDir;  ///< the directory chooser's result
+};
+
+struct PointAndFigureSettings {
+  std::array<float, 8> PfRange{};  ///< bounds of the price ranges, highest first
+  std::array<float, 6> PfBox{};    ///< box size by price range; elements 0 to 4 used
+  std::int16_t PfReversal = 1;     ///< 0, 1, 2: one, three, five boxes
+};
+
+/// What the sheet chooser gave.
+struct SheetChoice {
+  std::int16_t SheetDialogResult = 0;  ///< 1 OK, 2 Cancel
+  std::int32_t ChosenSheetIndex = -1;  ///< 0-based position in its list
+};
+
+struct SharedState {
+  MarketData market;
+  DataTable table;
+  PriceLoadState load;
+  FamilyRecords family_records;
+  GraphSelection selection;
+  LoadFlags flags;
+  Directories directories;
+  PointAndFigureSettings point_and_figure;
+  SheetChoice sheet_choice;
+  std::int16_t TipIndex = 0;  ///< number of the tool tip to show, 1 to 12
+  PathRoots roots;            ///< where old-style paths lie on this host
+};
+
+}  // namespace vistaplot
