@@ -12,6 +12,9 @@
 
 namespace vistaplot {
 
+/// The price of a day on which an issue has none.
+inline constexpr float kNoPrice = -1.0F;
+
 struct MarketData {
   std::int32_t LastStatus = 0;
   MarketCalendar calendar;

@@ -1,0 +1,55 @@
+// A folder of its own for a test, gone with the object.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace vistaplot::test {
+
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "vistaplot-XXXXXX").string();
+    const char* made = mkdtemp(pattern.data());
+    path_ = made != nullptr ? made : "";
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::string& Path() const { return path_; }
+  std::string Path(std::string_view name) const { return path_ + "/" + std::string(name); }
+
+  /// Writes a file, with the folders above it; gives its path.
+  std::string Write(std::string_view name, std::string_view content) const {
+    const std::string path = Path(name);
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    std::ofstream(path, std::ios::binary)
+        .write(content.data(), static_cast<std::streamsize>(content.size()));
+    return path;
+  }
+
+  std::string MakeFolder(std::string_view name) const {
+    const std::string path = Path(name);
+    std::filesystem::create_directories(path);
+    return path;
+  }
+
+  /// All bytes of a file; empty when there is none.
+  std::string Read(std::string_view name) const {
+    std::ifstream file(Path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace vistaplot::test
