@@ -1,0 +1,156 @@
+#include "charts/layout_parts.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace vistaplot {
+namespace {
+
+constexpr double kPixelsPerPoint = 96.0 / 72.0;
+constexpr double kFurthest = 1e300;  // keeps spans of values finite
+
+const ChartSeries& DefaultSettings() {
+  static const ChartSeries settings;
+  return settings;
+}
+
+ValueRange EmptyRange() {
+  return {std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
+}
+
+// Widened by `part` of its span at both ends; a single value gets room as well.
+ValueRange WithMargin(ValueRange range, double part) {
+  if (range.low > range.high) return {};
+  range.low = std::max(range.low, -kFurthest);
+  range.high = std::min(range.high, kFurthest);
+  double margin = (range.high - range.low) * part;
+  const double least = std::max(std::abs(range.low), std::abs(range.high)) * 1e-9;
+  if (margin <= least) margin = range.low == 0.0 ? 0.01 : std::abs(range.low) * 0.01;
+  return {range.low - margin, range.high + margin};
+}
+
+void Include(ValueRange& range, double value) {
+  range.low = std::min(range.low, value);
+  range.high = std::max(range.high, value);
+}
+
+void IncludeRows(ValueRange& range, const std::vector<double>& values) {
+  for (const double value : values) {
+    if (std::isfinite(value)) Include(range, value);
+  }
+}
+
+void IncludePairs(AxisRanges& ranges, const std::vector<double>& x, const std::vector<double>& y) {
+  for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i) {
+    if (!std::isfinite(x[i]) || !std::isfinite(y[i])) continue;
+    Include(ranges.positions, x[i]);
+    Include(ranges.values, y[i]);
+  }
+}
+
+// Where the last character of UTF-8 text begins; 0 also for an empty text.
+std::size_t LastLetter(const std::string& text) {
+  std::size_t start = text.empty() ? 0 : text.size() - 1;
+  while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0U) == 0x80U) --start;
+  return start;
+}
+
+ValueRange RowRange(int rows) {
+  if (rows < 2) return {0.5, 1.5};
+  return {1.0, static_cast<double>(rows)};
+}
+
+}  // namespace
+
+int LayoutContext::FontPixels(double points) const {
+  return std::max(7, static_cast<int>(std::lround(points * kPixelsPerPoint * scale)));
+}
+
+std::vector<DrawnSeries> SeriesOf(const ChartView& view) {
+  std::vector<DrawnSeries> series;
+  if (view.ChartType == kChartCombination) {
+    for (int c = 1; c <= view.ColumnCount(); ++c) series.push_back({c, 0, c});
+  } else if (view.ChartType == kChartXY) {
+    for (int c = 1; c + 1 <= view.ColumnCount(); c += 2) {
+      series.push_back({(c + 1) / 2, c, c + 1});
+    }
+  }
+  return series;
+}
+
+const ChartSeries& SettingsOf(const ChartView& view, int number) {
+  const auto& all = view.Plot.SeriesCollection;
+  const auto index = static_cast<std::size_t>(number - 1);
+  return index < all.size() ? all[index] : DefaultSettings();
+}
+
+PictureColor SeriesInk(const LayoutContext& context, int number) {
+  const ChartColor& pen = SettingsOf(context.view, number).Pen.VtColor;
+  return InkOn(context.theme, pen == ChartColor{} ? DefaultSeriesColor(number) : pen);
+}
+
+PictureColor MarkerInk(const LayoutContext& context, const ChartMarker& marker, int series) {
+  if (marker.Pen.VtColor == ChartColor{}) return SeriesInk(context, series);
+  return InkOn(context.theme, marker.Pen.VtColor);
+}
+
+MarkerShape SeriesMarkerShape(int number) {
+  constexpr std::array kShapes = {MarkerShape::kDot,
+                                  MarkerShape::kSquare,
+                                  MarkerShape::kTriangle,
+                                  MarkerShape::kDiamond,
+                                  MarkerShape::kCross,
+                                  MarkerShape::kPlus,
+                                  MarkerShape::kCircle};
+  return kShapes[static_cast<std::size_t>(number - 1) % kShapes.size()];
+}
+
+MarkerShape MarkerShapeOf(const ChartMarker& marker, int series) {
+  switch (marker.style) {
+    case kMarkerCross:
+      return MarkerShape::kCross;
+    case kMarkerStar:
+      return MarkerShape::kStar;
+    case kMarkerCircle:
+      return MarkerShape::kCircle;
+    default:
+      return SeriesMarkerShape(series);
+  }
+}
+
+AxisRanges RangesOf(const ChartView& view) {
+  AxisRanges ranges{EmptyRange(), EmptyRange()};
+  const bool by_row = view.ChartType != kChartXY;
+  for (const DrawnSeries& series : SeriesOf(view)) {
+    const auto& values = view.ColumnData(series.y_column);
+    if (by_row) {
+      IncludeRows(ranges.values, values);
+    } else {
+      IncludePairs(ranges, view.ColumnData(series.x_column), values);
+    }
+  }
+  ranges.positions = by_row ? RowRange(view.rowcount()) : WithMargin(ranges.positions, 0.02);
+  const auto& fixed = view.Plot.Axis[1].ValueScale;
+  const bool usable = !fixed.Auto && fixed.Minimum < fixed.Maximum;
+  ranges.values =
+      usable ? ValueRange{fixed.Minimum, fixed.Maximum} : WithMargin(ranges.values, 0.05);
+  return ranges;
+}
+
+std::string ElideText(const LayoutContext& context,
+                      const std::string& text,
+                      int pixels,
+                      double width) {
+  if (context.measure.Width(text, pixels, false) <= width) return text;
+  std::string kept = text;
+  for (std::size_t start = LastLetter(kept); start > 0; start = LastLetter(kept)) {
+    kept.resize(start);
+    while (kept.size() > 1 && kept.back() == ' ') kept.pop_back();
+    if (context.measure.Width(kept + "…", pixels, false) <= width) break;
+  }
+  return kept + "…";
+}
+
+}  // namespace vistaplot
