@@ -1,16 +1,46 @@
 #include "charts/summary_parameters.h"
 
+#include <array>
 #include <cstddef>
-#include <initializer_list>
+#include <span>
 
 namespace vistaplot {
 
 namespace {
 
-using Names = std::initializer_list<std::string_view>;
+using Names = std::span<const std::string_view>;
 
-constexpr int kDrawDownDateColumn = 7;  ///< a date, never charted
+constexpr int kFirstParameterColumn = 2;  ///< two parameters, then the statistics
+constexpr int kDrawDownDateColumn = 7;    ///< a date, never charted
 constexpr int kKestrelixColumns = 9;
+
+constexpr std::array<std::string_view, 15> kZephyrineNames = {"Buy Ranking Period",
+                                                              "Sell Ranking Period",
+                                                              "Switches per year",
+                                                              "Avg Annual %",
+                                                              "Max Draw Down %",
+                                                              "Ulcer Index",
+                                                              "Ulcer Performance Index",
+                                                              "% Winners",
+                                                              "% Avg Gain Per Buy",
+                                                              "% Avg Gain Winners",
+                                                              "% Avg Loss Losers",
+                                                              "Avg STRF",
+                                                              "Strategy Beta",
+                                                              "Strategy Corr",
+                                                              "Strategy Alpha"};
+
+constexpr std::array<std::string_view, 8> kSummaryNames = {"Buy Signals In",
+                                                           "Sell Signals In",
+                                                           "Avg Annual %",
+                                                           "Switches per year",
+                                                           "Max Draw Down %",
+                                                           "Ulcer Index",
+                                                           "Ulcer Performance Index",
+                                                           "% Winners"};
+
+constexpr std::array<std::string_view, 5> kVornaxilNames = {"Ra", "Mr", "Tr", "S/Y", "Rsk"};
+constexpr std::array<std::string_view, 1> kThirdParameter = {"Parm3"};
 
 /// Names at consecutive columns from `first_column` on.
 std::vector<ChartField> Consecutive(Names names, int first_column) {
@@ -22,97 +52,37 @@ std::vector<ChartField> Consecutive(Names names, int first_column) {
 }
 
 /// The same for a summary sheet, stepping over the date of the draw-down.
-std::vector<ChartField> SummaryColumns(Names names, int first_column) {
-  std::vector<ChartField> fields = Consecutive(names, first_column);
+std::vector<ChartField> SummaryColumns(Names names) {
+  std::vector<ChartField> fields = Consecutive(names, kFirstParameterColumn);
   for (ChartField& field : fields) {
     if (field.column >= kDrawDownDateColumn) ++field.column;
   }
   return fields;
 }
 
-ChartFields ZephyrineCases() {
-  return {.x = {{"Test Case", 0}},
-          .y = SummaryColumns({"Buy Ranking Period",
-                               "Sell Ranking Period",
-                               "Switches per year",
-                               "Avg Annual %",
-                               "Max Draw Down %",
-                               "Ulcer Index",
-                               "Ulcer Performance Index",
-                               "% Winners",
-                               "% Avg Gain Per Buy",
-                               "% Avg Gain Winners",
-                               "% Avg Loss Losers",
-                               "Avg STRF",
-                               "Strategy Beta",
-                               "Strategy Corr",
-                               "Strategy Alpha"},
-                              2),
-          .data = {}};
+ChartFields SummaryCases(Names names) {
+  return {.x = {{"Test Case", 0}}, .y = SummaryColumns(names), .data = {}};
 }
 
-ChartFields SummaryCases() {
-  return {.x = {{"Test Case", 0}},
-          .y = SummaryColumns({"Buy Signals In",
-                               "Sell Signals In",
-                               "Avg Annual %",
-                               "Switches per year",
-                               "Max Draw Down %",
-                               "Ulcer Index",
-                               "Ulcer Performance Index",
-                               "% Winners"},
-                              2),
-          .data = {}};
+/// The first two columns are the parameters, the others the data.
+ChartFields SummaryParameters(Names names) {
+  std::vector<ChartField> fields = SummaryColumns(names);
+  return {.x = {fields[0]}, .y = {fields[1]}, .data = {fields.begin() + 2, fields.end()}};
 }
-
-ChartFields ZephyrineParameters() {
-  return {.x = {{"Buy Ranking Period", 2}},
-          .y = {{"Sell Ranking Period", 3}},
-          .data = SummaryColumns({"Switches per year",
-                                  "Avg Annual %",
-                                  "Max Draw Down %",
-                                  "Ulcer Index",
-                                  "Ulcer Performance Index",
-                                  "% Winners",
-                                  "% Avg Gain Per Buy",
-                                  "% Avg Gain Winners",
-                                  "% Avg Loss Losers",
-                                  "Avg STRF",
-                                  "Strategy Beta",
-                                  "Strategy Corr",
-                                  "Strategy Alpha"},
-                                 4)};
-}
-
-ChartFields SummaryParameters() {
-  return {.x = {{"Buy Signals In", 2}},
-          .y = {{"Sell Signals In", 3}},
-          .data = SummaryColumns({"Avg Annual %",
-                                  "Switches per year",
-                                  "Max Draw Down %",
-                                  "Ulcer Index",
-                                  "Ulcer Performance Index",
-                                  "% Winners"},
-                                 4)};
-}
-
-constexpr Names kVornaxilStatistics = {"Ra", "Mr", "Tr", "S/Y", "Rsk"};
 
 ChartFields VornaxilCases(std::string_view kind) {
   if (kind.empty()) return {};
-  return {.x = {{"Case", 0}},
-          .y = Consecutive(kVornaxilStatistics, kind == "APM" ? 3 : 4),
-          .data = {}};
+  return {.x = {{"Case", 0}}, .y = Consecutive(kVornaxilNames, kind == "APM" ? 3 : 4), .data = {}};
 }
 
 ChartFields VornaxilParameters(std::string_view kind) {
   if (kind.empty()) return {};
   ChartFields fields{.x = {{"Parm1", 1}}, .y = {{"Parm2", 2}}, .data = {}};
   if (kind == "APM") {
-    fields.data = Consecutive(kVornaxilStatistics, 3);
+    fields.data = Consecutive(kVornaxilNames, 3);
     fields.first_data = 1;
   } else {
-    fields.data = Consecutive({"Parm3"}, 3);
+    fields.data = Consecutive(kThirdParameter, 3);
   }
   return fields;
 }
@@ -133,16 +103,14 @@ std::vector<ChartField> KestrelixColumns(const FieldSource& source, int first, i
 ChartFields TestCaseFields(const FieldSource& source) {
   switch (source.type) {
     case DataType::kZephyrine:
-      return ZephyrineCases();
+      return SummaryCases(kZephyrineNames);
     case DataType::kSummary:
-      return SummaryCases();
+      return SummaryCases(kSummaryNames);
     case DataType::kVornaxil:
       return VornaxilCases(source.VornaxilKind);
     case DataType::kKestrelix:
       if (!source.KestrelixLoaded) return {};
-      return {.x = {{"Case", 0}},
-              .y = KestrelixColumns(source, 1, kKestrelixColumns),
-              .data = {}};
+      return {.x = {{"Case", 0}}, .y = KestrelixColumns(source, 1, kKestrelixColumns), .data = {}};
     case DataType::kPrices:
     case DataType::kDetail:
       break;
@@ -153,9 +121,9 @@ ChartFields TestCaseFields(const FieldSource& source) {
 ChartFields ParameterFields(const FieldSource& source) {
   switch (source.type) {
     case DataType::kZephyrine:
-      return ZephyrineParameters();
+      return SummaryParameters(kZephyrineNames);
     case DataType::kSummary:
-      return SummaryParameters();
+      return SummaryParameters(kSummaryNames);
     case DataType::kVornaxil:
       return VornaxilParameters(source.VornaxilKind);
     case DataType::kKestrelix:
