@@ -20,12 +20,18 @@ namespace vistaplot {
 /// the terminator. A failure is reported and leaves it empty.
 void ReadQuotelineDir(QuotelineApi& api, MarketData& market, Dialogs& dialogs);
 
+/// `symbol` as the service wants it: Windows-1252 without blanks around.
+std::string ServiceSymbol(std::string_view symbol);
+
+/// What the service wrote into a buffer, in UTF-8: up to its terminator, without the blanks behind.
+std::string BufferText(std::string_view buffer);
+
 /// The name of an issue in UTF-8, without the blanks behind it; empty when the service gives none.
 /// The status is kept in LastStatus.
 std::string IssueName(QuotelineApi& api, MarketData& market, std::string_view symbol);
 
-/// `symbol` as the service wants it: Windows-1252 without blanks around.
-std::string ServiceSymbol(std::string_view symbol);
+/// Reads the calendar anew (see LoadMarketCalendar) and makes PriceBuffer as long as it wants.
+void PrepareHistories(QuotelineApi& api, MarketData& market, Dialogs& dialogs);
 
 /// The history of one issue.
 struct IssueHistory {
