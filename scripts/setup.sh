@@ -34,10 +34,10 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 
 apt() {
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y "$@" </dev/null
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" </dev/null
 }
 
 echo "set-up: installing ${missing[*]}"
 apt update || echo "set-up: the package lists could not be updated; trying with those at hand" >&2
-apt install --no-install-recommends "${missing[@]}" ||
+apt install --yes --no-install-recommends "${missing[@]}" ||
   stop "apt-get could not install: ${missing[*]}" "Its messages above say why."
