@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -50,9 +51,10 @@ struct FamilyFigures {
 FamilyFigures FiguresOfWalk(const GrowthWalk& walk, const MarketCalendar& calendar, int end_day);
 
 /// Gain in percent from market day `end_day` less `period` (rounded to a whole day, halves to even)
-/// to `end_day`, in single precision: (p(end) / p(base) - 1) x 100. 0 when the base day lies
-/// outside 1 to prices.size() - 1 or has no price or the price 0.
-float TrailingGain(std::span<const float> prices, int end_day, double period);
+/// to `end_day`, in single precision: (p(end) / p(base) - 1) x 100. `prices` by market day, element
+/// 0 unused. Nothing when the base day lies outside 1 to prices.size() - 1, has no price (at or
+/// below -0.5) or the price 0.
+std::optional<float> TrailingGain(std::span<const float> prices, int end_day, double period);
 
 /// Writes sheet 2 "Summary" from filled records: headings, a row for each record, extent, widths;
 /// sets SortToggle of all columns to +1.

@@ -1,0 +1,164 @@
+#include "import/family_summary.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+#include "base/date.h"
+#include "base/number_text.h"
+#include "base/text.h"
+#include "marketdata/service.h"
+
+namespace vistaplot {
+namespace {
+
+constexpr double kDaysPerYear = 365.0;
+
+/// Headings of all columns of the summary.
+std::vector<std::string> Headings(const FamilyWindow& window) {
+  std::vector<std::string> headings(kSummaryHeadings.begin(), kSummaryHeadings.end());
+  for (const std::string& period : window.gain_days) {
+    headings.push_back(period + " day");
+  }
+  return headings;
+}
+
+/// The texts of one issue's row, column by column.
+std::vector<std::string> RowTexts(const FamilyRecords& records,
+                                  int k,
+                                  const FamilyFigures& figures,
+                                  const MarketCalendar& calendar) {
+  return {std::string(TrimBlanks(records.Symbol(k))),
+          records.Name(k),
+          FixedText(figures.annual_percent, 2),
+          NumberText(figures.draw_down_percent),
+          figures.draw_down_day > 0
+              ? DateText(calendar.DateOf(figures.draw_down_day), DatePattern::kMonthDayLongYear)
+              : std::string(),
+          FixedText(figures.ulcer_index, 2),
+          FixedText(figures.ulcer_performance, 2)};
+}
+
+std::string GainText(std::span<const float> prices, int end_day, const std::string& period) {
+  const std::optional<float> gain = TrailingGain(prices, end_day, LeadingNumber(period));
+  return gain ? FixedText(*gain, 3) : "0";
+}
+
+/// 0 in place of a value that is not finite in single precision.
+double FiniteOrZero(double value) {
+  return std::isfinite(static_cast<float>(value)) ? value : 0.0;
+}
+float FiniteOrZero(float value) {
+  return std::isfinite(value) ? value : 0.0F;
+}
+
+/// Sheet 2, empty and named, with extents for `rows` issues.
+Sheet& PrepareSheet(DataTable& table, int rows) {
+  if (table.SheetCount() < kSummarySheet) {
+    table.SetSheetCount(kSummarySheet);
+  }
+  table.SetActiveSheet(kSummarySheet);
+  Sheet& sheet = table.Active();
+  sheet.SheetName = "Summary";
+  sheet.ClearAll();
+  sheet.MaxRow = rows + 1;
+  sheet.MaxCol = kSummaryColumns;
+  sheet.FixedRows = 1;
+  sheet.FixedCols = 1;
+  return sheet;
+}
+
+void FinishSheet(DataTable& table, Sheet& sheet) {
+  sheet.FitColumnWidths();
+  std::fill(table.SortToggle.begin() + 1, table.SortToggle.end(), 1);
+  table.NotifySheets();
+  table.NotifyContent(kSummarySheet);
+}
+
+}  // namespace
+
+FamilyFigures FiguresOfWalk(const GrowthWalk& walk, const MarketCalendar& calendar, int end_day) {
+  FamilyFigures figures;
+  const int calendar_days = calendar.DateOf(end_day) - calendar.DateOf(walk.first);
+  const double years = calendar_days / kDaysPerYear;
+  figures.annual_percent =
+      FiniteOrZero((std::pow(static_cast<double>(walk.growth), 1.0 / years) - 1.0) * 100.0);
+  const auto annual = static_cast<float>(figures.annual_percent);
+  if (walk.lowest_day > 0) {
+    figures.draw_down_percent = FiniteOrZero((1.0F - walk.lowest_ratio) * 100.0F);
+    figures.draw_down_day = walk.lowest_day;
+  }
+  figures.ulcer_index =
+      FiniteOrZero(std::sqrt(walk.square_sum / static_cast<float>(end_day - walk.first + 1)));
+  const float above_rate = annual - kYearlyRate;
+  figures.ulcer_performance =
+      FiniteOrZero(figures.ulcer_index == 0.0F ? above_rate : above_rate / figures.ulcer_index);
+  return figures;
+}
+
+std::optional<float> TrailingGain(std::span<const float> prices, int end_day, double period) {
+  const double base = end_day - period;
+  const auto days = static_cast<double>(prices.size()) - 1.0;
+  if (!(base >= 0.0 && base <= days + 1.0)) {
+    return std::nullopt;
+  }
+  const int base_day = RoundHalfEven(base);
+  if (base_day < 1 || base_day > static_cast<int>(days)) {
+    return std::nullopt;
+  }
+  const float base_price = prices[static_cast<std::size_t>(base_day)];
+  if (!(base_price > -0.5F) || base_price == 0.0F) {
+    return std::nullopt;
+  }
+  return (prices[static_cast<std::size_t>(end_day)] / base_price - 1.0F) * 100.0F;
+}
+
+void WriteFamilySummary(const FamilyRecords& records,
+                        const MarketCalendar& calendar,
+                        const FamilyWindow& window,
+                        DataTable& table) {
+  const int count = records.Count();
+  Sheet& sheet = PrepareSheet(table, count);
+  std::vector<std::vector<std::string>> columns;
+  for (std::string& heading : Headings(window)) {
+    columns.push_back({std::move(heading)});
+  }
+  const int last_day = std::max(records.Days(), 1);
+  const int begin_day = std::clamp(window.begin_day, 1, last_day);
+  const int end_day = std::clamp(window.end_day, 1, last_day);
+  const std::vector<GrowthWalk> walks = WalkGrowth(records, begin_day, end_day);
+  for (int k = 1; k <= count; ++k) {
+    const GrowthWalk& walk = walks[static_cast<std::size_t>(k - 1)];
+    std::vector<std::string> row =
+        RowTexts(records, k, FiguresOfWalk(walk, calendar, end_day), calendar);
+    for (const std::string& period : window.gain_days) {
+      row.push_back(GainText(records.Prices(k), end_day, period));
+    }
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+      columns[c].push_back(std::move(row[c]));
+    }
+  }
+  for (std::size_t c = 0; c < columns.size(); ++c) {
+    sheet.SetTextColumn(static_cast<int>(c) + 1, std::move(columns[c]));
+  }
+  FinishSheet(table, sheet);
+}
+
+void ComputeFamilySummary(const LoadServices& services,
+                          std::span<const std::string> symbols,
+                          const FamilyWindow& window,
+                          FamilyRecords& records,
+                          Progress& progress) {
+  const ProgressScope scope(progress, "Calculating Family Info...");
+  PrepareHistories(services.api, services.market, services.dialogs);
+  const MarketCalendar& calendar = services.market.calendar;
+  if (FitsFamilyRecords(calendar, services.dialogs)) {
+    FillFamilyRecords(services.api, services.market, symbols, records, services.dialogs, progress);
+  } else {
+    records.Resize(0, 0);
+  }
+  WriteFamilySummary(records, calendar, window, services.table);
+}
+
+}  // namespace vistaplot
