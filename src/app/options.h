@@ -1,0 +1,61 @@
+// The command line of vistaplot.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "controls/form_host.h"
+
+namespace vistaplot {
+
+struct PixelSize {
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PixelSize&) const = default;
+};
+
+inline constexpr int kLargestDisplay = 32767;  ///< pixels, width and height
+inline constexpr PixelSize kBatchDisplay{1280, 960};
+
+struct Options {
+  std::string quoteline_dir;         ///< directory of the market-data service
+  std::string settings_file;         ///< a host path
+  std::optional<PixelSize> display;  ///< what the screens scale to; nothing: the real display
+  std::optional<std::string> batch_script;  ///< a host path, or "-" for standard input
+  bool help = false;                        ///< show HelpText and end
+  bool version = false;                     ///< show VersionText and end
+};
+
+/// What the arguments gave, or why they are wrong use (exit status 2).
+struct ParsedOptions {
+  Options options;
+  std::string error;  ///< one sentence for the user; empty when all is well
+
+  bool Ok() const { return error.empty(); }
+};
+
+/// The value of an environment variable; null when it is not set.
+using EnvironmentLookup = std::function<const char*(const char* name)>;
+
+/// Reads the arguments behind the program's name: "--name value" or "--name=value", the last one
+/// of a name counts. Options that are absent take their defaults from the environment; a variable
+/// that is empty counts as unset, and so does an $XDG_... folder that is not absolute.
+ParsedOptions ParseOptions(std::span<const char* const> arguments,
+                           const EnvironmentLookup& environment);
+/// The same with the process's own environment.
+ParsedOptions ParseOptions(std::span<const char* const> arguments);
+
+std::string_view HelpText();     ///< lines, each with its end of line
+std::string_view VersionText();  ///< "Vistaplot 3.4.1" and an end of line
+
+/// A size in pixels as the lengths that screens scale to, 15 twips a pixel.
+DisplaySize DisplayInTwips(const PixelSize& pixels);
+
+/// The folder that holds the running program's file, without a separator at its end.
+std::string ProgramFolder();
+
+}  // namespace vistaplot
