@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -124,6 +125,12 @@ struct ChartPicture {
   PlotScale scale;
   std::vector<PictureItem> items;  ///< first painted first
   std::vector<HitRegion> regions;  ///< last painted last
+
+  /// Adds an item above the others.
+  template <class Item>
+  void Add(Item item) {
+    items.emplace_back(std::in_place_type<Item>, std::move(item));
+  }
 };
 
 }  // namespace vistaplot

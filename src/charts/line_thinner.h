@@ -1,0 +1,45 @@
+// Keeps of a curve what a device can show: in each pixel column the first, lowest, highest and last
+// point. A curve with at most two points a column comes through as it is.
+#pragma once
+
+#include <vector>
+
+#include "charts/chart_picture.h"
+
+namespace vistaplot {
+
+class LineThinner {
+ public:
+  /// `detail`: device pixels a picture unit.
+  explicit LineThinner(double detail) : detail_(detail) {}
+
+  /// The next point of the curve; both coordinates finite.
+  void Add(PicturePoint point);
+
+  /// A gap: the next point begins a new piece.
+  void Break();
+
+  /// After the last Break: pieces of at least two points, and the points alone between gaps.
+  const std::vector<std::vector<PicturePoint>>& Pieces() const { return pieces_; }
+  const std::vector<PicturePoint>& Alone() const { return alone_; }
+
+ private:
+  struct Candidate {
+    PicturePoint point;
+    int order = 0;  ///< among the column's points
+  };
+  void FlushColumn();
+
+  double detail_;
+  double column_ = 0.0;
+  int count_ = 0;  ///< points in the current column
+  Candidate first_;
+  Candidate low_;
+  Candidate high_;
+  Candidate last_;
+  std::vector<PicturePoint> piece_;
+  std::vector<std::vector<PicturePoint>> pieces_;
+  std::vector<PicturePoint> alone_;
+};
+
+}  // namespace vistaplot

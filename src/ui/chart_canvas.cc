@@ -1,0 +1,229 @@
+#include "ui/chart_canvas.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPaintEngine>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <cmath>
+#include <numbers>
+
+namespace vistaplot {
+namespace {
+
+QColor ToQt(const PictureColor& color) {
+  return QColor(color.red, color.green, color.blue, color.alpha);
+}
+
+QRectF ToQt(const PictureBox& box) {
+  return {box.left, box.top, box.Width(), box.Height()};
+}
+
+QPolygonF ToQt(const std::vector<PicturePoint>& points) {
+  QPolygonF polygon;
+  polygon.reserve(static_cast<qsizetype>(points.size()));
+  for (const PicturePoint& point : points) polygon.append(QPointF(point.x, point.y));
+  return polygon;
+}
+
+QString ToQt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+QPolygonF Star(double radius) {
+  constexpr int kTips = 5;
+  QPolygonF star;
+  for (int corner = 0; corner < 2 * kTips; ++corner) {
+    const double angle = std::numbers::pi * (corner / static_cast<double>(kTips) - 0.5);
+    const double reach = corner % 2 == 0 ? radius : radius * 0.42;
+    star.append(QPointF(std::cos(angle), std::sin(angle)) * reach);
+  }
+  return star;
+}
+
+// The marker's outline about (0, 0) and whether it is filled or stroked.
+struct MarkerPath {
+  QPainterPath path;
+  bool filled = true;
+};
+
+QPainterPath Lines(std::initializer_list<QLineF> lines) {
+  QPainterPath path;
+  for (const QLineF& line : lines) {
+    path.moveTo(line.p1());
+    path.lineTo(line.p2());
+  }
+  return path;
+}
+
+MarkerPath PathOf(MarkerShape shape, double size) {
+  const double r = size / 2.0;
+  QPainterPath path;
+  switch (shape) {
+    case MarkerShape::kDot:
+      path.addEllipse(QPointF(), r, r);
+      break;
+    case MarkerShape::kSquare:
+      path.addRect(QRectF(-0.9 * r, -0.9 * r, 1.8 * r, 1.8 * r));
+      break;
+    case MarkerShape::kTriangle:
+      path.addPolygon(QPolygonF({{0.0, -1.1 * r}, {1.1 * r, 0.9 * r}, {-1.1 * r, 0.9 * r}}));
+      break;
+    case MarkerShape::kDiamond:
+      path.addPolygon(
+          QPolygonF({{0.0, -1.2 * r}, {1.2 * r, 0.0}, {0.0, 1.2 * r}, {-1.2 * r, 0.0}}));
+      break;
+    case MarkerShape::kStar:
+      path.addPolygon(Star(1.15 * r));
+      break;
+    case MarkerShape::kCircle:
+      path.addEllipse(QPointF(), r, r);
+      return {path, false};
+    case MarkerShape::kCross:
+      return {Lines({{-r, -r, r, r}, {-r, r, r, -r}}), false};
+    case MarkerShape::kPlus:
+      return {Lines({{-r, 0.0, r, 0.0}, {0.0, -r, 0.0, r}}), false};
+  }
+  path.closeSubpath();
+  return {path, true};
+}
+
+void PrepareFor(QPainter& painter, const MarkerPath& marker, const StampMarkers& item) {
+  painter.setRenderHint(QPainter::Antialiasing, true);
+  if (marker.filled) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQt(item.color));
+  } else {
+    painter.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::RoundCap));
+    painter.setBrush(Qt::NoBrush);
+  }
+}
+
+// One marker with its centre in the middle of the image; an odd number of device pixels wide, so
+// that the centre falls on a pixel's middle.
+QImage StampOf(const MarkerPath& marker, const StampMarkers& item, double ratio) {
+  const int half = static_cast<int>(std::ceil((item.size * 0.7 + item.width) * ratio)) + 1;
+  const int side = 2 * half + 1;
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  PrepareFor(painter, marker, item);
+  painter.translate(side / 2.0, side / 2.0);
+  painter.scale(ratio, ratio);
+  painter.drawPath(marker.path);
+  painter.end();
+  return image;
+}
+
+// Replays one kind of item after the other.
+class Replay {
+ public:
+  explicit Replay(QPainter& painter)
+      : painter_(painter),
+        pixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
+        place_(painter.deviceTransform()) {}
+
+  void operator()(const FillBox& item) {
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.fillRect(ToQt(item.box), ToQt(item.color));
+  }
+
+  void operator()(const StrokeLine& item) {
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    painter_.drawPolyline(ToQt(item.points));
+  }
+
+  void operator()(const FillShape& item) {
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setBrush(ToQt(item.fill));
+    painter_.setPen(item.width > 0.0 ? QPen(ToQt(item.outline), item.width) : QPen(Qt::NoPen));
+    painter_.drawPolygon(ToQt(item.points));
+  }
+
+  void operator()(const StampMarkers& item) {
+    const MarkerPath marker = PathOf(item.shape, item.size);
+    if (pixels_ && place_.type() <= QTransform::TxScale) {
+      Stamp(marker, item);
+    } else {
+      DrawShapes(marker, item);
+    }
+  }
+
+  void operator()(const DrawText& item) {
+    painter_.setFont(PictureFont(item.pixel_size, item.bold));
+    painter_.setPen(ToQt(item.color));
+    const QString text = ToQt(item.text);
+    double shift = 0.0;
+    if (item.align != TextAlign::kLeft) {
+      const double width = QFontMetricsF(painter_.font()).horizontalAdvance(text);
+      shift = item.align == TextAlign::kRight ? -width : -width / 2.0;
+    }
+    if (!item.upwards) {
+      painter_.drawText(QPointF(item.at.x + shift, item.at.y), text);
+      return;
+    }
+    painter_.save();
+    painter_.translate(item.at.x, item.at.y);
+    painter_.rotate(-90.0);
+    painter_.drawText(QPointF(shift, 0.0), text);
+    painter_.restore();
+  }
+
+  // Thin lines are drawn several times faster with a clip set.
+  void operator()(const SetClip& item) { painter_.setClipRect(ToQt(item.box)); }
+
+ private:
+  void Stamp(const MarkerPath& marker, const StampMarkers& item) {
+    const QImage stamp = StampOf(marker, item, place_.m11());
+    const int half = stamp.width() / 2;
+    const QTransform world = painter_.worldTransform();
+    const double ratio = painter_.device()->devicePixelRatioF();
+    QImage image = stamp;
+    image.setDevicePixelRatio(ratio);
+    painter_.resetTransform();
+    for (const PicturePoint& center : item.centers) {
+      const QPointF at = place_.map(QPointF(center.x, center.y));
+      painter_.drawImage(
+          QPointF((std::floor(at.x()) - half) / ratio, (std::floor(at.y()) - half) / ratio), image);
+    }
+    painter_.setWorldTransform(world);
+  }
+
+  void DrawShapes(const MarkerPath& marker, const StampMarkers& item) {
+    PrepareFor(painter_, marker, item);
+    for (const PicturePoint& center : item.centers) {
+      painter_.drawPath(marker.path.translated(center.x, center.y));
+    }
+  }
+
+  QPainter& painter_;
+  bool pixels_;
+  QTransform place_;  // to device pixels
+};
+
+}  // namespace
+
+double QtTextMeasure::Width(std::string_view text, int pixel_size, bool bold) const {
+  const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return QFontMetricsF(PictureFont(pixel_size, bold)).horizontalAdvance(shown);
+}
+
+QFont PictureFont(int pixel_size, bool bold) {
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(pixel_size);
+  font.setBold(bold);
+  return font;
+}
+
+void PaintPicture(QPainter& painter, const ChartPicture& picture) {
+  const QRectF ground(0.0, 0.0, picture.width, picture.height);
+  painter.save();
+  painter.fillRect(ground, ToQt(picture.background));
+  painter.setClipRect(ground);
+  Replay replay(painter);
+  for (const PictureItem& item : picture.items) std::visit(replay, item);
+  painter.restore();
+}
+
+}  // namespace vistaplot
