@@ -43,21 +43,21 @@ template <bool kSecondHalf, class Floats, std::size_t... kLane>
                                               const Floats& a,
                                               const Floats& b,
                                               std::index_sequence<kLane...> /*lanes*/) {
-  constexpr std::size_t kCount = sizeof...(kLane);
+  constexpr std::size_t count = sizeof...(kLane);
   result = __builtin_shufflevector(
-      a, b, (kLane / 2 + kLane % 2 * kCount + (kSecondHalf ? kCount / 2 : 0))...);
+      a, b, (kLane / 2 + kLane % 2 * count + (kSecondHalf ? count / 2 : 0))...);
 }
 
 /// Rows of an issue each become rows of a day each: log2(kLanes) perfect shuffles.
 template <std::size_t kLanes>
 [[gnu::always_inline]] inline void Transpose(
     std::array<typename Lanes<kLanes>::Floats, kLanes>& rows) {
-  constexpr std::make_index_sequence<kLanes> kAll;
+  constexpr std::make_index_sequence<kLanes> lanes;
   for (std::size_t round = 1; round < kLanes; round *= 2) {
     const auto before = rows;
     for (std::size_t j = 0; j < kLanes / 2; ++j) {
-      Interleave<false>(rows[2 * j], before[j], before[j + kLanes / 2], kAll);
-      Interleave<true>(rows[2 * j + 1], before[j], before[j + kLanes / 2], kAll);
+      Interleave<false>(rows[2 * j], before[j], before[j + kLanes / 2], lanes);
+      Interleave<true>(rows[2 * j + 1], before[j], before[j + kLanes / 2], lanes);
     }
   }
 }
@@ -180,11 +180,12 @@ std::vector<GrowthWalk> WalkAll(const FamilyRecords& records,
                                 int end_day,
                                 Block walk_block) {
   const int first_day = begin_day + 2;
+  const auto count = static_cast<std::size_t>(records.Count());
   if (end_day < first_day) {
-    return std::vector<GrowthWalk>(static_cast<std::size_t>(records.Count()));
+    return std::vector<GrowthWalk>(count);
   }
   std::vector<GrowthWalk> walks;
-  walks.reserve(static_cast<std::size_t>(records.Count()));
+  walks.reserve(count);
   for (int k = 1; k <= records.Count(); k += static_cast<int>(kLanes)) {
     std::array<const float*, kLanes> rows{};
     WalkLanes<kLanes> lanes{};
@@ -195,8 +196,7 @@ std::vector<GrowthWalk> WalkAll(const FamilyRecords& records,
       SetLane(lanes, lane, FirstUsedDay(prices, first_day, end_day));
     }
     walk_block(rows, first_day, end_day, lanes);
-    const auto used = static_cast<std::size_t>(records.Count() - k + 1);
-    for (std::size_t lane = 0; lane < std::min(kLanes, used); ++lane) {
+    for (std::size_t lane = 0; lane < kLanes && walks.size() < count; ++lane) {
       walks.push_back(WalkOfLane(lanes, lane, end_day));
     }
   }

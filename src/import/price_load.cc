@@ -42,11 +42,13 @@ Status LoadFamily(const LoadServices& services,
 
 }  // namespace
 
-void BeginPriceLoad(DataTable& table, PriceLoadState& load) {
+void BeginPriceLoad(const LoadServices& services, PriceLoadState& load) {
+  DataTable& table = services.table;
   table.SetActiveSheet(kPriceSheet);
   table.Active().ClearAll();
   table.NotifyContent(kPriceSheet);
   load.IssueColumnCount = 0;
+  PrepareHistories(services.api, services.market, services.dialogs);
 }
 
 void LoadIssueColumn(const LoadServices& services, PriceLoadState& load, std::string_view symbol) {

@@ -31,9 +31,9 @@ struct LoadServices {
   Dialogs& dialogs;
 };
 
-/// Begins a load: sheet 1 is active and empty, IssueColumnCount is 0. The histories themselves
-/// need PrepareHistories of marketdata/service.h first.
-void BeginPriceLoad(DataTable& table, PriceLoadState& load);
+/// Begins a load: sheet 1 is active and empty, IssueColumnCount is 0, and the histories are
+/// prepared (see PrepareHistories of marketdata/service.h).
+void BeginPriceLoad(const LoadServices& services, PriceLoadState& load);
 
 /// Fetches one issue into the next column of sheet 1: symbol in row 1, the price of market day d in
 /// row d + 1, -1 where there is none; an issue that the service does not know is -1 on every day.
