@@ -16,9 +16,9 @@ namespace {
 
 constexpr int kDigits = 7;
 
-// 10^0 to 10^12, all exact in double.
-constexpr std::array<double, 13> kPowersOfTen = {
-    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
+// 10^0 to 10^15, all exact in double.
+constexpr std::array<double, 16> kPowersOfTen = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 // The range in which seven digits come from one exact product: |value| x 10^k with k from 0 to 11
 // has 24 + 26 bits at most and fits a double.
@@ -156,44 +156,69 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-std::size_t SkipDigits(std::string_view text, std::size_t at) {
-  while (at < text.size() && IsDigit(text[at])) ++at;
+// The number at the beginning of a text: sign, digits with a point, exponent.
+struct Scan {
+  std::size_t length = 0;    // 0 when no number stands there
+  std::uint64_t digits = 0;  // all digits as one whole number; meaningless past 19 of them
+  std::size_t count = 0;     // digits ahead of and behind the point
+  std::size_t decimals = 0;  // digits behind the point
+  bool has_power = false;
+};
+
+std::size_t ScanDigits(std::string_view text, std::size_t at, Scan& scan) {
+  const std::size_t start = at;
+  for (; at < text.size() && IsDigit(text[at]); ++at) {
+    scan.digits = scan.digits * 10 + static_cast<std::uint64_t>(text[at] - '0');
+  }
+  scan.count += at - start;
   return at;
 }
 
-// Length of the number at the beginning of `text`: sign, digits with a point, exponent; 0 if none.
-std::size_t NumberLength(std::string_view text) {
-  const std::size_t start = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
-  std::size_t end = SkipDigits(text, start);
-  std::size_t digits = end - start;
-  if (end < text.size() && text[end] == '.') {
-    const std::size_t after_point = SkipDigits(text, end + 1);
-    digits += after_point - end - 1;
-    end = after_point;
-  }
-  if (digits == 0) return 0;
-  if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
-    std::size_t power = end + 1;
-    if (power < text.size() && (text[power] == '+' || text[power] == '-')) ++power;
-    const std::size_t power_end = SkipDigits(text, power);
-    if (power_end > power) end = power_end;
-  }
-  return end;
+bool IsSign(char c) {
+  return c == '+' || c == '-';
 }
 
-// `text` is a number as NumberLength measures it. Too large gives infinity, too small 0.
-double ReadNumber(std::string_view text) {
-  const bool negative = text[0] == '-';
-  if (negative || text[0] == '+') text.remove_prefix(1);
+Scan ScanNumber(std::string_view text) {
+  Scan scan;
+  std::size_t end = ScanDigits(text, !text.empty() && IsSign(text[0]) ? 1 : 0, scan);
+  if (end < text.size() && text[end] == '.') {
+    const std::size_t after_point = ScanDigits(text, end + 1, scan);
+    scan.decimals = after_point - end - 1;
+    end = after_point;
+  }
+  if (scan.count == 0) return {};
+  if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+    const std::size_t power = end + 1 < text.size() && IsSign(text[end + 1]) ? end + 2 : end + 1;
+    Scan power_scan;
+    const std::size_t power_end = ScanDigits(text, power, power_scan);
+    scan.has_power = power_scan.count > 0;
+    if (scan.has_power) end = power_end;
+  }
+  scan.length = end;
+  return scan;
+}
+
+// Any unsigned number that ScanNumber accepts. Too large gives infinity, too small 0.
+double ReadMagnitude(std::string_view text) {
   double magnitude = 0;
   const auto read = std::from_chars(text.data(), text.data() + text.size(), magnitude);
-  if (read.ec == std::errc::result_out_of_range) {
-    const std::size_t power = text.find_first_of("eE");
-    const bool tiny = (power != std::string_view::npos && text[power + 1] == '-') ||
-                      text[0] == '.' || text[0] == '0';
-    magnitude = tiny ? 0 : std::numeric_limits<double>::infinity();
-  }
-  return negative ? -magnitude : magnitude;
+  if (read.ec != std::errc::result_out_of_range) return magnitude;
+  const std::size_t power = text.find_first_of("eE");
+  const bool tiny = power == std::string_view::npos ? text.find_first_of("123456789") > 300
+                                                    : text[power + 1] == '-';
+  return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+// The number that `scan` found at the beginning of `text`.
+double ReadNumber(std::string_view text, const Scan& scan) {
+  // Up to 15 digits and the power of ten are exact in double, so that one division rounds once.
+  constexpr std::size_t kExactDigits = 15;
+  const std::size_t sign = IsSign(text[0]) ? 1 : 0;
+  const double magnitude = scan.count <= kExactDigits && !scan.has_power
+                               ? static_cast<double>(static_cast<std::int64_t>(scan.digits)) /
+                                     kPowersOfTen[scan.decimals]
+                               : ReadMagnitude(text.substr(sign, scan.length - sign));
+  return text[0] == '-' ? -magnitude : magnitude;
 }
 
 template <class Float>
@@ -236,9 +261,7 @@ double SevenDigitValue(float value) {
     const double rounded = seven.digits / kPowersOfTen[static_cast<std::size_t>(seven.scale)];
     return value < 0.0F ? -rounded : rounded;
   }
-  if (value == 0.0F) return 0.0;
-  if (!std::isfinite(value)) return value;
-  return ReadNumber(NumberText(value));
+  return value == 0.0F ? 0.0 : LeadingNumber(NumberText(value));
 }
 
 std::string FixedText(double value, int decimals) {
@@ -268,15 +291,15 @@ std::string ExactText(float value) {
 
 double LeadingNumber(std::string_view text) {
   const std::string_view trimmed = TrimWhite(text);
-  const std::size_t length = NumberLength(trimmed);
-  return length == 0 ? 0.0 : ReadNumber(trimmed.substr(0, length));
+  const Scan scan = ScanNumber(trimmed);
+  return scan.length == 0 ? 0.0 : ReadNumber(trimmed, scan);
 }
 
 std::optional<double> WholeNumber(std::string_view text) {
   const std::string_view trimmed = TrimWhite(text);
-  const std::size_t length = NumberLength(trimmed);
-  if (length == 0 || length != trimmed.size()) return std::nullopt;
-  return ReadNumber(trimmed);
+  const Scan scan = ScanNumber(trimmed);
+  if (scan.length == 0 || scan.length != trimmed.size()) return std::nullopt;
+  return ReadNumber(trimmed, scan);
 }
 
 std::optional<long long> WholeInteger(std::string_view text) {

@@ -16,7 +16,8 @@ namespace vistaplot {
 std::string NumberText(float value);
 void AppendNumberText(std::string& text, float value);
 
-/// The number that NumberText(value) reads back as: `value` rounded to seven significant digits.
+/// The number that NumberText(value) reads back as: `value` rounded to seven significant digits; 0
+/// for values that are no number.
 double SevenDigitValue(float value);
 
 /// `value` with exactly `decimals` decimals, at least one digit before the point, no grouping:
@@ -30,7 +31,8 @@ std::string ExactText(double value);
 std::string ExactText(float value);
 
 /// The leading numeric part of the trimmed text: optional sign, digits, point, exponent.
-/// "12 days" gives 12, "abc" and "" give 0.
+/// "12 days" gives 12, ".5" and "+5." are numbers, "abc" and "" give 0. What a double cannot hold
+/// gives infinity or 0.
 double LeadingNumber(std::string_view text);
 
 /// The trimmed text as a number when all of it is one; nothing otherwise.

@@ -163,9 +163,7 @@ int CompareIgnoringCase(std::string_view a, std::string_view b) {
 
 std::string PadRight(std::string_view text, std::size_t width) {
   std::string result(LeftCharacters(text, width));
-  const auto tails = std::count_if(result.begin(), result.end(), IsContinuation);
-  const std::size_t characters = result.size() - static_cast<std::size_t>(tails);
-  result.append(width - std::min(width, characters), ' ');
+  result.append(width - std::min(width, CharacterCount(result)), ' ');
   return result;
 }
 
@@ -177,6 +175,11 @@ std::string_view LeftCharacters(std::string_view text, std::size_t count) {
     ++characters;
   }
   return text;
+}
+
+std::size_t CharacterCount(std::string_view text) {
+  const auto tails = std::count_if(text.begin(), text.end(), IsContinuation);
+  return text.size() - static_cast<std::size_t>(tails);
 }
 
 std::string_view UpToFirstDot(std::string_view name) {

@@ -29,6 +29,9 @@ std::string PadRight(std::string_view text, std::size_t width);
 /// The first `count` characters (UTF-8 code points); the whole text when it is shorter.
 std::string_view LeftCharacters(std::string_view text, std::size_t count);
 
+/// Number of characters (UTF-8 code points).
+std::size_t CharacterCount(std::string_view text);
+
 /// Everything before the first "." (a file's name without its extensions).
 std::string_view UpToFirstDot(std::string_view name);
 

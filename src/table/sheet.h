@@ -1,7 +1,8 @@
 // One sheet of the data table: a grid of cells that read as text. Rows and columns count from 1.
 //
-// A price column is held as a contiguous block of floats; its text is made when somebody reads it.
-// Everything else is held as text. A numeric reader gets what reading the cell's text would give.
+// A price column is held as a contiguous block of floats, and imported records as the bytes of
+// their file; their texts are made when somebody reads them. Everything else is held as text. A
+// numeric reader gets what reading the cell's text would give.
 #pragma once
 
 #include <array>
@@ -10,6 +11,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "table/column.h"
 
 namespace vistaplot {
 
@@ -25,6 +28,8 @@ struct CellRange {
 
 /// Up to three sort keys: a column number, negative for descending, 0 for none.
 using SortKeys = std::array<int, 3>;
+
+struct CellKey;
 
 class Sheet {
  public:
@@ -58,12 +63,24 @@ class Sheet {
   /// Replaces a whole column of texts: texts[i] in row 1 + i.
   void SetTextColumn(int col, std::vector<std::string> texts);
 
+  /// Replaces columns 1 to fields.size() from row `first_row` on by records (Windows-1252): row
+  /// first_row + i shows record i, column c its fields[c - 1], uncut and untrimmed. The rows above
+  /// keep their texts; an incomplete last record is left out. `record_length` is at least 1.
+  void SetRecordColumns(int first_row,
+                        std::size_t record_length,
+                        std::string bytes,
+                        std::span<const RecordField> fields);
+
   /// CellNumber of rows first_row .. first_row + count - 1 of one column, oldest first; cells
   /// outside the sheet are 0. The one place where 1-based rows become a 0-based span.
   std::vector<double> ColumnNumbers(int col, int first_row, int count) const;
 
-  /// The column's block of raw single-precision prices (element i in row 2 + i), or empty when the
-  /// column is held as text.
+  /// The same in single precision: each number rounded once.
+  std::vector<float> ColumnSingles(int col, int first_row, int count) const;
+
+  /// The column's block of prices (element i in row 2 + i): what a single-precision reader of each
+  /// cell gets, as in ColumnSingles. Empty when the column is not held as prices. Valid until the
+  /// column is written to or sorted.
   std::span<const float> PriceBlock(int col) const;
 
   /// Display width in twips; 0 is the view's default.
@@ -81,17 +98,15 @@ class Sheet {
   void Sort(const CellRange& block, const SortKeys& keys);
 
  private:
-  struct Column {
-    std::vector<std::string> texts;  ///< row r at index r - 1; may be shorter than the sheet
-    std::vector<float> prices;       ///< row r at index r - 2; empty for a text column
-    int width = 0;
-  };
-
   const Column* Find(int col) const;
   Column& Make(int col);
-  static void TurnIntoText(Column& column);
+  CellKey KeyAt(int row, int col) const;
+  CellRange UsedPart(const CellRange& block) const;
+  void MoveRows(const CellRange& block, const RowOrder& order);
+  void MakeMovable(const CellRange& block);
 
   std::vector<Column> columns_;  ///< column c at index c - 1
+  RecordBlock records_;          ///< shared by the columns that have a field
 };
 
 }  // namespace vistaplot
