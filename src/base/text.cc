@@ -31,10 +31,23 @@ bool IsContinuation(char c) {
   return (Byte(c) & 0xC0U) == 0x80U;
 }
 
-std::string_view Trim(std::string_view text, std::string_view dropped) {
-  const std::size_t first = text.find_first_not_of(dropped);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(dropped) - first + 1);
+constexpr bool IsBlank(char c) {
+  return c == ' ';
+}
+constexpr bool IsWhite(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+std::string_view TrimRight(std::string_view text, bool is_dropped(char)) {
+  std::size_t end = text.size();
+  while (end > 0 && is_dropped(text[end - 1])) --end;
+  return text.substr(0, end);
+}
+
+std::string_view Trim(std::string_view text, bool is_dropped(char)) {
+  std::size_t begin = 0;
+  while (begin < text.size() && is_dropped(text[begin])) ++begin;
+  return TrimRight(text.substr(begin), is_dropped);
 }
 
 char32_t CodePointOfByte(char c) {
@@ -120,15 +133,15 @@ void AppendJsonCharacter(std::string& json, char32_t code) {
 }  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
-  return Trim(text, " ");
+  return Trim(text, IsBlank);
 }
 
 std::string_view TrimRightBlanks(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
+  return TrimRight(text, IsBlank);
 }
 
 std::string_view TrimWhite(std::string_view text) {
-  return Trim(text, " \t\r\n");
+  return Trim(text, IsWhite);
 }
 
 std::string UpperCase(std::string_view text) {

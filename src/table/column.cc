@@ -90,15 +90,20 @@ void SetCellText(Column& column, const RecordBlock& records, int row, std::strin
   column.texts[index] = text;
 }
 
-void TurnIntoText(Column& column, const RecordBlock& records) {
-  if (column.prices.empty() && !column.field) return;
-  std::vector<std::string> texts(static_cast<std::size_t>(LastRow(column, records)));
+void KeepTexts(Column& column, const RecordBlock& records, int last_row) {
+  std::vector<std::string> texts(
+      static_cast<std::size_t>(std::min(last_row, LastRow(column, records))));
   for (std::size_t i = 0; i < texts.size(); ++i) {
     texts[i] = CellText(column, records, static_cast<int>(i) + 1);
   }
   column.texts = std::move(texts);
   column.prices = {};
   column.field.reset();
+}
+
+void TurnIntoText(Column& column, const RecordBlock& records) {
+  if (column.prices.empty() && !column.field) return;
+  KeepTexts(column, records, LastRow(column, records));
 }
 
 void RoundPrices(const Column& column) {

@@ -77,6 +77,9 @@ StoredText CellBytes(const Column& column, const RecordBlock& records, int row);
 
 void SetCellText(Column& column, const RecordBlock& records, int row, std::string_view text);
 
+/// Holds rows 1 to last_row as text from now on; the rows behind are emptied.
+void KeepTexts(Column& column, const RecordBlock& records, int last_row);
+
 /// Holds every cell as text from now on.
 void TurnIntoText(Column& column, const RecordBlock& records);
 

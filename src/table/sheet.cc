@@ -86,16 +86,18 @@ void Sheet::SetRecordColumns(int first_row,
                              std::string bytes,
                              std::span<const RecordField> fields) {
   assert(first_row >= 1 && record_length >= 1);
-  // Columns of earlier records that stay keep their texts.
-  for (Column& column : columns_) {
-    if (column.field) TurnIntoText(column, records_);
+  const int replaced = static_cast<int>(fields.size());
+  for (int col = 1; col <= static_cast<int>(columns_.size()); ++col) {
+    Column& column = Make(col);
+    if (col <= replaced) {
+      KeepTexts(column, records_, first_row - 1);
+    } else if (column.field) {
+      TurnIntoText(column, records_);
+    }
   }
   records_ = RecordBlock(first_row, record_length, std::move(bytes));
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    Column& column = Make(static_cast<int>(i) + 1);
-    TurnIntoText(column, records_);
-    column.texts.resize(std::min(column.texts.size(), static_cast<std::size_t>(first_row) - 1));
-    column.field = fields[i];
+  for (int col = 1; col <= replaced; ++col) {
+    Make(col).field = fields[static_cast<std::size_t>(col) - 1];
   }
 }
 
