@@ -80,12 +80,6 @@ std::string OrderedPrefix(std::string prefix) {
   return prefix;
 }
 
-std::size_t CharacterCount(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;  // no continuation byte
-  }));
-}
-
 }  // namespace
 
 std::optional<std::vector<std::string>> ListFamilies(const std::string& quoteline_dir,
