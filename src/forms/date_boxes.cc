@@ -1,0 +1,33 @@
+#include "forms/date_boxes.h"
+
+#include <algorithm>
+#include <string>
+
+#include "base/date.h"
+#include "base/number_text.h"
+#include "marketdata/date_entry.h"
+
+namespace vistaplot {
+
+void CheckDateEntry(TextBox& date_box, TextBox& day_box, const MarketCalendar& calendar) {
+  const auto entry = SnapDateEntry(date_box.Text(), calendar);
+  if (!entry) return;
+  day_box.SetText(std::to_string(entry->day));
+  if (entry->exact) return;
+  date_box.SetText(entry->text);
+  date_box.Refresh();
+  day_box.Refresh();
+}
+
+void ShowDateOfDay(TextBox& date_box, TextBox& day_box, const MarketCalendar& calendar) {
+  if (calendar.MaxNumDays < 1) {
+    date_box.SetText("");
+    return;
+  }
+  const double typed = LeadingNumber(day_box.Text());
+  const int day = RoundHalfEven(std::clamp(typed, 1.0, static_cast<double>(calendar.MaxNumDays)));
+  if (day != typed) day_box.SetText(std::to_string(day));
+  date_box.SetText(DateText(calendar.DateOf(day), DatePattern::kMonthDayLongYear));
+}
+
+}  // namespace vistaplot

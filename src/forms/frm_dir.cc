@@ -1,0 +1,36 @@
+#include "forms/frm_dir.h"
+
+#include <string>
+
+#include "base/files.h"
+#include "base/host_path.h"
+#include "base/text.h"
+
+namespace vistaplot {
+
+FrmDir::FrmDir(const Context& context)
+    : Form("frmDir", "Choose a directory", FormStyle::kDialog, context.host), context_(context) {
+  Add({{&lblDirectory, "lblDirectory", "", At(180, 150, 4440, 510)},
+       {&Drive1, "Drive1", "", At(180, 720, 4440, 330)},
+       {&Dir1, "Dir1", "", At(180, 1140, 4440, 2400)},
+       {&cmdOK, "cmdOK", "OK", At(1740, 3660, 1320, 420)}});
+  Drive1.Change = [this] { Drive1_Change(); };
+  cmdOK.Click = [this] { cmdOK_Click(); };
+}
+
+void FrmDir::Drive1_Change() {
+  // A drive that cannot be read leaves the directory as it was, without a word.
+  const std::string root = std::string(TrimBlanks(Drive1.Text())) + "/";
+  if (FolderExists(HostPath(root, context_.state.roots))) Dir1.SetText(root);
+}
+
+void FrmDir::cmdOK_Click() {
+  if (!(Dir1.Text() > " ")) {
+    context_.dialogs.Say("Please choose a directory");
+    return;
+  }
+  context_.state.directories.ChosenDir = Dir1.Text();
+  Unload();
+}
+
+}  // namespace vistaplot

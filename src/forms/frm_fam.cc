@@ -1,0 +1,94 @@
+#include "forms/frm_fam.h"
+
+#include <string>
+#include <string_view>
+
+#include "base/date.h"
+#include "base/number_text.h"
+#include "forms/date_boxes.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr std::array<std::string_view, kGainPeriods> kGainKeys = {
+    "gain1", "gain2", "gain3", "gain4", "gain5", "gain6"};
+constexpr std::array<std::string_view, kGainPeriods> kDefaultGains = {
+    "1", "5", "10", "15", "30", "50"};
+
+std::string TextOr(const std::string& text, std::string_view fallback) {
+  return text.empty() ? std::string(fallback) : text;
+}
+
+/// The market day of a box, rounded to 16 bits.
+Result<std::int16_t> DayOfBox(const TextBox& box) {
+  return ToInt16(LeadingNumber(box.Text()), box.Name());
+}
+
+}  // namespace
+
+FrmFam::FrmFam(const Context& context)
+    : Form("frmFam", "Family Analysis", FormStyle::kWindow, context.host), context_(context) {
+  Add({{&lblbegdate, "lblbegdate", "Begin Date:", At(180, 210, 1200, 255)},
+       {&txtbegDate, "txtbegDate", "", At(1440, 180, 1320, 330)},
+       {&txtBegDate2, "txtBegDate2", "", At(2880, 180, 720, 330)},
+       {&lblEndDate, "lblEndDate", "End Date:", At(180, 630, 1200, 255)},
+       {&txtEndDate, "txtEndDate", "", At(1440, 600, 1320, 330)},
+       {&txtEndDate2, "txtEndDate2", "", At(2880, 600, 720, 330)},
+       {&lblDays, "lblDays", "Gain periods (market days):", At(180, 1080, 3420, 255)}});
+  for (std::size_t i = 0; i < txtDays.size(); ++i) {
+    const float left = 180.0F + 570.0F * static_cast<float>(i);
+    Add({{&txtDays[i], "txtDays", "", At(left, 1380, 510, 330), nullptr, static_cast<int>(i)}});
+  }
+  Add({{&cmdOK, "cmdOK", "OK", At(480, 1920, 1320, 420)},
+       {&cmdSave, "cmdSave", "Save", At(1980, 1920, 1320, 420)}});
+  txtBegDate2.SetVisible(false);
+  txtEndDate2.SetVisible(false);
+  txtbegDate.LostFocus = [this] { txtbegDate_LostFocus(); };
+  txtEndDate.LostFocus = [this] { txtEndDate_LostFocus(); };
+  cmdOK.Click = [this] { cmdOK_Click(); };
+  cmdSave.Click = [this] { cmdSave_Click(); };
+}
+
+void FrmFam::Form_Load() {
+  const MarketCalendar& calendar = context_.state.market.calendar;
+  txtEndDate2.SetText(std::to_string(calendar.MaxNumDays));
+  txtBegDate2.SetText(TextOr(context_.settings.Get("begdate"), "1"));
+  ShowDateOfDay(txtbegDate, txtBegDate2, calendar);
+  ShowDateOfDay(txtEndDate, txtEndDate2, calendar);
+  for (std::size_t i = 0; i < txtDays.size(); ++i) {
+    txtDays[i].SetText(TextOr(context_.settings.Get(kGainKeys[i]), kDefaultGains[i]));
+  }
+}
+
+void FrmFam::txtbegDate_LostFocus() {
+  CheckDateEntry(txtbegDate, txtBegDate2, context_.state.market.calendar);
+}
+
+void FrmFam::txtEndDate_LostFocus() {
+  CheckDateEntry(txtEndDate, txtEndDate2, context_.state.market.calendar);
+}
+
+void FrmFam::cmdOK_Click() {
+  Hide();
+}
+
+void FrmFam::cmdSave_Click() {
+  Status saved = context_.settings.Save("begdate", txtBegDate2.Text());
+  for (std::size_t i = 0; i < txtDays.size() && saved; ++i) {
+    saved = context_.settings.Save(kGainKeys[i], txtDays[i].Text());
+  }
+  if (!saved) context_.dialogs.Say("Settings not saved: " + PlainText(saved.Error()));
+}
+
+Result<FamilyWindow> FrmFam::Window() const {
+  const auto begin = DayOfBox(txtBegDate2);
+  if (!begin) return begin.Error();
+  const auto end = DayOfBox(txtEndDate2);
+  if (!end) return end.Error();
+  FamilyWindow window{.begin_day = begin.Value(), .end_day = end.Value(), .gain_days = {}};
+  for (std::size_t i = 0; i < txtDays.size(); ++i) window.gain_days[i] = txtDays[i].Text();
+  return window;
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,40 @@
+#include "forms/frm_graph.h"
+
+#include <string>
+
+#include "base/date.h"
+#include "controls/scaling.h"
+#include "forms/screens.h"
+
+namespace vistaplot {
+
+FrmGraph::FrmGraph(const Context& context)
+    : Form("frmGraph", "Graph", FormStyle::kScreen, context.host), context_(context) {
+  Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 6720)},
+       {&lblboxdate, "lblboxdate", "", At(7200, 60, 2280, 255)},
+       {&HScroll1, "HScroll1", "", At(120, 6810, 9360, 300)}});
+  HScroll1.Change = [this] { HScroll1_Change(); };
+  VtChart1.PointSelected = [this](PointSelection& selection) { VtChart1_PointSelected(selection); };
+}
+
+void FrmGraph::Form_Load() {
+  ScaleControls(*this, kDesignWidth, kDesignHeight, Host().Display());
+}
+
+void FrmGraph::HScroll1_Change() {
+  context_.screens.price_graph.Scrolled(HScroll1.Value(), ScrolledScreen::kGraph);
+}
+
+void FrmGraph::VtChart1_PointSelected(PointSelection& selection) {
+  if (context_.screens.frmTab.ChosenDataType() != DataType::kPrices) {
+    selection.Cancel = true;
+    return;
+  }
+  const Sheet& prices = context_.state.table.SheetAt(1);
+  const int row = selection.DataPoint + context_.state.selection.FirstDay;
+  const auto date = ParseDate(prices.CellText(row, 1));
+  const std::string day = date ? DateText(*date, DatePattern::kMonthDayShortYear) : std::string();
+  context_.dialogs.Say("NAV on " + day + " was " + prices.CellText(row, selection.Series + 1));
+}
+
+}  // namespace vistaplot

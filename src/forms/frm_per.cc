@@ -1,0 +1,26 @@
+#include "forms/frm_per.h"
+
+#include "controls/scaling.h"
+#include "forms/screens.h"
+
+namespace vistaplot {
+
+FrmPer::FrmPer(const Context& context)
+    : Form("frmPer", "Graph", FormStyle::kScreen, context.host), context_(context) {
+  Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 3420)},
+       {&VtChart2, "VtChart2", "", At(0, 3420, 9600, 3300)},
+       {&VtChart3, "VtChart3", "", At(8100, 60, 1500, 3000)},
+       {&HScroll1, "HScroll1", "", At(120, 6810, 9360, 300)}});
+  VtChart3.SetVisible(false);
+  HScroll1.Change = [this] { HScroll1_Change(); };
+}
+
+void FrmPer::Form_Load() {
+  ScaleControls(*this, kDesignWidth, kDesignHeight, Host().Display());
+}
+
+void FrmPer::HScroll1_Change() {
+  context_.screens.price_graph.Scrolled(HScroll1.Value(), ScrolledScreen::kThreeCharts);
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,29 @@
+// The graph screen of three charts: prices, an analysis of them, and a spectrum.
+#pragma once
+
+#include "controls/form.h"
+#include "controls/value_controls.h"
+#include "controls/view_controls.h"
+#include "forms/context.h"
+
+namespace vistaplot {
+
+class FrmPer : public Form {
+ public:
+  explicit FrmPer(const Context& context);
+
+  ChartBox VtChart1;
+  ChartBox VtChart2;
+  ChartBox VtChart3;
+  ScrollBar HScroll1;  ///< the charts' last market day
+
+  void HScroll1_Change();
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  const Context& context_;
+};
+
+}  // namespace vistaplot

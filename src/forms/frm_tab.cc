@@ -1,0 +1,178 @@
+#include "forms/frm_tab.h"
+
+#include <cstddef>
+#include <string_view>
+
+#include "base/number_text.h"
+#include "controls/scaling.h"
+#include "forms/screens.h"
+#include "marketdata/service.h"
+
+namespace vistaplot {
+
+namespace {
+
+/// By position: the numbers that the program tests data types by.
+constexpr std::array<std::string_view, 6> kDataTypes = {"Zephyrine Summary File",
+                                                        "Quoteline Funds, Stocks & FNU files",
+                                                        "Vornaxil Fixed File",
+                                                        "Kestrelix File",
+                                                        "Vistaplot Summary File",
+                                                        "Vistaplot Detail File"};
+
+constexpr std::array<std::string_view, 10> kPercents = {
+    "100%", "  90%", "  80%", "  70%", "  60%", "  50%", "  40%", "  30%", "  20%", "  10%"};
+
+struct NumberSetting {
+  std::string_view key;
+  float fallback;
+};
+
+constexpr std::array<NumberSetting, 8> kRangeSettings = {{{"pfrange1", 100.0F},
+                                                          {"pfrange2", 99.99F},
+                                                          {"pfrange3", 40.0F},
+                                                          {"pfrange4", 39.99F},
+                                                          {"pfrange5", 10.0F},
+                                                          {"pfrange6", 9.99F},
+                                                          {"pfrange7", 2.5F},
+                                                          {"pfrange8", 2.49F}}};
+
+constexpr std::array<NumberSetting, 5> kBoxSettings = {
+    {{"pfbox1", 1.0F}, {"pfbox2", 0.4F}, {"pfbox3", 0.2F}, {"pfbox4", 0.1F}, {"pfbox5", 0.05F}}};
+
+constexpr NumberSetting kReversalSetting = {"pfrev", 2.0F};
+
+/// A text that is no number counts as never written.
+double ReadNumber(const Settings& settings, const NumberSetting& setting) {
+  return WholeNumber(settings.Get(setting.key)).value_or(static_cast<double>(setting.fallback));
+}
+
+template <std::size_t N>
+std::vector<std::string> Texts(const std::array<std::string_view, N>& texts) {
+  return {texts.begin(), texts.end()};
+}
+
+}  // namespace
+
+FrmTab::FrmTab(const Context& context)
+    : Form("frmTab", "Parameters", FormStyle::kScreen, context.host), context_(context) {
+  DesignChoices();
+  DesignSelections();
+  DesignIndicators();
+  Connect();
+}
+
+void FrmTab::DesignChoices() {
+  Add({{&lblDataType, "lblDataType", "Data Type:", At(180, 195, 1500, 255)},
+       {&cboDataType, "cboDataType", "", At(1740, 150, 3060, 330)},
+       {&lblGraphType, "lblGraphType", "Graph Type:", At(180, 615, 1500, 255)},
+       {&cboGraphType, "cboGraphType", "", At(1740, 570, 3060, 330)},
+       {&lblXParm, "lblXParm", "X Parameter:", At(180, 1035, 1500, 255)},
+       {&cboXParm, "cboXParm", "", At(1740, 990, 3060, 330)},
+       {&lblYParm, "lblYParm", "Y Parameter:", At(180, 1455, 1500, 255)},
+       {&cboYParm, "cboYParm", "", At(1740, 1410, 3060, 330)},
+       {&lblDataField, "lblDataField", "Data Field:", At(180, 1875, 1500, 255)},
+       {&cboDataField, "cboDataField", "", At(1740, 1830, 3060, 330)},
+       {&lblPercent, "lblPercent", "% of data to graph", At(180, 2295, 1500, 255)},
+       {&cboPercent, "cboPercent", "", At(1740, 2250, 1200, 330)},
+       {&cmdFileName, "cmdFileName", "File Name", At(180, 2760, 1500, 420)},
+       {&lblFileName, "lblFileName", "", At(1740, 2850, 7680, 255)}});
+  cboPercent.SetEntries(Texts(kPercents));
+}
+
+void FrmTab::DesignSelections() {
+  Add({{&fraSelect, "fraSelect", "Selections", At(180, 1050, 2220, 1170)},
+       {&OptSelect, "OptSelect", "", At(330, 1350, 1920, 780), &fraSelect},
+       {&fraOneAll, "fraOneAll", "Graph", At(2580, 1050, 2220, 1170)},
+       {&optOneAll, "optOneAll", "", At(2730, 1350, 1920, 780), &fraOneAll},
+       {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(2580, 2310, 2220, 420)},
+       {&lblIndex, "lblIndex", "&Find:", At(180, 2880, 600, 255)},
+       {&txtIndex, "txtIndex", "", At(840, 2835, 2100, 330)},
+       {&cmdLoadData, "cmdLoadData", "&Load Data", At(3120, 2790, 1680, 420)},
+       {&lstIndex, "lstIndex", "", At(180, 3330, 9240, 3720)},
+       {&lstIndex2, "lstIndex2", "", At(180, 3330, 9240, 3720)},
+       {&File1, "File1", "", At(180, 3330, 2400, 900)}});
+  OptSelect.SetEntries({"Families", "Funds"});
+  OptSelect.Preset(0);
+  optOneAll.SetEntries({"All Funds", "One at a time"});
+  optOneAll.Preset(0);
+  lstIndex.multi_select = true;
+  lstIndex.fixed_pitch = true;
+  lstIndex2.SetVisible(false);
+  File1.SetVisible(false);
+}
+
+void FrmTab::DesignIndicators() {
+  constexpr std::array<std::string_view, 7> kNames = {"chkMoveAvg",
+                                                      "chkAMA",
+                                                      "chkParabolic",
+                                                      "chkBollinger",
+                                                      "chkHurst",
+                                                      "chkCorrelation",
+                                                      "chkMem"};
+  constexpr std::array<std::string_view, 7> kCaptions = {
+      "Show Exp Moving Avg          # days",
+      "Show AMA                               # days",
+      "Show Parabolic",
+      "Show Bollinger Bands",
+      "Show Hurst Exponent",
+      "Show Correlation",
+      "Show MEM"};
+  const std::vector<CheckBox*> boxes = Indicators();
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    const float top = 150.0F + 360.0F * static_cast<float>(i);
+    Add({{boxes[i], kNames[i], kCaptions[i], At(5040, top, 3000, 300)}});
+    boxes[i]->SetVisible(false);
+  }
+}
+
+std::vector<CheckBox*> FrmTab::Indicators() {
+  return {&chkMoveAvg, &chkAMA, &chkParabolic, &chkBollinger, &chkHurst, &chkCorrelation, &chkMem};
+}
+
+void FrmTab::Connect() {
+  cboDataType.Click = [this] { cboDataType_Click(); };
+  cboGraphType.Click = [this] { cboGraphType_Click(); };
+  OptSelect.Click = [this](int index) { OptSelect_Click(index); };
+  optOneAll.Click = [this](int index) { optOneAll_Click(index); };
+  txtIndex.Change = [this] { txtIndex_Change(); };
+  cmdLoadData.Click = [this] { cmdLoadData_Click(); };
+}
+
+bool FrmTab::AnalysisTicked() const {
+  return chkMem.Checked() || chkHurst.Checked() || chkCorrelation.Checked();
+}
+
+void FrmTab::Form_Load() {
+  SharedState& state = context_.state;
+  ScaleControls(*this, kDesignWidth, kDesignHeight, Host().Display());
+  if (!OpenQuoteline(context_.quoteline, state.market, context_.dialogs)) return;
+  state.directories.ZephyrineDir = context_.settings.Get("zpdir");
+  state.directories.VornaxilDir = context_.settings.Get("vxdir");
+  state.directories.KestrelixDir = context_.settings.Get("kestrldir");
+  ReadQuotelineDir(context_.quoteline, state.market, context_.dialogs);
+  state.roots.QuotelineDir = state.market.QuotelineDir;
+  // Kept for other programs; a settings file that cannot be written must not stop the start.
+  const Status kept = context_.settings.Save("qldir", state.market.QuotelineDir);
+  if (!kept) context_.dialogs.Say("Settings not saved: " + PlainText(kept.Error()));
+  LoadMarketCalendar(context_.quoteline, state.market, context_.dialogs);
+  cboDataType.SetEntries(Texts(kDataTypes));
+  cboDataType.SetListIndex(0);
+  ReadPointAndFigureSettings();
+}
+
+void FrmTab::ReadPointAndFigureSettings() {
+  PointAndFigureSettings& settings = context_.state.point_and_figure;
+  for (std::size_t i = 0; i < kRangeSettings.size(); ++i) {
+    settings.PfRange[i] = static_cast<float>(ReadNumber(context_.settings, kRangeSettings[i]));
+  }
+  for (std::size_t i = 0; i < kBoxSettings.size(); ++i) {
+    settings.PfBox[i] = static_cast<float>(ReadNumber(context_.settings, kBoxSettings[i]));
+  }
+  const double stored = ReadNumber(context_.settings, kReversalSetting);
+  const bool known = stored >= 1.0 && stored <= 3.0;
+  const double option = known ? stored : static_cast<double>(kReversalSetting.fallback);
+  settings.PfReversal = static_cast<std::int16_t>(RoundHalfEven(option) - 1);
+}
+
+}  // namespace vistaplot
