@@ -6,32 +6,6 @@
 #include "charts/palette.h"
 
 namespace vistaplot {
-namespace {
-
-constexpr char kRowLetter = 'R';
-constexpr char kColumnLetter = 'C';
-
-std::string DefaultLabel(char letter, std::size_t number) {
-  return letter + std::to_string(number);
-}
-
-void SetLabel(std::vector<std::string>& labels, char letter, int number, std::string_view text) {
-  const auto wanted = static_cast<std::size_t>(number);
-  while (labels.size() < wanted) labels.push_back(DefaultLabel(letter, labels.size() + 1));
-  labels[wanted - 1] = text;
-}
-
-std::string LabelAt(const std::vector<std::string>& labels, char letter, int number) {
-  const auto wanted = static_cast<std::size_t>(number);
-  return wanted <= labels.size() ? labels[wanted - 1] : DefaultLabel(letter, wanted);
-}
-
-template <class Element>
-void CutTo(std::vector<Element>& elements, std::size_t size) {
-  if (elements.size() > size) elements.resize(size);
-}
-
-}  // namespace
 
 ChartDataPoint& ChartDataPoints::Item(int point) {
   if (items.empty() || items.back().first < point) {
@@ -54,15 +28,15 @@ void ChartView::ToDefaults() {
   column_count_ = 0;
   row_ = 1;
   column_ = 1;
-  row_labels_.clear();
-  column_labels_.clear();
+  row_labels_.Clear();
+  column_labels_.Clear();
 }
 
 void ChartView::rowcount(int rows) {
   row_count_ = std::max(rows, 0);
   const auto size = static_cast<std::size_t>(row_count_);
   for (int c = 0; c < column_count_; ++c) data_[static_cast<std::size_t>(c)].resize(size, kEmpty);
-  CutTo(row_labels_, size);
+  row_labels_.CutTo(row_count_);
 }
 
 void ChartView::ColumnCount(int columns) {
@@ -72,8 +46,8 @@ void ChartView::ColumnCount(int columns) {
     data_[c].assign(static_cast<std::size_t>(row_count_), kEmpty);
   }
   column_count_ = std::max(columns, 0);
-  CutTo(column_labels_, size);
-  CutTo(Plot.SeriesCollection, size);
+  column_labels_.CutTo(column_count_);
+  if (Plot.SeriesCollection.size() > size) Plot.SeriesCollection.resize(size);
   while (Plot.SeriesCollection.size() < size) {
     ChartSeries& series = Plot.SeriesCollection.emplace_back();
     series.Pen.VtColor = DefaultSeriesColor(static_cast<int>(Plot.SeriesCollection.size()));
@@ -82,22 +56,22 @@ void ChartView::ColumnCount(int columns) {
 
 void ChartView::SetRowLabel(int row, std::string_view text) {
   if (row < 1 || row > row_count_) return;
-  SetLabel(row_labels_, kRowLetter, row, text);
+  row_labels_.Set(row, text);
 }
 
 void ChartView::SetColumnLabel(int column, std::string_view text) {
   if (column < 1 || column > column_count_) return;
-  SetLabel(column_labels_, kColumnLetter, column, text);
+  column_labels_.Set(column, text);
 }
 
 std::string ChartView::RowLabelAt(int row) const {
   if (row < 1 || row > row_count_) return {};
-  return LabelAt(row_labels_, kRowLetter, row);
+  return row_labels_.At(row);
 }
 
 std::string ChartView::ColumnLabelAt(int column) const {
   if (column < 1 || column > column_count_) return {};
-  return LabelAt(column_labels_, kColumnLetter, column);
+  return column_labels_.At(column);
 }
 
 void ChartView::EmptyAllPoints() {

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "charts/chart_labels.h"
 #include "charts/chart_settings.h"
 
 namespace vistaplot {
@@ -94,9 +95,8 @@ class ChartView {
   int column_ = 1;
   bool suspended_ = false;
   std::vector<std::vector<double>> data_;  ///< column by column; may be more than are in use
-  // Labels of the first rows and columns; those behind the last one set have default labels.
-  std::vector<std::string> row_labels_;
-  std::vector<std::string> column_labels_;
+  ChartLabels row_labels_{'R'};
+  ChartLabels column_labels_{'C'};
   std::function<void()> changed_;
 };
 
