@@ -1,0 +1,80 @@
+#include "table/sorting.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <numeric>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace vistaplot {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+SortColumn ColumnOf(const Texts& texts, bool is_descending) {
+  return {.is_descending = is_descending,
+          .key = [&texts](std::uint32_t row) { return KeyOfText(texts[row]); }};
+}
+
+Texts Sorted(const Texts& texts, bool is_descending) {
+  const SortColumn column = ColumnOf(texts, is_descending);
+  Texts sorted;
+  for (const std::uint32_t row :
+       SortedOrder(static_cast<std::uint32_t>(texts.size()), {&column, 1})) {
+    sorted.push_back(texts[row]);
+  }
+  return sorted;
+}
+
+TEST(SortedOrder, PutsNumbersBeforeTextsAndEmptyCellsLast) {
+  const Texts texts = {"b", "10", "", "A", "-0", " 9.5 ", "12 days", "0", "1e1", "  ", "a", "-3"};
+  EXPECT_EQ(Sorted(texts, false),
+            (Texts{"-3", "-0", "0", " 9.5 ", "10", "1e1", "12 days", "A", "a", "b", "", "  "}));
+  EXPECT_EQ(Sorted(texts, true),
+            (Texts{"b", "A", "a", "12 days", "10", "1e1", " 9.5 ", "-0", "0", "-3", "", "  "}));
+}
+
+TEST(SortedOrder, LaterKeysOrderRowsThatAreEqualInTheFirst) {
+  const Texts first = {"1", "x", "1.0", "", "X", "", "1"};
+  const Texts second = {"b", "2", "c", "5", "1", "6", "a"};
+  const Texts third = {"0", "0", "0", "0", "0", "0", "0"};
+  const std::vector<SortColumn> columns = {
+      ColumnOf(first, false), ColumnOf(second, true), ColumnOf(third, true)};
+  // 1 with c, b, a; x with 2, 1; empty with 6, 5.
+  EXPECT_EQ(SortedOrder(7, columns), (RowOrder{2, 0, 6, 1, 4, 5, 3}));
+}
+
+// Many rows take another way than few; both must agree with sorting by comparison.
+TEST(SortedOrder, ManyRowsAreStableInBothDirections) {
+  constexpr std::uint32_t kRows = 3000;
+  std::mt19937 random(3);
+  std::vector<std::vector<double>> numbers(3, std::vector<double>(kRows));
+  for (auto& column : numbers) {
+    for (double& number : column) number = static_cast<double>(random() % 25) / 4.0 - 3.0;
+  }
+  const std::vector<bool> descending = {true, false, true};
+  std::vector<SortColumn> columns;
+  for (std::size_t i = 0; i < 3; ++i) {
+    columns.push_back({.is_descending = descending[i], .key = [&numbers, i](std::uint32_t row) {
+                         return CellKey{
+                             .kind = CellKey::Kind::kNumber, .number = numbers[i][row], .text = {}};
+                       }});
+  }
+  RowOrder expected(kRows);
+  std::iota(expected.begin(), expected.end(), 0U);
+  std::stable_sort(expected.begin(), expected.end(), [&](std::uint32_t a, std::uint32_t b) {
+    for (std::size_t i = 0; i < 3; ++i) {
+      const double x = numbers[i][a];
+      const double y = numbers[i][b];
+      if (x != y) return descending[i] ? x > y : x < y;
+    }
+    return false;
+  });
+  EXPECT_EQ(SortedOrder(kRows, columns), expected);
+}
+
+}  // namespace
+}  // namespace vistaplot
