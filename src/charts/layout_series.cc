@@ -10,9 +10,9 @@ namespace vistaplot {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
-constexpr double kLineWidth = 1.5;         // of a pen of width 1, at scale 1
-constexpr std::size_t kManyPoints = 3000;  // among so many points wide lines would smear
-constexpr double kLargestMarker = 6.0;     // of a whole series, at scale 1
+constexpr double kLineWidth = 1.5;      // of a pen of width 1, at scale 1
+constexpr double kManyPoints = 3000.0;  // among so many points wide lines would smear
+constexpr double kLargestMarker = 6.0;  // of a whole series, at scale 1
 constexpr double kSmallestMarker = 3.0;
 constexpr double kMarkerStroke = 1.3;
 
@@ -21,12 +21,13 @@ bool IsThere(PicturePoint point) {
 }
 
 // The series' points on the picture, row by row; y is not a number where the point is missing.
-std::vector<PicturePoint> PlacePoints(const ChartView& view,
-                                      const DrawnSeries& series,
-                                      const PlotScale& scale) {
+void PlacePoints(const ChartView& view,
+                 const DrawnSeries& series,
+                 const PlotScale& scale,
+                 std::vector<PicturePoint>& points) {
   constexpr PicturePoint kMissing{0.0, std::numeric_limits<double>::quiet_NaN()};
   const std::vector<double>& values = view.ColumnData(series.y_column);
-  std::vector<PicturePoint> points(values.size(), kMissing);
+  points.assign(values.size(), kMissing);
   const double first = scale.X(1.0);
   const double row_width = scale.X(2.0) - first;
   const double* positions = series.x_column > 0 ? view.ColumnData(series.x_column).data() : nullptr;
@@ -38,11 +39,17 @@ std::vector<PicturePoint> PlacePoints(const ChartView& view,
       points[i] = {scale.X(positions[i]), scale.Y(values[i])};
     }
   }
-  return points;
 }
 
-LineThinner ThinCurve(const std::vector<PicturePoint>& points, double detail) {
-  LineThinner thinner(detail);
+// What is drawn of a series' line.
+struct Curve {
+  int series = 0;
+  std::vector<std::vector<PicturePoint>> pieces;
+  std::vector<PicturePoint> alone;
+};
+
+Curve ThinCurve(int series, const std::vector<PicturePoint>& points, double most, double detail) {
+  LineThinner thinner(detail, std::min(points.size(), static_cast<std::size_t>(most)));
   for (const PicturePoint& point : points) {
     if (IsThere(point)) {
       thinner.Add(point);
@@ -51,7 +58,7 @@ LineThinner ThinCurve(const std::vector<PicturePoint>& points, double detail) {
     }
   }
   thinner.Break();
-  return thinner;
+  return {series, thinner.TakePieces(), thinner.TakeAlone()};
 }
 
 // The markers of one look, each pixel once.
@@ -89,7 +96,7 @@ class MarkerLayer {
 
 double SeriesMarkerSize(const LayoutContext& context, const PlotScale& scale) {
   const double rows = std::max(1, context.view.rowcount());
-  const double size = 0.8 * scale.box.Width() / rows / context.scale;
+  const double size = 1.1 * scale.box.Width() / rows / context.scale;
   return std::round(std::clamp(size, kSmallestMarker, kLargestMarker) * context.scale);
 }
 
@@ -148,7 +155,7 @@ void StampOwnMarkers(const LayoutContext& context,
 void WriteLabels(const LayoutContext& context,
                  int series,
                  const std::vector<PicturePoint>& points,
-                 ChartPicture& picture) {
+                 std::vector<DrawText>& labels) {
   std::vector<PictureBox> written;
   for (const auto& [number, point] : SettingsOf(context.view, series).DataPoints.items) {
     const auto index = static_cast<std::size_t>(number - 1);
@@ -165,64 +172,71 @@ void WriteLabels(const LayoutContext& context,
       continue;
     }
     written.push_back(box);
-    picture.Add(DrawText{.text = label.Text,
-                         .at = {at.x, std::round(top + 0.85 * pixels)},
-                         .align = TextAlign::kCenter,
-                         .pixel_size = pixels,
-                         .color = context.theme.label});
+    labels.push_back(DrawText{.text = label.Text,
+                              .at = {at.x, std::round(top + 0.85 * pixels)},
+                              .align = TextAlign::kCenter,
+                              .pixel_size = pixels,
+                              .color = context.theme.label});
   }
 }
 
-std::size_t CountPoints(const std::vector<LineThinner>& curves) {
+std::vector<Curve> ThinCurves(const LayoutContext& context, const PlotScale& scale) {
+  constexpr double kMostPerColumn = 4.0;
+  const double most = kMostPerColumn * (scale.box.Width() * context.detail + 2.0);
+  std::vector<Curve> curves;
+  std::vector<PicturePoint> points;
+  for (const DrawnSeries& series : SeriesOf(context.view)) {
+    if (!SettingsOf(context.view, series.number).showline) continue;
+    PlacePoints(context.view, series, scale, points);
+    curves.push_back(ThinCurve(series.number, points, most, context.detail));
+  }
+  return curves;
+}
+
+std::size_t CountPoints(const std::vector<Curve>& curves) {
   std::size_t count = 0;
-  for (const LineThinner& curve : curves) {
-    for (const auto& piece : curve.Pieces()) count += piece.size();
+  for (const Curve& curve : curves) {
+    for (const auto& piece : curve.pieces) count += piece.size();
   }
   return count;
 }
 
-void DrawCurve(const LayoutContext& context,
-               int series,
-               const LineThinner& curve,
-               bool fine,
-               ChartPicture& picture) {
-  const double pen = std::max(SettingsOf(context.view, series).Pen.Width, 0.5);
+void DrawCurve(const LayoutContext& context, Curve curve, bool fine, ChartPicture& picture) {
+  const double pen = std::max(SettingsOf(context.view, curve.series).Pen.Width, 0.5);
   const double width = fine ? std::max(1.0, pen) : std::max(1.0, pen * kLineWidth * context.scale);
-  const PictureColor ink = SeriesInk(context, series);
-  for (const auto& piece : curve.Pieces()) picture.Add(StrokeLine{piece, ink, width});
-  if (curve.Alone().empty()) return;
+  const PictureColor ink = SeriesInk(context, curve.series);
+  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, width});
+  if (curve.alone.empty()) return;
   picture.Add(StampMarkers{.shape = MarkerShape::kDot,
                            .size = std::round(width + 2.0 * context.scale),
                            .width = 0.0,
                            .color = ink,
-                           .centers = curve.Alone()});
+                           .centers = std::move(curve.alone)});
+}
+
+void DrawMarkers(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
+  std::vector<PicturePoint> points;
+  std::vector<DrawText> labels;  // above all markers
+  for (const DrawnSeries& series : SeriesOf(context.view)) {
+    const ChartSeries& settings = SettingsOf(context.view, series.number);
+    if (!settings.SeriesMarker.Show && settings.DataPoints.items.empty()) continue;
+    PlacePoints(context.view, series, scale, points);
+    if (settings.SeriesMarker.Show) {
+      StampWholeSeries(context, series.number, points, scale, picture);
+    }
+    StampOwnMarkers(context, series.number, points, picture);
+    WriteLabels(context, series.number, points, labels);
+  }
+  for (DrawText& label : labels) picture.Add(std::move(label));
 }
 
 }  // namespace
 
 void DrawSeries(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
-  const std::vector<DrawnSeries> all = SeriesOf(context.view);
-  std::vector<std::vector<PicturePoint>> points;
-  std::vector<LineThinner> curves;
-  for (const DrawnSeries& series : all) {
-    points.push_back(PlacePoints(context.view, series, scale));
-    const bool line = SettingsOf(context.view, series.number).showline;
-    curves.push_back(line ? ThinCurve(points.back(), context.detail) : LineThinner(1.0));
-  }
-  const bool fine = static_cast<double>(CountPoints(curves)) >
-                    static_cast<double>(kManyPoints) * std::max(1.0, context.detail);
-  for (std::size_t s = 0; s < all.size(); ++s) {
-    DrawCurve(context, all[s].number, curves[s], fine, picture);
-  }
-  for (std::size_t s = 0; s < all.size(); ++s) {
-    if (SettingsOf(context.view, all[s].number).SeriesMarker.Show) {
-      StampWholeSeries(context, all[s].number, points[s], scale, picture);
-    }
-    StampOwnMarkers(context, all[s].number, points[s], picture);
-  }
-  for (std::size_t s = 0; s < all.size(); ++s) {
-    WriteLabels(context, all[s].number, points[s], picture);
-  }
+  std::vector<Curve> curves = ThinCurves(context, scale);
+  const bool fine = static_cast<double>(CountPoints(curves)) > kManyPoints * context.detail;
+  for (Curve& curve : curves) DrawCurve(context, std::move(curve), fine, picture);
+  DrawMarkers(context, scale, picture);
 }
 
 }  // namespace vistaplot

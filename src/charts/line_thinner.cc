@@ -1,16 +1,15 @@
 #include "charts/line_thinner.h"
 
-#include <cmath>
 #include <utility>
 
 namespace vistaplot {
 
 void LineThinner::Add(PicturePoint point) {
-  const double column = std::floor(point.x * detail_);
+  const int column = static_cast<int>(point.x * detail_);
   if (count_ == 0 || column != column_) {
     FlushColumn();
     column_ = column;
-    first_ = low_ = high_ = last_ = {point, 0};
+    first_ = low_ = high_ = {point, 0};
     count_ = 1;
     return;
   }
@@ -29,6 +28,11 @@ void LineThinner::Break() {
 void LineThinner::FlushColumn() {
   if (count_ == 0) return;
   piece_.push_back(first_.point);
+  if (count_ < 3) {
+    if (count_ == 2) piece_.push_back(last_.point);
+    count_ = 0;
+    return;
+  }
   Candidate early = low_;
   Candidate late = high_;
   if (late.order < early.order) std::swap(early, late);

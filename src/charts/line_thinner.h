@@ -2,6 +2,8 @@
 // point. A curve with at most two points a column comes through as it is.
 #pragma once
 
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "charts/chart_picture.h"
@@ -10,18 +12,18 @@ namespace vistaplot {
 
 class LineThinner {
  public:
-  /// `detail`: device pixels a picture unit.
-  explicit LineThinner(double detail) : detail_(detail) {}
+  /// `detail`: device pixels a picture unit; `most`: the points that are to come, about.
+  LineThinner(double detail, std::size_t most) : detail_(detail) { piece_.reserve(most); }
 
-  /// The next point of the curve; both coordinates finite.
+  /// The next point of the curve; both coordinates finite, x on a picture (not beyond 1e6).
   void Add(PicturePoint point);
 
   /// A gap: the next point begins a new piece.
   void Break();
 
   /// After the last Break: pieces of at least two points, and the points alone between gaps.
-  const std::vector<std::vector<PicturePoint>>& Pieces() const { return pieces_; }
-  const std::vector<PicturePoint>& Alone() const { return alone_; }
+  std::vector<std::vector<PicturePoint>> TakePieces() { return std::move(pieces_); }
+  std::vector<PicturePoint> TakeAlone() { return std::move(alone_); }
 
  private:
   struct Candidate {
@@ -31,7 +33,7 @@ class LineThinner {
   void FlushColumn();
 
   double detail_;
-  double column_ = 0.0;
+  int column_ = 0;
   int count_ = 0;  ///< points in the current column
   Candidate first_;
   Candidate low_;

@@ -21,9 +21,10 @@ int DecimalsOf(double step) {
 }
 
 std::string Signed(double value, double step, bool plus) {
+  if (std::abs(value) <= step * kSlack) return "0";
   std::string text = FixedText(std::abs(value), DecimalsOf(step));
-  if (value < -step * kSlack) return "−" + text;
-  return plus && value > step * kSlack ? "+" + text : text;
+  if (value < 0.0) return "−" + text;
+  return plus ? "+" + text : text;
 }
 
 struct Magnitude {
