@@ -1,0 +1,30 @@
+// What the owner of a service directory does with it beside importing prices.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+
+namespace vistaplot {
+
+/// Makes the directory, its folders (QLDEF, QL4WIN/SQLDEF, USERDEF, SIG) and an empty database.
+/// What is there already stays as it is. True when the database is new.
+Result<bool> InitService(const std::string& directory);
+
+/// One line an issue whose symbol matches ("*" and "?", case ignored; empty: all): symbol, first
+/// and last date with a price, number of prices, name. Issues of FNU files included.
+Result<std::vector<std::string>> ListIssues(const std::string& directory, std::string_view pattern);
+
+/// An issue's history as CSV, "Day,Date,Price": every market day from its first with a price to
+/// the last of the calendar, days without a price of their own included.
+Result<std::string> HistoryCsv(const std::string& directory, std::string_view symbol);
+
+/// Removes issues of the database, all or none. Fails naming the symbols that are unknown.
+Status RemoveIssues(const std::string& directory, const std::vector<std::string>& symbols);
+
+/// Makes the symbol index anew; returns the number of issues.
+Result<int> RebuildSymbols(const std::string& directory);
+
+}  // namespace vistaplot

@@ -1,0 +1,70 @@
+// Lines and fields of comma-separated text in memory.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/date.h"
+
+namespace vistaplot {
+
+/// Walks over the lines of a text and the fields of each line. Fields may be quoted; a quoted
+/// field ends with its line at the latest. Lines end with CR LF, LF or CR.
+class CsvCursor {
+ public:
+  CsvCursor(std::string_view bytes, char delimiter)
+      : at_(bytes.data()), end_(bytes.data() + bytes.size()), delimiter_(delimiter) {}
+
+  bool AtEnd() const { return at_ == end_; }
+  std::uint32_t Line() const { return line_; }  ///< of the next field, from 1
+
+  /// True where the line ends: no further field stands on it.
+  bool AtLineEnd() const { return line_done_; }
+
+  /// The next field of the line, blanks and tabs around it dropped, quotes taken away. Valid until
+  /// the next call. REQUIRES: !AtLineEnd().
+  std::string_view NextField();
+
+  /// Goes on to the next line.
+  void NextLine();
+
+  /// Passes over empty lines (blanks alone).
+  void SkipEmptyLines();
+
+  // For readers of their own: the place of the next field, the bytes left, and the way past a
+  // field of `length` bytes that a delimiter or an end of line follows.
+  const char* Place() const { return at_; }
+  std::size_t Left() const { return static_cast<std::size_t>(end_ - at_); }
+  void PassField(std::size_t length) {
+    at_ += length;
+    PassDelimiter();
+  }
+
+ private:
+  static bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
+  void PassDelimiter() {
+    if (at_ != end_ && *at_ == delimiter_) {
+      ++at_;
+    } else {
+      line_done_ = true;
+    }
+  }
+  std::string_view QuotedField();
+
+  const char* at_;
+  const char* end_;
+  char delimiter_;
+  bool line_done_ = false;
+  std::uint32_t line_ = 1;
+  std::string unquoted_;
+};
+
+/// A date written YYYY-MM-DD or M/D/YYYY, from 1 January 1900 on.
+std::optional<DateSerial> PriceDate(std::string_view text);
+
+/// A field as a message shows it: quoted, cut when long, without control characters.
+std::string ShownField(std::string_view field);
+
+}  // namespace vistaplot

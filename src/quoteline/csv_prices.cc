@@ -1,0 +1,147 @@
+#include "quoteline/csv_prices.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "base/files.h"
+#include "base/text.h"
+#include "quoteline/csv_forms.h"
+#include "quoteline/csv_header.h"
+#include "quoteline/csv_line.h"
+#include "quoteline/symbol.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kKeptBadLines = 1000;
+
+std::string FileName(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+// Where a sequence of UTF-8 at the beginning of `text` ends; 0 when it is none.
+std::size_t SequenceLength(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  const std::size_t length = lead < 0x80 ? 1 : lead >> 5U == 6 ? 2 : lead >> 4U == 14 ? 3 : 4;
+  if ((length == 4 && lead >> 3U != 30) || text.size() < length) return 0;
+  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80; };
+  const auto rest = text.substr(1, length - 1);
+  return std::all_of(rest.begin(), rest.end(), continues) ? length : 0;
+}
+
+// Names come in UTF-8 or, where that cannot be, in Windows-1252; control characters become blanks.
+std::string CleanName(std::string_view bytes) {
+  std::string_view rest = bytes;
+  for (std::size_t length = 1; !rest.empty() && length > 0; rest.remove_prefix(length)) {
+    length = SequenceLength(rest);
+  }
+  std::string name = rest.empty() ? std::string(bytes) : Utf8FromWindows1252(bytes);
+  std::replace_if(
+      name.begin(),
+      name.end(),
+      [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; },
+      ' ');
+  return std::string(TrimBlanks(name));
+}
+
+// The issue of a file that holds one.
+void AddOnlyIssue(const PriceFileOptions& options, PriceFile& file) {
+  const std::string file_name = FileName(file.path);
+  const std::string_view stem = UpToFirstDot(file_name);
+  const auto symbol = SymbolFromText(options.symbol.empty() ? stem : options.symbol);
+  if (!symbol) {
+    file.refusal = ShownField(options.symbol.empty() ? stem : std::string_view(options.symbol)) +
+                   " is no symbol (1 to 5 letters, digits, $ ^ . -); name one with --symbol";
+    return;
+  }
+  file.series.push_back(
+      {.symbol = *symbol, .name = CleanName(options.name), .dates = 0, .prices = {}});
+}
+
+bool HasPrices(const PriceFile& file) {
+  return std::any_of(file.series.begin(), file.series.end(), [](const PriceSeries& series) {
+    return std::any_of(series.prices.begin(), series.prices.end(), [](float p) { return p > 0; });
+  });
+}
+
+}  // namespace
+
+void BadLines::Add(std::uint32_t line, std::string text) {
+  // A wide line may be noted for several issues; it is one bad line all the same.
+  const auto place = std::lower_bound(
+      kept_.begin(), kept_.end(), line, [](const BadLine& bad, std::uint32_t wanted) {
+        return bad.line < wanted;
+      });
+  if (place != kept_.end() && place->line == line) return;
+  ++count_;
+  if (kept_.size() == kKeptBadLines && place == kept_.end()) return;
+  kept_.insert(place, {.line = line, .text = std::move(text)});
+  if (kept_.size() > kKeptBadLines) kept_.pop_back();
+}
+
+std::vector<std::size_t> AscendingOrder(const std::vector<DateLine>& dates) {
+  const auto not_before = [](const DateLine& a, const DateLine& b) { return a.date >= b.date; };
+  if (std::adjacent_find(dates.begin(), dates.end(), not_before) == dates.end()) return {};
+  std::vector<std::size_t> order(dates.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_sort(order.begin(), order.end(), [&dates](std::size_t a, std::size_t b) {
+    return dates[a].date < dates[b].date;
+  });
+  return order;
+}
+
+void AddSecondPrice(BadLines& bad_lines,
+                    std::string_view symbol,
+                    const DateLine& first,
+                    const DateLine& second) {
+  bad_lines.Add(second.line,
+                std::string(symbol) + " has another price on " +
+                    DateText(second.date, DatePattern::kIso) + " in line " +
+                    std::to_string(first.line));
+}
+
+void AddTooFewFields(BadLines& bad_lines,
+                     std::uint32_t line,
+                     std::size_t fields,
+                     std::size_t columns) {
+  bad_lines.Add(
+      line, "too few fields (" + std::to_string(fields) + " of " + std::to_string(columns) + ")");
+}
+
+PriceFile ParsePriceFile(const std::string& path,
+                         std::string_view bytes,
+                         const PriceFileOptions& options) {
+  PriceFile file;
+  file.path = path;
+  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  const CsvHeader header = ReadCsvHeader(bytes, options.adjusted);
+  file.refusal = header.refusal;
+  const bool named = !options.symbol.empty() || !options.name.empty();
+  if (file.refusal.empty() && header.form != CsvForm::kOneIssue && named) {
+    file.refusal = "holds several issues; --symbol and --name are for a file of one";
+  }
+  if (file.refusal.empty() && header.form == CsvForm::kOneIssue) AddOnlyIssue(options, file);
+  if (!file.refusal.empty()) return file;
+  CsvCursor cursor(bytes, header.delimiter);
+  cursor.NextLine();
+  if (header.form == CsvForm::kWide) {
+    ReadWideLines(cursor, header, file);
+  } else {
+    ReadIssueLines(cursor, header, file);
+  }
+  for (PriceSeries& series : file.series) series.name = CleanName(series.name);
+  if (file.bad_lines.Count() == 0 && !HasPrices(file)) file.refusal = "holds no prices";
+  return file;
+}
+
+Result<PriceFile> ReadPriceFile(const std::string& path, const PriceFileOptions& options) {
+  const auto bytes = ReadWholeFile(path);
+  if (!bytes) return bytes.Error();
+  return ParsePriceFile(path, bytes.Value(), options);
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,180 @@
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "quoteline/csv_forms.h"
+#include "quoteline/price_text.h"
+
+namespace vistaplot {
+
+namespace {
+
+// Number of lines in `bytes` where they end with a line feed; a few more or less otherwise.
+std::size_t EstimateLines(std::string_view bytes) {
+  return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
+}
+
+// Prices are collected for a few lines at a time and then moved to their columns together: a
+// column is far from the next in memory.
+class WideReader {
+ public:
+  WideReader(CsvCursor& cursor, const CsvHeader& header, PriceFile& file)
+      : cursor_(cursor), header_(header), file_(file), block_(kBlockRows * header.columns) {
+    const std::size_t rows = EstimateLines({cursor.Place(), cursor.Left()});
+    columns_.resize(header.columns);
+    for (std::size_t i = 0; i < header.columns; ++i) {
+      if (i != header.date) columns_[i].resize(rows);
+    }
+    dates_.reserve(rows);
+  }
+
+  void Read() {
+    for (cursor_.SkipEmptyLines(); !cursor_.AtEnd(); cursor_.SkipEmptyLines()) {
+      // A date without any price is no date of the calendar.
+      if (ReadLine() && has_price_) {
+        dates_.push_back({.date = date_, .line = cursor_.Line()});
+        if (++block_rows_ == kBlockRows) FlushBlock();
+      }
+      cursor_.NextLine();
+    }
+    FlushBlock();
+    for (auto& column : columns_) column.resize(std::min(column.size(), dates_.size()));
+    if (file_.bad_lines.Count() == 0) SortRows();
+  }
+
+  void Deliver() {
+    for (std::size_t i = 0; i < header_.columns; ++i) {
+      if (i == header_.date) continue;
+      file_.series.push_back(
+          {.symbol = header_.symbols[i], .name = {}, .dates = 0, .prices = std::move(columns_[i])});
+    }
+    file_.date_lists.push_back(std::move(dates_));
+  }
+
+ private:
+  static constexpr std::size_t kBlockRows = 16;
+
+  bool Refuse(std::string text) {
+    file_.bad_lines.Add(cursor_.Line(), std::move(text));
+    return false;
+  }
+
+  // One line into the block and date_; false, with a bad line noted, when it is none.
+  bool ReadLine() {
+    float* row = block_.data() + block_rows_ * header_.columns;
+    std::size_t column = 0;
+    has_price_ = false;
+    for (; column < header_.columns && !cursor_.AtLineEnd(); ++column) {
+      if (column != header_.date ? !ReadCell(row[column], column) : !ReadDate()) return false;
+    }
+    if (column < header_.columns) {
+      AddTooFewFields(file_.bad_lines, cursor_.Line(), column, header_.columns);
+      return false;
+    }
+    while (!cursor_.AtLineEnd()) {
+      if (!cursor_.NextField().empty()) return Refuse("more fields than the header names");
+    }
+    return true;
+  }
+
+  bool ReadDate() {
+    const std::string_view field = cursor_.NextField();
+    const auto date = PriceDate(field);
+    if (!date) return Refuse(ShownField(field) + " is not a date (YYYY-MM-DD or M/D/YYYY)");
+    date_ = *date;
+    return true;
+  }
+
+  bool ReadCell(float& cell, std::size_t column) {
+    if (cursor_.Left() >= sizeof(std::uint64_t)) {
+      const char* place = cursor_.Place();
+      const QuickPrice quick = ReadQuickPrice(place, header_.delimiter);
+      if (quick.price > 0.0F || *place == header_.delimiter) {
+        cell = quick.price;
+        has_price_ = has_price_ || quick.length != 0;
+        cursor_.PassField(quick.length);
+        return true;
+      }
+    }
+    return ReadRareCell(cell, column);
+  }
+
+  bool ReadRareCell(float& cell, std::size_t column) {
+    const std::string_view field = cursor_.NextField();
+    cell = 0.0F;
+    if (field.empty()) return true;
+    const auto price = PriceFromText(field);
+    if (!price) {
+      return Refuse(header_.symbols[column] + ": " + ShownField(field) + " is not a price above 0");
+    }
+    cell = *price;
+    has_price_ = true;
+    return true;
+  }
+
+  void FlushBlock() {
+    const std::size_t start = dates_.size() - block_rows_;
+    for (std::size_t i = 0; i < header_.columns; ++i) {
+      if (i == header_.date) continue;
+      if (columns_[i].size() < dates_.size()) columns_[i].resize(2 * dates_.size());
+      float* column = columns_[i].data() + start;
+      for (std::size_t row = 0; row < block_rows_; ++row) {
+        column[row] = block_[row * header_.columns + i];
+      }
+    }
+    block_rows_ = 0;
+  }
+
+  void SortRows() {
+    const std::vector<std::size_t> order = AscendingOrder(dates_);
+    if (order.empty()) return;
+    std::vector<DateLine> sorted;
+    std::vector<std::size_t> target;  // row of the sorted table that order[i] goes to
+    for (const std::size_t row : order) {
+      if (sorted.empty() || sorted.back().date != dates_[row].date) sorted.push_back(dates_[row]);
+      target.push_back(sorted.size() - 1);
+    }
+    for (std::size_t i = 0; i < header_.columns; ++i) {
+      if (i != header_.date) SortColumn(i, order, target, sorted);
+    }
+    dates_ = std::move(sorted);
+  }
+
+  void SortColumn(std::size_t column,
+                  const std::vector<std::size_t>& order,
+                  const std::vector<std::size_t>& target,
+                  const std::vector<DateLine>& sorted) {
+    std::vector<float> prices(sorted.size());
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      const float price = columns_[column][order[i]];
+      if (price == 0.0F) continue;
+      float& place = prices[target[i]];
+      if (place != 0.0F && place != price) {
+        AddSecondPrice(
+            file_.bad_lines, header_.symbols[column], sorted[target[i]], dates_[order[i]]);
+      }
+      place = price;
+    }
+    columns_[column] = std::move(prices);
+  }
+
+  CsvCursor& cursor_;
+  const CsvHeader& header_;
+  PriceFile& file_;
+  std::vector<std::vector<float>> columns_;
+  std::vector<DateLine> dates_;
+  std::vector<float> block_;
+  std::size_t block_rows_ = 0;
+  DateSerial date_ = 0;
+  bool has_price_ = false;
+};
+
+}  // namespace
+
+void ReadWideLines(CsvCursor& cursor, const CsvHeader& header, PriceFile& file) {
+  WideReader reader(cursor, header, file);
+  reader.Read();
+  reader.Deliver();
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,197 @@
+#include "quoteline/database.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "quoteline/quoteline.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr int kPatienceMs = 10'000;
+
+struct Meaning {
+  std::int32_t status;
+  const char* text;
+};
+
+Meaning MeaningOf(int result) {
+  switch (result & 0xFF) {
+    case SQLITE_CANTOPEN:
+      return {QL_NO_DATABASE, "cannot open the database"};
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+      return {QL_DATABASE_CORRUPT, "the database is damaged"};
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return {QL_GENERAL_FAILURE, "another program is changing the database; try again"};
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return {QL_GENERAL_FAILURE, "the database cannot be written; nothing was changed"};
+    case SQLITE_FULL:
+      return {QL_SYSTEM_FAILURE, "the disk is full; nothing was changed"};
+    case SQLITE_NOMEM:
+      return {QL_SYSTEM_FAILURE, "out of memory; nothing was changed"};
+    case SQLITE_IOERR:
+      return {QL_SYSTEM_FAILURE, "reading or writing the database failed; nothing was changed"};
+    default:
+      return {QL_GENERAL_FAILURE, "the database refused the operation"};
+  }
+}
+
+RuntimeError ErrorOf(int result, const std::string& detail, const std::string& path) {
+  const Meaning meaning = MeaningOf(result);
+  std::string text = meaning.text;
+  if (!detail.empty()) text += " (" + detail + ")";
+  return {.number = meaning.status, .description = std::move(text), .subject = path};
+}
+
+// "file:" address of a file that is taken as never changing: no locks and no side files.
+std::string ImmutableAddress(const std::string& path) {
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  std::string address = "file:";
+  for (const char c : path) {
+    if (c == '%' || c == '?' || c == '#') {
+      const auto byte = static_cast<unsigned char>(c);
+      address += '%';
+      address += kHex[byte >> 4U];
+      address += kHex[byte & 15U];
+    } else {
+      address += c;
+    }
+  }
+  return address + "?immutable=1";
+}
+
+int FlagsOf(Access access) {
+  const int create = access == Access::kCreate ? SQLITE_OPEN_CREATE : 0;
+  return SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create;
+}
+
+// True when a first read shows that the side files cannot be made in the database's folder.
+bool NeedsSideFilesInVain(sqlite3* handle) {
+  const int result = sqlite3_exec(handle, "PRAGMA schema_version", nullptr, nullptr, nullptr);
+  return (result & 0xFF) == SQLITE_CANTOPEN || (result & 0xFF) == SQLITE_READONLY;
+}
+
+}  // namespace
+
+Result<Database> Database::Open(const std::string& path, Access access) {
+  struct stat info {};
+  if (access != Access::kCreate && ::stat(path.c_str(), &info) != 0) {
+    const char* text = errno == ENOENT || errno == ENOTDIR
+                           ? "there is no database; \"quoteline init\" makes one"
+                           : "cannot open the database";
+    return RuntimeError{.number = QL_NO_DATABASE, .description = text, .subject = path};
+  }
+  Database database;
+  database.path_ = path;
+  const auto open = [&database](const std::string& name, int flags) {
+    sqlite3* handle = nullptr;
+    const int result = sqlite3_open_v2(name.c_str(), &handle, flags, nullptr);
+    database.handle_.reset(handle);
+    if (handle != nullptr) sqlite3_busy_timeout(handle, kPatienceMs);
+    return result;
+  };
+  int result = open(path, FlagsOf(access));
+  if (result == SQLITE_OK && access == Access::kRead &&
+      NeedsSideFilesInVain(database.handle_.get())) {
+    result =
+        open(ImmutableAddress(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);
+  }
+  if (result != SQLITE_OK) return ErrorOf(result, {}, path);
+  return database;
+}
+
+void Database::Run(const char* sql) {
+  if (!Failed()) Note(sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr));
+}
+
+bool Database::Note(int result) {
+  if (Failed()) return false;
+  if (result == SQLITE_OK || result == SQLITE_ROW || result == SQLITE_DONE) return true;
+  failure_ = result;
+  failure_text_ = sqlite3_errmsg(handle_.get());
+  return false;
+}
+
+Status Database::Outcome() const {
+  if (!Failed()) return Done{};
+  return ErrorOf(failure_, failure_text_, path_);
+}
+
+Query::Query(Database& database, const char* sql) : database_(&database) {
+  if (database.Failed()) return;
+  sqlite3_stmt* statement = nullptr;
+  database.Note(sqlite3_prepare_v2(database.Handle(), sql, -1, &statement, nullptr));
+  statement_.reset(statement);
+}
+
+Query& Query::Bind(int parameter, std::int64_t value) {
+  if (statement_) database_->Note(sqlite3_bind_int64(statement_.get(), parameter, value));
+  return *this;
+}
+
+Query& Query::Bind(int parameter, std::string_view text) {
+  if (statement_) {
+    // A null pointer would bind NULL in place of the empty text.
+    const char* data = text.empty() ? "" : text.data();
+    database_->Note(sqlite3_bind_text(
+        statement_.get(), parameter, data, static_cast<int>(text.size()), nullptr));
+  }
+  return *this;
+}
+
+Query& Query::Bind(int parameter, std::span<const std::byte> bytes) {
+  if (!statement_) return *this;
+  database_->Note(
+      bytes.empty()
+          ? sqlite3_bind_zeroblob(statement_.get(), parameter, 0)
+          : sqlite3_bind_blob64(statement_.get(), parameter, bytes.data(), bytes.size(), nullptr));
+  return *this;
+}
+
+bool Query::Next() {
+  if (!statement_ || database_->Failed()) return false;
+  const int result = sqlite3_step(statement_.get());
+  return database_->Note(result) && result == SQLITE_ROW;
+}
+
+void Query::RunOnce() {
+  Next();
+  if (statement_) sqlite3_reset(statement_.get());
+}
+
+std::int64_t Query::Integer(int column) const {
+  return sqlite3_column_int64(statement_.get(), column);
+}
+
+std::string Query::Text(int column) const {
+  const std::span<const std::byte> bytes = Blob(column);
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::span<const std::byte> Query::Blob(int column) const {
+  const void* bytes = sqlite3_column_blob(statement_.get(), column);
+  const int size = sqlite3_column_bytes(statement_.get(), column);
+  return {static_cast<const std::byte*>(bytes), static_cast<std::size_t>(size)};
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+  database_.Run("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction() {
+  if (open_) sqlite3_exec(database_.Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+Status Transaction::Commit() {
+  database_.Run("COMMIT");
+  if (!database_.Failed()) open_ = false;
+  return database_.Outcome();
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,53 @@
+// The price history of one issue over market days, and how it is packed.
+//
+// A history runs from the issue's first day with a price to its last. A day between them without
+// a price of its own carries the price of the day before; a bit a day tells the two apart, so that
+// histories can be merged, renumbered and counted later.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace vistaplot {
+
+struct History {
+  int first_day = 0;                 ///< market day of prices[0]; 0 when there is no price
+  std::vector<float> prices;         ///< one a market day, first to last day with a price
+  std::vector<std::uint8_t> priced;  ///< bit i % 8 of byte i / 8: prices[i] is no carried value
+
+  int LastDay() const { return first_day + static_cast<int>(prices.size()) - 1; }
+  bool HasPrice(std::size_t index) const { return (priced[index / 8] >> (index % 8) & 1U) != 0; }
+};
+
+/// Bytes of the bits of `days` days.
+constexpr std::size_t PricedBytes(std::size_t days) {
+  return (days + 7) / 8;
+}
+
+/// The history of a row of prices over all market days: element i is market day i + 1, 0 means no
+/// price. Prices must be above 0. An empty history when there is none.
+History PackHistory(std::span<const float> days);
+
+/// Writes a history's own prices, without the carried ones, to the elements of their days:
+/// history day d goes to days[new_day_of[d] - 1]. `new_day_of` is indexed by day, element 0
+/// unused.
+void UnpackHistory(const History& history, std::span<const int> new_day_of, std::span<float> days);
+
+int CountPrices(const History& history);
+
+/// Fills the days without a price of their own from the day before. `values` starts with a priced
+/// day; `priced` as in History.
+void CarryForward(std::span<float> values, std::span<const std::uint8_t> priced);
+
+/// Check value of a row of prices, over their bits: sixteen interleaved pairs of sums (of the
+/// words, and of the running sums, modulo 2^32; cf. J. Fletcher, "An Arithmetic Checksum for
+/// Serial Transmissions", IEEE Trans. Comm. 30, 1982), folded into one word. Finds every single
+/// changed word and exchanged words, at the speed of reading them.
+std::uint32_t PriceChecksum(std::span<const float> prices);
+
+/// The same for any bytes; a last incomplete word counts as filled up with zeros.
+std::uint32_t ByteChecksum(std::span<const std::byte> bytes);
+
+}  // namespace vistaplot

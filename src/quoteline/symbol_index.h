@@ -1,0 +1,49 @@
+// The symbol index: what the service knows of every issue without looking at its history, packed
+// into one run of bytes so that a service of ten thousand issues opens at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "quoteline/symbol.h"
+
+namespace vistaplot {
+
+/// One issue of the database.
+struct IssueEntry {
+  SymbolKey symbol{};
+  std::uint32_t id = 0;         ///< row of its history
+  std::uint16_t first_day = 0;  ///< first and last market day with a price
+  std::uint16_t last_day = 0;
+  std::uint16_t prices = 0;       ///< number of days with a price of their own
+  std::uint16_t name_length = 0;  ///< bytes
+  std::uint32_t checksum = 0;     ///< PriceChecksum of the history
+  std::uint32_t name_offset = 0;  ///< of the name among the names
+};
+static_assert(sizeof(IssueEntry) == 28, "the entries are stored as they stand");
+
+class SymbolIndex {
+ public:
+  /// Adds an issue; symbols must come in ascending order. `entry` need not tell of the name.
+  void Add(IssueEntry entry, std::string_view name);
+
+  const IssueEntry* Find(const SymbolKey& symbol) const;   ///< null when there is none
+  std::string_view NameOf(const IssueEntry& entry) const;  ///< UTF-8, may be empty
+  const std::vector<IssueEntry>& Entries() const { return entries_; }
+
+  /// Number of entries (32 bits), the entries, the names; little-endian.
+  std::vector<std::byte> Encode() const;
+  /// Nothing when the bytes are no index.
+  static std::optional<SymbolIndex> Decode(std::span<const std::byte> bytes);
+
+ private:
+  std::vector<IssueEntry> entries_;
+  std::string names_;
+};
+
+}  // namespace vistaplot
