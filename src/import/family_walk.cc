@@ -43,21 +43,21 @@ template <bool kSecondHalf, class Floats, std::size_t... kLane>
                                               const Floats& a,
                                               const Floats& b,
                                               std::index_sequence<kLane...> /*lanes*/) {
-  constexpr std::size_t count = sizeof...(kLane);
+  constexpr std::size_t kCount = sizeof...(kLane);
   result = __builtin_shufflevector(
-      a, b, (kLane / 2 + kLane % 2 * count + (kSecondHalf ? count / 2 : 0))...);
+      a, b, (kLane / 2 + kLane % 2 * kCount + (kSecondHalf ? kCount / 2 : 0))...);
 }
 
 /// Rows of an issue each become rows of a day each: log2(kLanes) perfect shuffles.
 template <std::size_t kLanes>
 [[gnu::always_inline]] inline void Transpose(
     std::array<typename Lanes<kLanes>::Floats, kLanes>& rows) {
-  constexpr std::make_index_sequence<kLanes> lanes;
+  constexpr std::make_index_sequence<kLanes> kAll;
   for (std::size_t round = 1; round < kLanes; round *= 2) {
     const auto before = rows;
     for (std::size_t j = 0; j < kLanes / 2; ++j) {
-      Interleave<false>(rows[2 * j], before[j], before[j + kLanes / 2], lanes);
-      Interleave<true>(rows[2 * j + 1], before[j], before[j + kLanes / 2], lanes);
+      Interleave<false>(rows[2 * j], before[j], before[j + kLanes / 2], kAll);
+      Interleave<true>(rows[2 * j + 1], before[j], before[j + kLanes / 2], kAll);
     }
   }
 }

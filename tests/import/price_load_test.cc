@@ -19,12 +19,11 @@ TEST(PriceLoad, ColumnsHoldPricesFromTheFirstDayOn) {
   LoadSelectedIssues(world.services, world.load, entries);
   FinishPriceSheet(world.services, world.load);
 
-  using Texts = std::vector<std::string>;
-  EXPECT_EQ(world.Row(1, 1), (Texts{"", "OLD", "NEW", "NONE"}));
-  EXPECT_EQ(world.Row(1, 2), (Texts{"12/30/1999", "0.5", "-1", "-1"}));
-  EXPECT_EQ(world.Row(1, 3), (Texts{"12/31/1999", "1234.56", "-1", "-1"}));
-  EXPECT_EQ(world.Row(1, 4), (Texts{"01/01/2000", "16777220", "12", "-1"}));
-  EXPECT_EQ(world.Row(1, 5), (Texts{"01/02/2000", "0.1", "13.25", "-1"}));
+  EXPECT_EQ(world.Row(1, 1), "|OLD|NEW|NONE");
+  EXPECT_EQ(world.Row(1, 2), "12/30/1999|0.5|-1|-1");
+  EXPECT_EQ(world.Row(1, 3), "12/31/1999|1234.56|-1|-1");
+  EXPECT_EQ(world.Row(1, 4), "01/01/2000|16777220|12|-1");
+  EXPECT_EQ(world.Row(1, 5), "01/02/2000|0.1|13.25|-1");
   const Sheet& sheet = world.table.SheetAt(1);
   EXPECT_EQ(sheet.SheetName, "Funds");
   EXPECT_EQ(sheet.MaxRow, 5);
@@ -83,7 +82,7 @@ class FamilyLoad : public testing::Test {
 
 TEST_F(FamilyLoad, SeveralFamiliesFollowEachOtherAndTheLastOneIsRemembered) {
   Load({"A        Title", "B        Title"});
-  EXPECT_EQ(world_.Row(1, 1), (std::vector<std::string>{"", "X", "Y", "Y"}));
+  EXPECT_EQ(world_.Row(1, 1), "|X|Y|Y");
   EXPECT_EQ(world_.table.SheetAt(1).SheetName, "B");
   EXPECT_EQ(world_.load.FamilyPath, ql_.Path("USERDEF/B.FAM"));
   EXPECT_EQ(world_.load.family_symbols, std::vector<std::string>{"Y"});
@@ -95,7 +94,7 @@ TEST_F(FamilyLoad, SeveralFamiliesFollowEachOtherAndTheLastOneIsRemembered) {
 
 TEST_F(FamilyLoad, AMissingFamilyStopsTheLoadAndKeepsWhatIsThere) {
   Load({"A        ", "LONGERTH ", "B        "});
-  EXPECT_EQ(world_.Row(1, 1), (std::vector<std::string>{"", "X", "Y"}));
+  EXPECT_EQ(world_.Row(1, 1), "|X|Y");
   EXPECT_EQ(world_.dialogs.Texts(),
             std::vector<std::string>{"Family not found.  Please check to make sure your family "
                                      "name is 8 characters or less"});
@@ -103,7 +102,7 @@ TEST_F(FamilyLoad, AMissingFamilyStopsTheLoadAndKeepsWhatIsThere) {
 
 TEST_F(FamilyLoad, ACutFamilyGivesItsWholeEntriesAndAnError) {
   Load({"CUT      ", "B        "});
-  EXPECT_EQ(world_.Row(1, 1), (std::vector<std::string>{"", "Y"}));
+  EXPECT_EQ(world_.Row(1, 1), "|Y");
   EXPECT_EQ(world_.dialogs.Texts(),
             std::vector<std::string>{"Error selected families: 62 Input past end of file"});
 }

@@ -22,11 +22,11 @@ struct LoadWorld {
   /// Ready for LoadIssueColumn, after the service's days and issues were set.
   void Begin() { BeginPriceLoad(services, load); }
 
-  /// The texts of a row of a sheet, columns 1 to MaxCol.
-  std::vector<std::string> Row(int sheet, int row) const {
-    std::vector<std::string> texts;
+  /// The texts of a row of a sheet, columns 1 to MaxCol, with "|" between them.
+  std::string Row(int sheet, int row) const {
+    std::string texts;
     for (int col = 1; col <= table.SheetAt(sheet).MaxCol; ++col) {
-      texts.push_back(table.SheetAt(sheet).CellText(row, col));
+      texts.append(col > 1 ? "|" : "").append(table.SheetAt(sheet).CellText(row, col));
     }
     return texts;
   }
