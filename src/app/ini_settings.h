@@ -24,8 +24,9 @@ class IniSettings : public Settings {
 
   /// Reads the file again, so that what others wrote meanwhile stays, puts the value in its line or
   /// a new one, and replaces the file in one step; every other line is kept as it is. Nothing is
-  /// written when the file holds the value already. A line break in `value` is stored as a blank.
-  /// A file that is no text is first copied beside itself as "settings.ini.damaged" (or
+  /// written when the file holds the value already. A control character (a line break) in `value`
+  /// is stored as a blank. A file that is no text is first copied beside itself as
+  /// "settings.ini.damaged" (or
   /// ".damaged2", ...). A file that is there but cannot be read is left alone: an error.
   [[nodiscard]] Status Save(std::string_view key, std::string_view value) override;
 
