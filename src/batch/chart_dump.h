@@ -1,0 +1,16 @@
+// All that a chart view holds, as JSON.
+#pragma once
+
+#include <string>
+
+#include "charts/chart_view.h"
+
+namespace vistaplot {
+
+/// One line of JSON, form: docs/formats/chart_json.md. Rows and columns run from 1 and are stored
+/// in order; "data" has one number a column in each row, null where a point is empty or not finite;
+/// "Markers" has the points whose mark differs from the default one, "PointLabels" those with a
+/// text. `visible` says whether the chart's own control is.
+std::string ChartJson(const ChartView& view, bool visible);
+
+}  // namespace vistaplot

@@ -1,0 +1,133 @@
+#include "batch/script_runner.h"
+
+#include <array>
+#include <exception>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/text.h"
+#include "batch/control_commands.h"
+#include "batch/dump_commands.h"
+#include "batch/script_error.h"
+#include "batch/sheet_commands.h"
+
+namespace vistaplot {
+
+namespace {
+
+struct NamedCommand {
+  std::string_view name;
+  ScriptCommand run;
+};
+
+void AnswerCommand(ScriptWorld& world, ScriptWords words) {
+  ScriptAnswer answer = AnswerFromWords(words);
+  answer.line = world.line;
+  world.answers.Add(std::move(answer));
+}
+
+constexpr std::array<NamedCommand, 12> kCommands{{{"set", SetCommand},
+                                                  {"click", ClickCommand},
+                                                  {"select", SelectCommand},
+                                                  {"sheet", SheetCommand},
+                                                  {"cells", CellsCommand},
+                                                  {"lclick", LeftClickCommand},
+                                                  {"rclick", RightClickCommand},
+                                                  {"point", PointCommand},
+                                                  {"answer", AnswerCommand},
+                                                  {"dump", DumpCommand},
+                                                  {"expect", ExpectCommand},
+                                                  {"export", ExportCommand}}};
+
+ScriptCommand CommandNamed(const std::string& word) {
+  std::vector<std::string> names;
+  for (const NamedCommand& command : kCommands) {
+    if (EqualsIgnoringCase(command.name, word)) return command.run;
+    names.emplace_back(command.name);
+  }
+  throw ScriptError("there is no command \"" + word + "\"" + DidYouMean(word, names));
+}
+
+}  // namespace
+
+ScriptRunner::ScriptRunner(ScriptWorld& world, std::string script_name)
+    : world_(world), script_name_(std::move(script_name)) {
+  world_.host.on_modal = [this](Form& form) { RunModal(form); };
+}
+
+ScriptRunner::~ScriptRunner() {
+  world_.host.on_modal = nullptr;
+}
+
+int ScriptRunner::Run(std::istream& script, const std::function<void()>& start) {
+  script_ = &script;
+  line_ = 0;
+  try {
+    RunAll(script, start);
+    world_.answers.RequireEmpty();
+  } catch (const ScriptError& error) {
+    return Report(error.text, error.line);
+  } catch (const std::exception& failure) {
+    return Report(std::string("the program failed: ") + failure.what(), line_);
+  } catch (const ProgramEnded& end) {
+    world_.out.flush();
+    return kRunFatal;
+  }
+  world_.out.flush();
+  return kRunDone;
+}
+
+void ScriptRunner::RunAll(std::istream& script, const std::function<void()>& start) {
+  try {
+    if (start) start();
+    world_.out.flush();
+    std::string line;
+    while (ReadLine(line)) RunLine(line);
+    if (script.bad()) throw ScriptError("the script cannot be read on");
+  } catch (const ProgramEnded& end) {
+    if (end.fatal) throw;
+  }
+}
+
+bool ScriptRunner::ReadLine(std::string& line) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (!std::getline(*script_, line)) return false;
+  if (++line_ == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+  return true;
+}
+
+void ScriptRunner::RunLine(const std::string& line) {
+  const int number = line_;
+  try {
+    const std::vector<std::string> words = SplitScriptLine(line);
+    if (words.empty()) return;
+    world_.line = number;
+    CommandNamed(words.front())(world_, ScriptWords(words).subspan(1));
+    world_.out.flush();
+  } catch (ScriptError& error) {
+    if (error.line == 0) error.line = number;
+    throw;
+  }
+}
+
+void ScriptRunner::RunModal(Form& form) {
+  std::string line;
+  while (form.Shown()) {
+    if (!ReadLine(line)) {
+      ScriptError error("the script ends while " + form.Name() + " is open");
+      error.line = line_;
+      throw error;
+    }
+    RunLine(line);
+  }
+}
+
+int ScriptRunner::Report(const std::string& text, int line) {
+  world_.out.flush();
+  world_.err << script_name_ << ':' << line << ": " << text << '\n';
+  world_.err.flush();
+  return kRunScriptError;
+}
+
+}  // namespace vistaplot
