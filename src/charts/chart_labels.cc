@@ -1,43 +1,33 @@
 #include "charts/chart_labels.h"
 
+#include <cstring>
+
 namespace vistaplot {
 
-void ChartLabels::Clear() {
-  texts_.clear();
-  places_.clear();
-}
-
-void ChartLabels::CutTo(int count) {
-  const auto size = static_cast<std::size_t>(count);
-  if (places_.size() > size) places_.resize(size);
-}
-
-void ChartLabels::Set(int number, std::string_view text) {
-  const auto wanted = static_cast<std::size_t>(number);
-  while (places_.size() + 1 < wanted) Append(At(static_cast<int>(places_.size()) + 1));
-  if (places_.size() < wanted) {
-    Append(text);
-    return;
-  }
-  Place& place = places_[wanted - 1];
-  if (text.size() > place.length) {
-    place.offset = texts_.size();
-    texts_ += text;
-  } else {
-    texts_.replace(place.offset, text.size(), text);
-  }
-  place.length = text.size();
+void ChartLabels::Resize(int count) {
+  slots_.resize(static_cast<std::size_t>(count));
+  if (slots_.empty()) long_texts_.clear();
 }
 
 std::string ChartLabels::At(int number) const {
-  const auto index = static_cast<std::size_t>(number - 1);
-  if (index >= places_.size()) return letter_ + std::to_string(number);
-  return texts_.substr(places_[index].offset, places_[index].length);
+  const Slot& slot = slots_[static_cast<std::size_t>(number - 1)];
+  if (slot.length == kUnset) return letter_ + std::to_string(number);
+  if (slot.length != kLong) return {slot.text.data(), slot.length};
+  std::size_t index = 0;
+  std::memcpy(&index, slot.text.data(), sizeof(index));
+  return long_texts_[index];
 }
 
-void ChartLabels::Append(std::string_view text) {
-  places_.push_back({texts_.size(), text.size()});
-  texts_ += text;
+void ChartLabels::SetLong(Slot& slot, std::string_view text) {
+  std::size_t index = long_texts_.size();
+  if (slot.length == kLong) {
+    std::memcpy(&index, slot.text.data(), sizeof(index));
+    long_texts_[index] = text;
+    return;
+  }
+  long_texts_.emplace_back(text);
+  std::memcpy(slot.text.data(), &index, sizeof(index));
+  slot.length = kLong;
 }
 
 }  // namespace vistaplot

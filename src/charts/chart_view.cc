@@ -28,15 +28,15 @@ void ChartView::ToDefaults() {
   column_count_ = 0;
   row_ = 1;
   column_ = 1;
-  row_labels_.Clear();
-  column_labels_.Clear();
+  row_labels_.Resize(0);
+  column_labels_.Resize(0);
 }
 
 void ChartView::rowcount(int rows) {
   row_count_ = std::max(rows, 0);
   const auto size = static_cast<std::size_t>(row_count_);
   for (int c = 0; c < column_count_; ++c) data_[static_cast<std::size_t>(c)].resize(size, kEmpty);
-  row_labels_.CutTo(row_count_);
+  row_labels_.Resize(row_count_);
 }
 
 void ChartView::ColumnCount(int columns) {
@@ -46,17 +46,12 @@ void ChartView::ColumnCount(int columns) {
     data_[c].assign(static_cast<std::size_t>(row_count_), kEmpty);
   }
   column_count_ = std::max(columns, 0);
-  column_labels_.CutTo(column_count_);
+  column_labels_.Resize(column_count_);
   if (Plot.SeriesCollection.size() > size) Plot.SeriesCollection.resize(size);
   while (Plot.SeriesCollection.size() < size) {
     ChartSeries& series = Plot.SeriesCollection.emplace_back();
     series.Pen.VtColor = DefaultSeriesColor(static_cast<int>(Plot.SeriesCollection.size()));
   }
-}
-
-void ChartView::SetRowLabel(int row, std::string_view text) {
-  if (row < 1 || row > row_count_) return;
-  row_labels_.Set(row, text);
 }
 
 void ChartView::SetColumnLabel(int column, std::string_view text) {

@@ -52,7 +52,9 @@ class ChartView {
   void ColumnLabel(std::string_view text) { SetColumnLabel(column_, text); }
 
   /// Labels outside the grid are ignored when set, and empty when read.
-  void SetRowLabel(int row, std::string_view text);
+  void SetRowLabel(int row, std::string_view text) {
+    if (row >= 1 && row <= row_count_) row_labels_.Set(row, text);
+  }
   void SetColumnLabel(int column, std::string_view text);
   std::string RowLabelAt(int row) const;
   std::string ColumnLabelAt(int column) const;

@@ -88,11 +88,14 @@ TEST(ChartView, LeavesNothingOfAnEarlierChart) {
 TEST(ChartView, RelabelsWithLongerAndShorterTexts) {
   ChartView view;
   view.rowcount(3);
-  for (const char* text : {"10", "0.25", "5"}) {
+  for (const char* text :
+       {"10", "Longer than fifteen letters", "Another one of such length", "5"}) {
     view.SetRowLabel(2, text);
     EXPECT_EQ(view.RowLabelAt(2), text);
   }
-  view.SetRowLabel(3, "last");
+  view.SetRowLabel(3, "The longest of all labels");
+  view.SetRowLabel(1, "exactly 15 long");
+  EXPECT_EQ(view.RowLabelAt(1), "exactly 15 long");
   EXPECT_EQ(view.RowLabelAt(2), "5");
 }
 
