@@ -1,8 +1,9 @@
-// The readers of the lines behind a price file's header, one a form.
+// The readers of the lines behind a price file's header.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -12,13 +13,25 @@
 
 namespace vistaplot {
 
-/// Reads the lines of a wide file into file.date_lists, file.series and file.bad_lines. `cursor`
-/// stands behind the header line.
-void ReadWideLines(CsvCursor& cursor, const CsvHeader& header, PriceFile& file);
+/// Takes in the lines of a file, block after block, and puts them into a PriceFile.
+class LineReader {
+ public:
+  virtual ~LineReader() = default;
 
-/// The same for a file of one issue or of an issue a line. In the first case file.series holds
-/// that issue, with symbol and name and without prices.
-void ReadIssueLines(CsvCursor& cursor, const CsvHeader& header, PriceFile& file);
+  /// Reads the lines from the cursor's place to its end. `share` is the part of the file's bytes
+  /// that they are, above 0 up to 1: a hint of how many lines are to come.
+  virtual void Read(CsvCursor& cursor, double share) = 0;
+
+  /// After the last block: brings dates into order, finds second prices, and delivers.
+  virtual void Finish() = 0;
+};
+
+/// For a wide file. Fills date_lists, series and bad_lines; both arguments outlive the reader.
+std::unique_ptr<LineReader> MakeWideReader(const CsvHeader& header, PriceFile& file);
+
+/// For a file of one issue or of an issue a line. In the first case file.series holds that issue
+/// already, with symbol and name and without prices.
+std::unique_ptr<LineReader> MakeIssueReader(const CsvHeader& header, PriceFile& file);
 
 /// Positions of the dates in ascending order, lines of one date in the order of the file; empty
 /// when they ascend without repetition as they stand.

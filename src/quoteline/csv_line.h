@@ -14,8 +14,9 @@ namespace vistaplot {
 /// field ends with its line at the latest. Lines end with CR LF, LF or CR.
 class CsvCursor {
  public:
-  CsvCursor(std::string_view bytes, char delimiter)
-      : at_(bytes.data()), end_(bytes.data() + bytes.size()), delimiter_(delimiter) {}
+  /// `line` is the number of the first line in `bytes`.
+  CsvCursor(std::string_view bytes, char delimiter, std::uint32_t line = 1)
+      : at_(bytes.data()), end_(bytes.data() + bytes.size()), delimiter_(delimiter), line_(line) {}
 
   bool AtEnd() const { return at_ == end_; }
   std::uint32_t Line() const { return line_; }  ///< of the next field, from 1
@@ -57,7 +58,7 @@ class CsvCursor {
   const char* end_;
   char delimiter_;
   bool line_done_ = false;
-  std::uint32_t line_ = 1;
+  std::uint32_t line_;
   std::string unquoted_;
 };
 

@@ -1,14 +1,15 @@
 #include "quoteline/csv_prices.h"
 
 #include <algorithm>
+#include <memory>
 #include <numeric>
 #include <utility>
 
-#include "base/files.h"
 #include "base/text.h"
 #include "quoteline/csv_forms.h"
 #include "quoteline/csv_header.h"
 #include "quoteline/csv_line.h"
+#include "quoteline/line_blocks.h"
 #include "quoteline/symbol.h"
 
 namespace vistaplot {
@@ -68,6 +69,60 @@ bool HasPrices(const PriceFile& file) {
   });
 }
 
+// Puts a file together from blocks of whole lines.
+class Parser {
+ public:
+  Parser(const std::string& path, const PriceFileOptions& options) : options_(options) {
+    file_.path = path;
+    file_.refusal = "is empty, not a price file";
+  }
+
+  void TakeLines(std::string_view lines, double share) {
+    const bool first = reader_ == nullptr && next_line_ == 1;
+    if (first) Begin(lines);
+    if (reader_ == nullptr) return;
+    CsvCursor cursor(lines, header_.delimiter, next_line_);
+    if (first) cursor.NextLine();
+    reader_->Read(cursor, share);
+    next_line_ = cursor.Line();
+  }
+
+  PriceFile Finish() {
+    if (reader_ != nullptr) {
+      reader_->Finish();
+      for (PriceSeries& series : file_.series) series.name = CleanName(series.name);
+      if (file_.bad_lines.Count() == 0 && !HasPrices(file_)) file_.refusal = "holds no prices";
+    }
+    return std::move(file_);
+  }
+
+ private:
+  // Reads the header; without a refusal a reader stands ready.
+  void Begin(std::string_view& lines) {
+    if (lines.starts_with(kByteOrderMark)) lines.remove_prefix(kByteOrderMark.size());
+    next_line_ = 1;
+    header_ = ReadCsvHeader(lines, options_.adjusted);
+    file_.refusal = header_.refusal;
+    const bool named = !options_.symbol.empty() || !options_.name.empty();
+    if (file_.refusal.empty() && header_.form != CsvForm::kOneIssue && named) {
+      file_.refusal = "holds several issues; --symbol and --name are for a file of one";
+    }
+    if (file_.refusal.empty() && header_.form == CsvForm::kOneIssue) AddOnlyIssue(options_, file_);
+    if (!file_.refusal.empty()) {
+      next_line_ = 0;
+      return;
+    }
+    reader_ = header_.form == CsvForm::kWide ? MakeWideReader(header_, file_)
+                                             : MakeIssueReader(header_, file_);
+  }
+
+  const PriceFileOptions& options_;
+  CsvHeader header_;
+  PriceFile file_;
+  std::unique_ptr<LineReader> reader_;
+  std::uint32_t next_line_ = 1;  // 0 once the file is refused
+};
+
 }  // namespace
 
 void BadLines::Add(std::uint32_t line, std::string text) {
@@ -115,33 +170,19 @@ void AddTooFewFields(BadLines& bad_lines,
 PriceFile ParsePriceFile(const std::string& path,
                          std::string_view bytes,
                          const PriceFileOptions& options) {
-  PriceFile file;
-  file.path = path;
-  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
-  const CsvHeader header = ReadCsvHeader(bytes, options.adjusted);
-  file.refusal = header.refusal;
-  const bool named = !options.symbol.empty() || !options.name.empty();
-  if (file.refusal.empty() && header.form != CsvForm::kOneIssue && named) {
-    file.refusal = "holds several issues; --symbol and --name are for a file of one";
-  }
-  if (file.refusal.empty() && header.form == CsvForm::kOneIssue) AddOnlyIssue(options, file);
-  if (!file.refusal.empty()) return file;
-  CsvCursor cursor(bytes, header.delimiter);
-  cursor.NextLine();
-  if (header.form == CsvForm::kWide) {
-    ReadWideLines(cursor, header, file);
-  } else {
-    ReadIssueLines(cursor, header, file);
-  }
-  for (PriceSeries& series : file.series) series.name = CleanName(series.name);
-  if (file.bad_lines.Count() == 0 && !HasPrices(file)) file.refusal = "holds no prices";
-  return file;
+  Parser parser(path, options);
+  if (!bytes.empty()) parser.TakeLines(bytes, 1.0);
+  return parser.Finish();
 }
 
 Result<PriceFile> ReadPriceFile(const std::string& path, const PriceFileOptions& options) {
-  const auto bytes = ReadWholeFile(path);
-  if (!bytes) return bytes.Error();
-  return ParsePriceFile(path, bytes.Value(), options);
+  auto opened = LineBlocks::Open(path);
+  if (!opened) return opened.Error();
+  LineBlocks& blocks = opened.Value();
+  Parser parser(path, options);
+  while (blocks.Next()) parser.TakeLines(blocks.Lines(), blocks.Share());
+  if (auto read = blocks.Outcome(); !read) return read.Error();
+  return parser.Finish();
 }
 
 }  // namespace vistaplot

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <optional>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -21,35 +21,38 @@ struct IssueLine {
   std::string name;
 };
 
-class RowReader {
+class RowReader : public LineReader {
  public:
-  RowReader(CsvCursor& cursor, const CsvHeader& header, PriceFile& file)
-      : cursor_(cursor), header_(header), file_(file) {
+  RowReader(const CsvHeader& header, PriceFile& file) : header_(header), file_(file) {
     file_.date_lists.resize(file_.series.size());
   }
 
-  void Read() {
-    for (cursor_.SkipEmptyLines(); !cursor_.AtEnd(); cursor_.SkipEmptyLines()) {
+  void Read(CsvCursor& cursor, double /*share*/) override {
+    cursor_ = &cursor;
+    for (cursor.SkipEmptyLines(); !cursor.AtEnd(); cursor.SkipEmptyLines()) {
       if (ReadLine()) Keep();
-      cursor_.NextLine();
+      cursor.NextLine();
     }
+  }
+
+  void Finish() override {
     if (file_.bad_lines.Count() > 0) return;
     for (PriceSeries& series : file_.series) Sort(series);
   }
 
  private:
   bool Refuse(std::string text) {
-    file_.bad_lines.Add(cursor_.Line(), std::move(text));
+    file_.bad_lines.Add(cursor_->Line(), std::move(text));
     return false;
   }
 
   bool ReadLine() {
     std::size_t column = 0;
-    for (; !cursor_.AtLineEnd(); ++column) {
-      if (!ReadField(cursor_.NextField(), column)) return false;
+    for (; !cursor_->AtLineEnd(); ++column) {
+      if (!ReadField(cursor_->NextField(), column)) return false;
     }
     if (column >= header_.columns) return true;
-    AddTooFewFields(file_.bad_lines, cursor_.Line(), column, header_.columns);
+    AddTooFewFields(file_.bad_lines, cursor_->Line(), column, header_.columns);
     return false;
   }
 
@@ -97,7 +100,7 @@ class RowReader {
   void Keep() {
     PriceSeries& series = file_.series[current_];
     series.prices.push_back(line_.price);
-    file_.date_lists[series.dates].push_back({.date = line_.date, .line = cursor_.Line()});
+    file_.date_lists[series.dates].push_back({.date = line_.date, .line = cursor_->Line()});
     if (!line_.name.empty() && line_.name != series.name) series.name = line_.name;
   }
 
@@ -120,7 +123,7 @@ class RowReader {
     series.prices = std::move(sorted_prices);
   }
 
-  CsvCursor& cursor_;
+  CsvCursor* cursor_ = nullptr;
   const CsvHeader& header_;
   PriceFile& file_;
   IssueLine line_;
@@ -130,8 +133,8 @@ class RowReader {
 
 }  // namespace
 
-void ReadIssueLines(CsvCursor& cursor, const CsvHeader& header, PriceFile& file) {
-  RowReader(cursor, header, file).Read();
+std::unique_ptr<LineReader> MakeIssueReader(const CsvHeader& header, PriceFile& file) {
+  return std::make_unique<RowReader>(header, file);
 }
 
 }  // namespace vistaplot

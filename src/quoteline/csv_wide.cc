@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -9,40 +11,32 @@ namespace vistaplot {
 
 namespace {
 
-// Number of lines in `bytes` where they end with a line feed; a few more or less otherwise.
-std::size_t EstimateLines(std::string_view bytes) {
-  return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
-}
-
 // Prices are collected for a few lines at a time and then moved to their columns together: a
 // column is far from the next in memory.
-class WideReader {
+class WideReader : public LineReader {
  public:
-  WideReader(CsvCursor& cursor, const CsvHeader& header, PriceFile& file)
-      : cursor_(cursor), header_(header), file_(file), block_(kBlockRows * header.columns) {
-    const std::size_t rows = EstimateLines({cursor.Place(), cursor.Left()});
-    columns_.resize(header.columns);
-    for (std::size_t i = 0; i < header.columns; ++i) {
-      if (i != header.date) columns_[i].resize(rows);
-    }
-    dates_.reserve(rows);
-  }
+  WideReader(const CsvHeader& header, PriceFile& file)
+      : header_(header),
+        file_(file),
+        columns_(header.columns),
+        block_(kBlockRows * header.columns) {}
 
-  void Read() {
-    for (cursor_.SkipEmptyLines(); !cursor_.AtEnd(); cursor_.SkipEmptyLines()) {
+  void Read(CsvCursor& cursor, double share) override {
+    cursor_ = &cursor;
+    if (dates_.empty()) Reserve({cursor.Place(), cursor.Left()}, share);
+    for (cursor.SkipEmptyLines(); !cursor.AtEnd(); cursor.SkipEmptyLines()) {
       // A date without any price is no date of the calendar.
       if (ReadLine() && has_price_) {
-        dates_.push_back({.date = date_, .line = cursor_.Line()});
+        dates_.push_back({.date = date_, .line = cursor.Line()});
         if (++block_rows_ == kBlockRows) FlushBlock();
       }
-      cursor_.NextLine();
+      cursor.NextLine();
     }
-    FlushBlock();
-    for (auto& column : columns_) column.resize(std::min(column.size(), dates_.size()));
-    if (file_.bad_lines.Count() == 0) SortRows();
   }
 
-  void Deliver() {
+  void Finish() override {
+    FlushBlock();
+    if (file_.bad_lines.Count() == 0) SortRows();
     for (std::size_t i = 0; i < header_.columns; ++i) {
       if (i == header_.date) continue;
       file_.series.push_back(
@@ -54,8 +48,16 @@ class WideReader {
  private:
   static constexpr std::size_t kBlockRows = 16;
 
+  // Room for the lines of the whole file, so that the columns need not move.
+  void Reserve(std::string_view bytes, double share) {
+    const auto lines = static_cast<double>(std::count(bytes.begin(), bytes.end(), '\n'));
+    const auto expected = static_cast<std::size_t>(lines / share * 1.02) + kBlockRows;
+    dates_.reserve(expected);
+    for (auto& column : columns_) column.reserve(expected);
+  }
+
   bool Refuse(std::string text) {
-    file_.bad_lines.Add(cursor_.Line(), std::move(text));
+    file_.bad_lines.Add(cursor_->Line(), std::move(text));
     return false;
   }
 
@@ -64,21 +66,21 @@ class WideReader {
     float* row = block_.data() + block_rows_ * header_.columns;
     std::size_t column = 0;
     has_price_ = false;
-    for (; column < header_.columns && !cursor_.AtLineEnd(); ++column) {
+    for (; column < header_.columns && !cursor_->AtLineEnd(); ++column) {
       if (column != header_.date ? !ReadCell(row[column], column) : !ReadDate()) return false;
     }
     if (column < header_.columns) {
-      AddTooFewFields(file_.bad_lines, cursor_.Line(), column, header_.columns);
+      AddTooFewFields(file_.bad_lines, cursor_->Line(), column, header_.columns);
       return false;
     }
-    while (!cursor_.AtLineEnd()) {
-      if (!cursor_.NextField().empty()) return Refuse("more fields than the header names");
+    while (!cursor_->AtLineEnd()) {
+      if (!cursor_->NextField().empty()) return Refuse("more fields than the header names");
     }
     return true;
   }
 
   bool ReadDate() {
-    const std::string_view field = cursor_.NextField();
+    const std::string_view field = cursor_->NextField();
     const auto date = PriceDate(field);
     if (!date) return Refuse(ShownField(field) + " is not a date (YYYY-MM-DD or M/D/YYYY)");
     date_ = *date;
@@ -86,13 +88,13 @@ class WideReader {
   }
 
   bool ReadCell(float& cell, std::size_t column) {
-    if (cursor_.Left() >= sizeof(std::uint64_t)) {
-      const char* place = cursor_.Place();
+    if (cursor_->Left() >= sizeof(std::uint64_t)) {
+      const char* place = cursor_->Place();
       const QuickPrice quick = ReadQuickPrice(place, header_.delimiter);
       if (quick.price > 0.0F || *place == header_.delimiter) {
         cell = quick.price;
         has_price_ = has_price_ || quick.length != 0;
-        cursor_.PassField(quick.length);
+        cursor_->PassField(quick.length);
         return true;
       }
     }
@@ -100,7 +102,7 @@ class WideReader {
   }
 
   bool ReadRareCell(float& cell, std::size_t column) {
-    const std::string_view field = cursor_.NextField();
+    const std::string_view field = cursor_->NextField();
     cell = 0.0F;
     if (field.empty()) return true;
     const auto price = PriceFromText(field);
@@ -113,14 +115,13 @@ class WideReader {
   }
 
   void FlushBlock() {
-    const std::size_t start = dates_.size() - block_rows_;
+    std::array<float, kBlockRows> prices;
     for (std::size_t i = 0; i < header_.columns; ++i) {
       if (i == header_.date) continue;
-      if (columns_[i].size() < dates_.size()) columns_[i].resize(2 * dates_.size());
-      float* column = columns_[i].data() + start;
       for (std::size_t row = 0; row < block_rows_; ++row) {
-        column[row] = block_[row * header_.columns + i];
+        prices[row] = block_[row * header_.columns + i];
       }
+      columns_[i].insert(columns_[i].end(), prices.begin(), prices.begin() + block_rows_);
     }
     block_rows_ = 0;
   }
@@ -158,7 +159,7 @@ class WideReader {
     columns_[column] = std::move(prices);
   }
 
-  CsvCursor& cursor_;
+  CsvCursor* cursor_ = nullptr;
   const CsvHeader& header_;
   PriceFile& file_;
   std::vector<std::vector<float>> columns_;
@@ -171,10 +172,8 @@ class WideReader {
 
 }  // namespace
 
-void ReadWideLines(CsvCursor& cursor, const CsvHeader& header, PriceFile& file) {
-  WideReader reader(cursor, header, file);
-  reader.Read();
-  reader.Deliver();
+std::unique_ptr<LineReader> MakeWideReader(const CsvHeader& header, PriceFile& file) {
+  return std::make_unique<WideReader>(header, file);
 }
 
 }  // namespace vistaplot

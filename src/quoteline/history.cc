@@ -64,7 +64,12 @@ void UnpackHistory(const History& history, std::span<const int> new_day_of, std:
 
 int CountPrices(const History& history) {
   int count = 0;
-  for (const std::uint8_t bits : history.priced) count += std::popcount(bits);
+  std::size_t at = 0;
+  for (std::uint64_t bits = 0; at + sizeof bits <= history.priced.size(); at += sizeof bits) {
+    std::memcpy(&bits, history.priced.data() + at, sizeof bits);
+    count += std::popcount(bits);
+  }
+  for (; at < history.priced.size(); ++at) count += std::popcount(history.priced[at]);
   return count;
 }
 

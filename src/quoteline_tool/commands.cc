@@ -1,0 +1,119 @@
+#include "quoteline_tool/commands.h"
+
+#include <cstdio>
+#include <string_view>
+
+#include "base/date.h"
+#include "base/result.h"
+#include "quoteline/administration.h"
+#include "quoteline/family_file.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr int kFault = 1;
+
+void Print(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void PrintLine(std::string text) {
+  text += '\n';
+  Print(text);
+}
+
+int Complain(std::string_view text) {
+  std::fprintf(stderr, "quoteline: %.*s\n", static_cast<int>(text.size()), text.data());
+  return kFault;
+}
+
+int Complain(const RuntimeError& error) {
+  return Complain(PlainText(error));
+}
+
+// A full disk or a closed pipe shows when what was printed is flushed.
+int Finish() {
+  return std::fflush(stdout) == 0 ? 0 : Complain("cannot write to standard output");
+}
+
+std::string Counted(std::size_t count, std::string_view one) {
+  return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
+}
+
+std::string ChangeLine(const IssueChange& change) {
+  return change.symbol + ": " + std::to_string(change.new_days) + " new, " +
+         std::to_string(change.changed_days) + " changed, " +
+         DateText(change.first_date, DatePattern::kIso) + " to " +
+         DateText(change.last_date, DatePattern::kIso);
+}
+
+}  // namespace
+
+int RunInit(const std::string& directory) {
+  const auto made = InitService(directory);
+  if (!made) return Complain(made.Error());
+  PrintLine(directory + (made.Value() ? ": an empty service directory"
+                                      : ": holds a database already, which stays as it is"));
+  return Finish();
+}
+
+int RunImport(const ImportRequest& request) {
+  const ImportReport report = ImportPrices(request);
+  for (const std::string& note : report.notes) Complain(note);
+  for (const std::string& fault : report.faults) Complain(fault);
+  if (!report.faults.empty()) return Complain("nothing was stored");
+  for (const IssueChange& change : report.changes) PrintLine(ChangeLine(change));
+  if (request.dry_run) Complain("a dry run: nothing was stored");
+  return Finish();
+}
+
+int RunFamily(const std::string& directory, const FamilyArguments& arguments) {
+  const auto written =
+      WriteFamily(directory,
+                  arguments.folder,
+                  {.name = arguments.name, .title = arguments.title, .symbols = arguments.symbols});
+  if (!written) return Complain(written.Error());
+  PrintLine(written.Value() + ": " + Counted(arguments.symbols.size(), "symbol"));
+  return Finish();
+}
+
+int RunList(const std::string& directory, const std::string& pattern) {
+  const auto lines = ListIssues(directory, pattern);
+  if (!lines) return Complain(lines.Error());
+  for (const std::string& line : lines.Value()) PrintLine(line);
+  return Finish();
+}
+
+int RunPrices(const std::string& directory, const std::string& symbol) {
+  const auto csv = HistoryCsv(directory, symbol);
+  if (!csv) return Complain(csv.Error());
+  Print(csv.Value());
+  return Finish();
+}
+
+int RunRemove(const std::string& directory, const std::vector<std::string>& symbols) {
+  if (const auto removed = RemoveIssues(directory, symbols); !removed) {
+    return Complain(removed.Error());
+  }
+  PrintLine("removed " + Counted(symbols.size(), "issue"));
+  return Finish();
+}
+
+int RunRebuild(const std::string& directory) {
+  const auto rebuilt = RebuildSymbols(directory);
+  if (!rebuilt) return Complain(rebuilt.Error());
+  PrintLine("symbol index of " + Counted(static_cast<std::size_t>(rebuilt.Value()), "issue") +
+            " rebuilt");
+  return Finish();
+}
+
+}  // namespace vistaplot
+namespace vistaplot {
+int RunCheck(const std::string&) {
+  return 1;
+}
+int RunDemo(const std::string&) {
+  return 1;
+}
+}  // namespace vistaplot

@@ -1,0 +1,137 @@
+// quoteline: makes, fills and checks the database of the market-data service.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <functional>
+#include <string>
+
+#include "quoteline/service.h"
+#include "quoteline_tool/commands.h"
+
+namespace {
+
+using vistaplot::FamilyArguments;
+using vistaplot::ImportRequest;
+
+constexpr int kWrongUsage = 2;
+constexpr int kFault = 1;
+
+// What the command line says.
+struct Arguments {
+  std::string directory = vistaplot::DefaultServiceDirectory();
+  ImportRequest import;
+  FamilyArguments family;
+  std::string pattern;
+  std::string symbol;
+  std::vector<std::string> symbols;
+  std::function<int()> run;
+};
+
+void AddImport(CLI::App& app, Arguments& arguments) {
+  ImportRequest& import = arguments.import;
+  CLI::App* command = app.add_subcommand(
+      "import", "Load price histories from CSV files, in one transaction: all or nothing");
+  command->add_flag(
+      "--adjusted", import.options.adjusted, "Take the column \"Adj Close\" instead of \"Close\"");
+  command->add_flag("--replace", import.replace, "Drop the old histories of these issues first");
+  command->add_flag("--dry-run", import.dry_run, "Say what would happen and store nothing");
+  command->add_option(
+      "--symbol", import.options.symbol, "The symbol of a single file of one issue");
+  command->add_option("--name", import.options.name, "Its name");
+  command->add_option("FILE", import.files, "Price files")->required();
+  command->callback([&arguments] {
+    ImportRequest& request = arguments.import;
+    const bool named = !request.options.symbol.empty() || !request.options.name.empty();
+    if (named && request.files.size() > 1) {
+      throw CLI::ValidationError("--symbol and --name are for a single FILE");
+    }
+    request.directory = arguments.directory;
+    arguments.run = [&request] { return vistaplot::RunImport(request); };
+  });
+}
+
+void AddFamily(CLI::App& app, Arguments& arguments) {
+  FamilyArguments& family = arguments.family;
+  CLI::App* command = app.add_subcommand("family", "Write the family file FOLDER/NAME.FAM");
+  command->add_option("FOLDER", family.folder, "QLDEF, QL4WIN/SQLDEF or USERDEF")->required();
+  command->add_option("NAME", family.name, "1 to 8 characters")->required();
+  command->add_option("TITLE", family.title, "Up to 72 characters")->required();
+  command->add_option("SYMBOL", family.symbols, "Its issues")->required();
+  command->callback([&arguments] {
+    arguments.run = [&arguments] {
+      return vistaplot::RunFamily(arguments.directory, arguments.family);
+    };
+  });
+}
+
+// A command whose arguments are already declared.
+void Finish(CLI::App* command, Arguments& arguments, std::function<int()> run) {
+  command->callback([&arguments, run = std::move(run)] { arguments.run = run; });
+}
+
+void AddIssueCommands(CLI::App& app, Arguments& arguments) {
+  CLI::App* list = app.add_subcommand(
+      "list", "Show symbol, first and last date, number of prices and name of each issue");
+  list->add_option("PATTERN", arguments.pattern, "Symbols to show; * and ? stand for others");
+  Finish(list, arguments, [&arguments] {
+    return vistaplot::RunList(arguments.directory, arguments.pattern);
+  });
+  CLI::App* prices = app.add_subcommand("prices", "Write an issue's history as CSV");
+  prices->add_option("SYMBOL", arguments.symbol)->required();
+  Finish(prices, arguments, [&arguments] {
+    return vistaplot::RunPrices(arguments.directory, arguments.symbol);
+  });
+  CLI::App* remove = app.add_subcommand("remove", "Remove issues");
+  remove->add_option("SYMBOL", arguments.symbols)->required();
+  Finish(remove, arguments, [&arguments] {
+    return vistaplot::RunRemove(arguments.directory, arguments.symbols);
+  });
+}
+
+void AddDirectoryCommands(CLI::App& app, Arguments& arguments) {
+  struct Command {
+    const char* name;
+    const char* help;
+    int (*run)(const std::string& directory);
+  };
+  constexpr Command kCommands[] = {
+      {"init", "Make an empty service directory", vistaplot::RunInit},
+      {"check", "Verify the database, FNU files and family files", vistaplot::RunCheck},
+      {"rebuild", "Rebuild the symbol index", vistaplot::RunRebuild},
+      {"demo", "Fill the directory with a made-up sample", vistaplot::RunDemo},
+  };
+  for (const Command& command : kCommands) {
+    Finish(app.add_subcommand(command.name, command.help), arguments, [&arguments, command] {
+      return command.run(arguments.directory);
+    });
+  }
+}
+
+int Run(int argc, char** argv) {
+  Arguments arguments;
+  CLI::App app("Makes, fills and checks the database of the market-data service.", "quoteline");
+  app.add_option("--dir", arguments.directory, "The service directory")->capture_default_str();
+  app.require_subcommand(1);
+  app.fallthrough();
+  AddDirectoryCommands(app, arguments);
+  AddImport(app, arguments);
+  AddFamily(app, arguments);
+  AddIssueCommands(app, arguments);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : kWrongUsage;
+  }
+  return arguments.run();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "quoteline: %s\n", error.what());
+    return kFault;
+  }
+}
