@@ -110,7 +110,11 @@ int WriteNewFile(const std::string& path, const std::string& target, std::string
 
 // 0 or an errno. A leftover of the same name from a process that died is replaced.
 int WriteBesideAndRename(const std::string& target, std::string_view content) {
-  const std::string beside = target + "." + std::to_string(::getpid()) + ".new";
+  constexpr std::size_t kNameBytes = 200;  // leaves room for the ending in a name of 255 bytes
+  const std::string name = fs::path(target).filename().string().substr(0, kNameBytes);
+  const fs::path beside_path =
+      fs::path(target).replace_filename(name + "." + std::to_string(::getpid()) + ".new");
+  const std::string beside = beside_path.string();
   ::unlink(beside.c_str());
   int failed = WriteNewFile(beside, target, content);
   if (failed == 0 && ::rename(beside.c_str(), target.c_str()) != 0) failed = errno;

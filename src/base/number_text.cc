@@ -30,8 +30,8 @@ constexpr int kBinaryExponents = 41;        // up to 23, that of the values belo
 
 // k = 6 - floor(log10(2^e)) for the binary exponents e of the fast range. A value with that
 // exponent takes k, or k - 1 where it reaches the next power of ten.
-constexpr std::array<std::int8_t, kBinaryExponents> MakeScales() {
-  std::array<std::int8_t, kBinaryExponents> scales{};
+constexpr std::array<int, kBinaryExponents> MakeScales() {
+  std::array<int, kBinaryExponents> scales{};
   for (int i = 0; i < kBinaryExponents; ++i) {
     const int exponent = kLowestBinaryExponent + i;
     double power = 1.0;
@@ -39,8 +39,12 @@ constexpr std::array<std::int8_t, kBinaryExponents> MakeScales() {
     for (int j = 0; j > exponent; --j) power /= 2.0;
     // floor(log10(2^e)): the powers of two from 2^-17 to 2^23, scaled by 10^6 they are at least 1.
     int decimal = -6;
-    for (double scaled = power * 1e6; scaled >= 10.0; scaled /= 10.0) ++decimal;
-    scales[static_cast<std::size_t>(i)] = static_cast<std::int8_t>(kDigits - 1 - decimal);
+    double scaled = power * 1e6;
+    while (scaled >= 10.0) {
+      scaled /= 10.0;
+      ++decimal;
+    }
+    scales[static_cast<std::size_t>(i)] = kDigits - 1 - decimal;
   }
   return scales;
 }
