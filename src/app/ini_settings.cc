@@ -117,12 +117,10 @@ void PutLine(std::vector<std::string>& lines, std::string_view key, std::string_
     lines[*place.line] = line;
     return;
   }
-  if (!lines.empty() && !HasEnd(lines.back())) lines.back() += end;
-  std::size_t at = place.section_end.value_or(lines.size());
-  if (!place.section_end) {
-    lines.push_back(std::string(kSectionLine) + end);
-    at = lines.size();
-  }
+  const bool at_end = place.section_end.value_or(lines.size()) == lines.size();
+  if (at_end && !lines.empty() && !HasEnd(lines.back())) lines.back() += end;
+  if (!place.section_end) lines.push_back(std::string(kSectionLine) + end);
+  const std::size_t at = place.section_end.value_or(lines.size());
   lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), line);
 }
 
