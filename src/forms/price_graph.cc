@@ -69,7 +69,6 @@ void PriceGraph::Build(int endDay) {
     const FlagScope moving(moving_bar_);
     EndDayBar().SetValue(*outcome.scroll_to);
   }
-  chart.view.Refresh();
   drawn_ = outcome.drawn;
   if (!outcome.message.empty()) context_.dialogs.Say(outcome.message);
   if (!drawn_) return;

@@ -15,7 +15,7 @@ class SmallForm : public Form {
  public:
   explicit SmallForm(FormHost& host) : Form("frmSmall", "Small", FormStyle::kDialog, host) {
     Add({{&box, "txtBox", "", At(10, 20, 30, 40)},
-         {&days[0], "txtDays", "", {.Left = 100.0F}, nullptr, 0},
+         {&days[0], "txtDays", "", {100.0F, {}, {}, {}}, nullptr, 0},
          {&days[1], "txtDays", "", {}, nullptr, 1}});
   }
 
@@ -31,24 +31,24 @@ class SmallForm : public Form {
 };
 
 TEST(Form, TwiceTheDisplayDoublesWhatAControlHas) {
-  SilentHost host;
+  test::SilentHost host;
   host.display = {.width = 19200.0F, .height = 21600.0F};
   SmallForm form(host);
   form.Load();
   EXPECT_EQ(form.box.Where(), At(20, 60, 60, 120));
-  EXPECT_EQ(form.days[0].Where(), (Place{.Left = 200.0F}));
+  EXPECT_EQ(form.days[0].Where(), (Place{200.0F, {}, {}, {}}));
   EXPECT_EQ(form.days[1].Where(), Place{});
 }
 
 TEST(Form, DesignSizeTouchesNothing) {
-  SilentHost host;
+  test::SilentHost host;
   SmallForm form(host);
   form.Load();
   EXPECT_EQ(form.box.Where(), At(10, 20, 30, 40));
 }
 
 TEST(Form, LoadedAgainItIsScaledFromItsDesignNotFromItsLastSize) {
-  SilentHost host;
+  test::SilentHost host;
   host.display = {.width = 19200.0F, .height = 14400.0F};
   SmallForm form(host);
   form.Show();
@@ -62,7 +62,7 @@ TEST(Form, LoadedAgainItIsScaledFromItsDesignNotFromItsLastSize) {
 }
 
 TEST(Form, FindsControlsByNameAndIndexWithCaseIgnored) {
-  SilentHost host;
+  test::SilentHost host;
   SmallForm form(host);
   EXPECT_EQ(form.Find("TXTBOX"), &form.box);
   EXPECT_EQ(form.Find("txtdays", 1), &form.days[1]);
@@ -72,7 +72,7 @@ TEST(Form, FindsControlsByNameAndIndexWithCaseIgnored) {
 }
 
 TEST(Form, ModalFormReturnsOnceTheUserClosedIt) {
-  SilentHost host;
+  test::SilentHost host;
   SmallForm form(host);
   host.on_modal = [](Form& shown) { shown.Unload(); };
   form.ShowModal();

@@ -6,7 +6,7 @@
 #include "controls/form.h"
 #include "controls/form_host.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 
 class SilentHost : public FormHost {
  public:
@@ -27,4 +27,4 @@ class SilentHost : public FormHost {
   void Arrange(WindowArrangement /*arrangement*/) override {}
 };
 
-}  // namespace vistaplot
+}  // namespace vistaplot::test

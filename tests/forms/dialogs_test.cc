@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/screen_world.h"
+
+namespace vistaplot {
+namespace {
+
+using test::kWorldDays;
+using test::ScreenWorld;
+using Texts = std::vector<std::string>;
+
+TEST(FrmFam, DatesFollowTypingAndAreSavedAsDays) {
+  ScreenWorld world;
+  world.settings.values["begdate"] = "12";
+  world.Start();
+  FrmFam& frmFam = world.screens.frmFam;
+  frmFam.Show();
+  EXPECT_EQ(frmFam.txtbegDate.Text(), "01/12/2001");
+  EXPECT_EQ(frmFam.txtEndDate2.Text(), std::to_string(kWorldDays));
+  struct Case {
+    std::string typed;
+    std::string date;
+    std::string day;
+  };
+  const std::vector<Case> cases = {{"1/20/2001", "1/20/2001", "20"},
+                                   {"12/31/1999", "01/01/2001", "1"},
+                                   {"10/27/2001", "10/27/2001", "300"},
+                                   {"5/5/2020", "10/27/2001", "300"}};
+  for (const Case& one : cases) {
+    frmFam.txtbegDate.SetText(one.typed);
+    frmFam.txtbegDate.RaiseLostFocus();
+    EXPECT_EQ(frmFam.txtbegDate.Text(), one.date) << one.typed;
+    EXPECT_EQ(frmFam.txtBegDate2.Text(), one.day) << one.typed;
+  }
+  frmFam.txtDays[0].SetText("2");
+  frmFam.cmdSave.RaiseClick();
+  EXPECT_EQ(world.settings.values["begdate"], "300");
+  EXPECT_EQ(world.settings.values["gain1"], "2");
+  EXPECT_EQ(world.settings.values["gain6"], "50");
+  EXPECT_TRUE(frmFam.Shown());
+}
+
+TEST(FrmDir, KeepsTheDirectoryOfADriveThatCannotBeRead) {
+  ScreenWorld world;
+  world.Start();
+  world.state.roots.drives_dir = world.folder.MakeFolder("drives");
+  world.folder.MakeFolder("drives/d");
+  FrmDir& frmDir = world.screens.frmDir;
+  world.host.on_modal = [](Form&) {};
+  frmDir.ShowModal();
+  frmDir.cmdOK.RaiseClick();
+  EXPECT_EQ(world.dialogs.Texts(), (Texts{"Please choose a directory"}));
+  EXPECT_TRUE(frmDir.Shown());
+  frmDir.Drive1.SetText("d:");
+  frmDir.Drive1.SetText("e:");
+  frmDir.cmdOK.RaiseClick();
+  EXPECT_EQ(world.state.directories.ChosenDir, "d:/");
+  EXPECT_FALSE(frmDir.Shown());
+}
+
+TEST(FrmSheet, GivesThePositionOrCancel) {
+  ScreenWorld world;
+  world.Start();
+  FrmSheet& frmSheet = world.screens.frmSheet;
+  frmSheet.cboSheet.SetEntries({"ONE", "TWO"});
+  frmSheet.cboSheet.SetListIndex(1);
+  frmSheet.cmdOK.RaiseClick();
+  EXPECT_EQ(world.state.sheet_choice.SheetDialogResult, 1);
+  EXPECT_EQ(world.state.sheet_choice.ChosenSheetIndex, 1);
+  frmSheet.cmdCancel.RaiseClick();
+  EXPECT_EQ(world.state.sheet_choice.SheetDialogResult, 2);
+}
+
+TEST(FrmMain, CalculationsScreenListsTheSignalFiles) {
+  ScreenWorld world;
+  world.Start();
+  world.screens.frmMain.cmdShowCalc.RaiseClick();
+  EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Count(), 0);
+  world.folder.Write("SIG/gold.sig", "");
+  world.folder.Write("SIG/LongSignalName.v2.SIG", "");
+  world.screens.frmMain.cmdShowCalc.RaiseClick();
+  EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Entries(), (Texts{"GOLD    ", "LONGSIGN"}));
+}
+
+TEST(FrmMain, TipsAboutAndExit) {
+  ScreenWorld world;
+  world.Start();
+  FrmMain& frmMain = world.screens.frmMain;
+  frmMain.cmdShowCalc.MouseMove();
+  EXPECT_EQ(frmMain.TxtToolTip.Text(), "Calculations Screen");
+  EXPECT_TRUE(frmMain.TxtToolTip.Visible());
+  frmMain.mnuHelpAbout.RaiseClick();
+  frmMain.mnuFileExit.RaiseClick();
+  EXPECT_EQ(world.dialogs.Texts(), (Texts{"Vistaplot version 3.4.1"}));
+  EXPECT_TRUE(world.dialogs.ended);
+  EXPECT_FALSE(world.dialogs.ended_fatally);
+}
+
+}  // namespace
+}  // namespace vistaplot

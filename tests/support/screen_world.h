@@ -1,0 +1,70 @@
+// All screens over a small market-data service made for a test: 300 consecutive market days from
+// 1 January 2001, three issues, one family "TRIO" in QLDEF.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/screens.h"
+#include "marketdata/family_file.h"
+#include "support/fake_quoteline.h"
+#include "support/memory_settings.h"
+#include "support/recording_dialogs.h"
+#include "support/silent_host.h"
+#include "support/temporary_folder.h"
+
+namespace vistaplot::test {
+
+inline constexpr int kWorldDays = 300;
+
+struct ScreenWorld {
+  TemporaryFolder folder;
+  FakeQuoteline quoteline;
+  MemorySettings settings;
+  RecordingDialogs dialogs;
+  SilentHost host;
+  SharedState state;
+  Screens screens{{quoteline, settings, dialogs, host, state}};
+
+  ScreenWorld() {
+    quoteline.directory = folder.Path();
+    quoteline.SetDays(SerialFromDate({2001, 1, 1}), kWorldDays);
+    quoteline.AddIssue("AAA", Line(100.0F, 1.0F, kWorldDays));
+    quoteline.AddIssue("BBB", Line(50.0F, -0.125F, kWorldDays));
+    quoteline.AddIssue("CCC", Line(10.0F, 0.5F, kWorldDays - 99), 100);
+    for (const char* name : {"QLDEF", "QL4WIN/SQLDEF", "USERDEF"}) folder.MakeFolder(name);
+    WriteFamily("QLDEF/TRIO.FAM", {"AAA", "BBB", "CCC"});
+  }
+
+  /// first, first + step, ...: `count` prices.
+  static std::vector<float> Line(float first, float step, int count) {
+    std::vector<float> prices;
+    for (int i = 0; i < count; ++i) prices.push_back(first + step * static_cast<float>(i));
+    return prices;
+  }
+
+  void WriteFamily(const std::string& path, const std::vector<std::string>& symbols) {
+    const FamilyHeader header{.name = "TRIO", .title = "Three funds", .count = 0, .rest = {}};
+    folder.Write(path, FamilyFileBytes(header, symbols).Value());
+  }
+
+  /// Starts the program and chooses prices.
+  void Start() {
+    screens.frmMain.Load();
+    screens.frmTab.cboDataType.SetListIndex(1);
+  }
+
+  void LoadTrio() {
+    Start();
+    screens.frmTab.lstIndex.Select({0});
+    screens.frmTab.cmdLoadData.RaiseClick();
+  }
+
+  void SelectColumns(int first, int last) {
+    state.table.SheetAt(1).Select({1, first, kWorldDays + 1, last});
+  }
+
+  const ChartView& Chart() const { return screens.frmGraph.VtChart1.view; }
+};
+
+}  // namespace vistaplot::test
