@@ -10,7 +10,7 @@ constexpr double kRowHeight = 1.5;  // in font sizes, as are the following
 constexpr double kSwatchWidth = 1.6;
 constexpr double kSwatchGap = 0.5;
 constexpr double kColumnGap = 0.9;
-constexpr double kLeastText = 3.2;  // a column narrower than this tells names no longer
+constexpr double kLeastText = 4.6;  // a column narrower than this tells names no longer
 constexpr double kLeastPoints = 6.0;
 
 std::vector<LegendEntry> NamedSeries(const ChartView& view) {

@@ -50,11 +50,22 @@ void IncludePairs(AxisRanges& ranges, const std::vector<double>& x, const std::v
   }
 }
 
-// Where the last character of UTF-8 text begins; 0 also for an empty text.
-std::size_t LastLetter(const std::string& text) {
-  std::size_t start = text.empty() ? 0 : text.size() - 1;
-  while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0U) == 0x80U) --start;
-  return start;
+// Where the characters of UTF-8 text begin, and its end.
+std::vector<std::size_t> LetterStarts(const std::string& text) {
+  std::vector<std::size_t> starts;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if ((static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) starts.push_back(i);
+  }
+  starts.push_back(text.size());
+  return starts;
+}
+
+// The first two thirds and the last third of `kept` characters, the rest left out.
+std::string MiddleElided(const std::string& text,
+                         const std::vector<std::size_t>& starts,
+                         std::size_t kept) {
+  const std::size_t tail = kept / 3;
+  return text.substr(0, starts[kept - tail]) + "…" + text.substr(starts[starts.size() - 1 - tail]);
 }
 
 ValueRange RowRange(int rows) {
@@ -144,13 +155,15 @@ std::string ElideText(const LayoutContext& context,
                       int pixels,
                       double width) {
   if (context.measure.Width(text, pixels, false) <= width) return text;
-  std::string kept = text;
-  for (std::size_t start = LastLetter(kept); start > 0; start = LastLetter(kept)) {
-    kept.resize(start);
-    while (kept.size() > 1 && kept.back() == ' ') kept.pop_back();
-    if (context.measure.Width(kept + "…", pixels, false) <= width) break;
+  const std::vector<std::size_t> starts = LetterStarts(text);
+  std::size_t fits = 1;
+  std::size_t too_many = std::max<std::size_t>(starts.size() - 1, 2);
+  while (too_many - fits > 1) {
+    const std::size_t middle = (fits + too_many) / 2;
+    const std::string tried = MiddleElided(text, starts, middle);
+    (context.measure.Width(tried, pixels, false) <= width ? fits : too_many) = middle;
   }
-  return kept + "…";
+  return MiddleElided(text, starts, fits);
 }
 
 }  // namespace vistaplot

@@ -65,7 +65,8 @@ AxisRanges RangesOf(const ChartView& view);
 inline constexpr double kCapHeight = 0.73;
 inline constexpr double kLineHeight = 1.35;
 
-/// `text` cut to `width` with an ellipsis at its end; at least one letter stays.
+/// `text` cut to `width` with an ellipsis two thirds along it, so that names that differ at their
+/// end alone stay apart; at least one letter stays. A text that fits comes back whole.
 std::string ElideText(const LayoutContext& context,
                       const std::string& text,
                       int pixels,

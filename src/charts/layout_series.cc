@@ -10,8 +10,10 @@ namespace vistaplot {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
-constexpr double kLineWidth = 1.5;      // of a pen of width 1, at scale 1
-constexpr double kManyPoints = 3000.0;  // among so many points wide lines would smear
+constexpr double kLineWidth = 1.5;  // of a pen of width 1, at scale 1
+// Lines are drawn fine where wide ones would smear: with more points a unit of width, or in all.
+constexpr double kDensePoints = 1.5;
+constexpr double kManyPoints = 6000.0;
 constexpr double kLargestMarker = 6.0;  // of a whole series, at scale 1
 constexpr double kSmallestMarker = 3.0;
 constexpr double kMarkerStroke = 1.3;
@@ -193,12 +195,16 @@ std::vector<Curve> ThinCurves(const LayoutContext& context, const PlotScale& sca
   return curves;
 }
 
-std::size_t CountPoints(const std::vector<Curve>& curves) {
-  std::size_t count = 0;
+bool WantFineLines(const std::vector<Curve>& curves, double columns) {
+  double all = 0.0;
+  double most = 0.0;
   for (const Curve& curve : curves) {
-    for (const auto& piece : curve.pieces) count += piece.size();
+    double points = 0.0;
+    for (const auto& piece : curve.pieces) points += static_cast<double>(piece.size());
+    all += points;
+    most = std::max(most, points);
   }
-  return count;
+  return all > kManyPoints || most > kDensePoints * columns;
 }
 
 void DrawCurve(const LayoutContext& context, Curve curve, bool fine, ChartPicture& picture) {
@@ -234,7 +240,7 @@ void DrawMarkers(const LayoutContext& context, const PlotScale& scale, ChartPict
 
 void DrawSeries(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
   std::vector<Curve> curves = ThinCurves(context, scale);
-  const bool fine = static_cast<double>(CountPoints(curves)) > kManyPoints * context.detail;
+  const bool fine = WantFineLines(curves, scale.box.Width());
   for (Curve& curve : curves) DrawCurve(context, std::move(curve), fine, picture);
   DrawMarkers(context, scale, picture);
 }

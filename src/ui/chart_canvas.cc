@@ -114,6 +114,18 @@ QImage StampOf(const MarkerPath& marker, const StampMarkers& item, double ratio)
   return image;
 }
 
+// How far two stretches that meet at a corner reach beyond it: to the outer edge's own corner, at
+// most half the width, and a trace more than nothing, or the seam would show.
+double CornerReach(QPointF from, QPointF to, double width) {
+  constexpr double kSeam = 0.2;
+  const double dot = QPointF::dotProduct(from, to);
+  const double cross = std::abs(from.x() * to.y() - from.y() * to.x());
+  const double size = std::hypot(dot, cross);  // the product of both lengths
+  if (size <= 0.0 || dot <= -0.999 * size) return width / 2.0;
+  const double half_tangent = cross / (size + dot);
+  return std::min(width / 2.0, kSeam + width / 2.0 * half_tangent);
+}
+
 // Replays one kind of item after the other.
 class Replay {
  public:
@@ -179,18 +191,28 @@ class Replay {
   void operator()(const SetClip& item) { painter_.setClipRect(ToQt(item.box)); }
 
  private:
-  // A wide line stretch by stretch: its square ends close the corners as joins would, and the
-  // raster engine fills single stretches ten times faster than the outline of a long line.
+  // A wide line stretch by stretch, each a little longer so that corners close: the raster engine
+  // fills single stretches ten times faster than the outline of a long line.
   void DrawStretches(const StrokeLine& item) {
-    painter_.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::SquareCap));
-    QList<QLineF> stretches;
-    stretches.reserve(static_cast<qsizetype>(item.points.size()));
-    for (std::size_t i = 1; i < item.points.size(); ++i) {
-      const PicturePoint& from = item.points[i - 1];
-      const PicturePoint& to = item.points[i];
-      stretches.append(QLineF(from.x, from.y, to.x, to.y));
+    painter_.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::FlatCap));
+    const std::vector<PicturePoint>& points = item.points;
+    stretches_.clear();
+    double before = 0.0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const QLineF line(points[i - 1].x, points[i - 1].y, points[i].x, points[i].y);
+      const double length = line.length();
+      double after = 0.0;
+      if (i + 1 < points.size()) {
+        const QPointF next(points[i + 1].x - points[i].x, points[i + 1].y - points[i].y);
+        after = CornerReach({line.dx(), line.dy()}, next, item.width);
+      }
+      if (length > 0.0) {
+        const QPointF along(line.dx() / length, line.dy() / length);
+        stretches_.append(QLineF(line.p1() - along * before, line.p2() + along * after));
+      }
+      before = after;
     }
-    painter_.drawLines(stretches);
+    painter_.drawLines(stretches_);
   }
 
   void Stamp(const MarkerPath& marker, const StampMarkers& item) {
@@ -220,6 +242,7 @@ class Replay {
   bool pixels_;
   QTransform place_;   // to device pixels
   QPolygonF polygon_;  // its memory serves line after line
+  QList<QLineF> stretches_;
 };
 
 }  // namespace
