@@ -103,7 +103,7 @@ std::optional<std::string> ScriptDialogs::ChooseFileToSave(const FileRequest& re
 }
 
 void ScriptDialogs::EndProgram(bool fatal) {
-  throw ProgramEnded{fatal};
+  throw RunEnded{fatal};
 }
 
 std::optional<ScriptAnswer> ScriptDialogs::TakeFileAnswer(AnswerKind kind) {

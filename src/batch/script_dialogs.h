@@ -24,7 +24,7 @@ class ScriptDialogs : public Dialogs {
   std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) override;
   std::optional<std::string> ChooseFileToSave(const FileRequest& request) override;
 
-  /// Throws ProgramEnded.
+  /// Throws RunEnded.
   void EndProgram(bool fatal) override;
 
  private:

@@ -17,7 +17,7 @@ struct ScriptError {
 };
 
 /// The program has ended itself: by Exit, or after a fatal error.
-struct ProgramEnded {
+struct RunEnded {
   bool fatal = false;
 };
 

@@ -86,13 +86,13 @@ int NumberFromWord(std::string_view word, std::string_view what, int least, int 
 }
 
 std::string DidYouMean(std::string_view word, std::span<const std::string> names) {
-  constexpr int kNear = 2;
+  const int near = std::min(2, static_cast<int>(word.size() / 3));
   constexpr int kMost = 3;
   std::string list;
   int found = 0;
   for (const std::string& name : names) {
     const bool begins = !word.empty() && StartsWithIgnoringCase(name, word);
-    if (found == kMost || (!begins && EditDistance(word, name) > kNear)) continue;
+    if (found == kMost || (!begins && EditDistance(word, name) > near)) continue;
     list += (found++ == 0 ? " (did you mean " : ", ") + name;
   }
   return found == 0 ? list : list + "?)";

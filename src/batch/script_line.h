@@ -20,8 +20,8 @@ std::vector<std::string> SplitScriptLine(std::string_view line);
 /// was expected, for anything else.
 int NumberFromWord(std::string_view word, std::string_view what, int least, int most);
 
-/// " (did you mean A, B?)" with the names that differ from `word` in at most two letters or begin
-/// with it, at most three of them; empty when there are none.
+/// " (did you mean A, B?)" with the names that differ from `word` in at most two letters (fewer in
+/// short words) or begin with it, at most three of them; empty when there are none.
 std::string DidYouMean(std::string_view word, std::span<const std::string> names);
 
 }  // namespace vistaplot

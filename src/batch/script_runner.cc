@@ -70,7 +70,7 @@ int ScriptRunner::Run(std::istream& script, const std::function<void()>& start) 
     return Report(error.text, error.line);
   } catch (const std::exception& failure) {
     return Report(std::string("the program failed: ") + failure.what(), line_);
-  } catch (const ProgramEnded& end) {
+  } catch (const RunEnded& end) {
     world_.out.flush();
     return kRunFatal;
   }
@@ -85,7 +85,7 @@ void ScriptRunner::RunAll(std::istream& script, const std::function<void()>& sta
     std::string line;
     while (ReadLine(line)) RunLine(line);
     if (script.bad()) throw ScriptError("the script cannot be read on");
-  } catch (const ProgramEnded& end) {
+  } catch (const RunEnded& end) {
     if (end.fatal) throw;
   }
 }

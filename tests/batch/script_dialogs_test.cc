@@ -1,0 +1,102 @@
+#include "batch/script_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "batch/script_error.h"
+
+namespace vistaplot {
+namespace {
+
+struct Asked {
+  AnswerQueue answers;
+  std::ostringstream out;
+  ScriptDialogs dialogs{answers, out};
+
+  void Queue(const std::string& line) {
+    const std::vector<std::string> words = SplitScriptLine(line);
+    answers.Add(AnswerFromWords(ScriptWords(words).subspan(1)));
+  }
+  std::string Report() {
+    std::string text = out.str();
+    out.str("");
+    return text;
+  }
+};
+
+FileRequest Files(const std::string& title, bool multiple = false) {
+  FileRequest request;
+  request.title = title;
+  request.multiple = multiple;
+  return request;
+}
+
+MessageRequest Box(Buttons buttons) {
+  return {.text = "line 1\rline 2", .title = "Error", .buttons = buttons, .icon = Icon::kNone};
+}
+
+TEST(ScriptDialogs, WithoutAnswersTheDefaultsHold) {
+  Asked asked;
+  EXPECT_EQ(asked.dialogs.ShowMessage(Box(Buttons::kOk)), Answer::kOk);
+  EXPECT_EQ(asked.Report(),
+            R"({"message": {"title": "Error", "text": "line 1\rline 2", "buttons": "ok", )"
+            R"("answer": "ok"}})"
+            "\n");
+  EXPECT_EQ(asked.dialogs.ShowMessage(Box(Buttons::kOkCancel)), Answer::kOk);
+  EXPECT_EQ(asked.dialogs.ShowMessage(Box(Buttons::kYesNoCancel)), Answer::kNo);
+  EXPECT_EQ(asked.dialogs.AskText({.prompt = "P", .title = "T", .proposed = "A.SUM"}), "A.SUM");
+  asked.Report();
+  EXPECT_FALSE(asked.dialogs.ChooseFileToSave(Files("Save")));
+  EXPECT_EQ(asked.Report(),
+            "{\"save\": {\"title\": \"Save\", \"filter\": \"\", \"answer\": null}}\n");
+  EXPECT_TRUE(asked.dialogs.ChooseFilesToOpen(Files("Open")).empty());
+}
+
+TEST(ScriptDialogs, TheHeadIsTakenWhenItsKindFits) {
+  Asked asked;
+  asked.Queue("answer yes");
+  asked.Queue("answer open a b");
+  asked.Queue("answer cancel");
+  asked.Queue("answer text \"new name\"");
+  EXPECT_EQ(asked.dialogs.ShowMessage(Box(Buttons::kOk)), Answer::kOk) << "yes does not fit";
+  EXPECT_EQ(asked.dialogs.ShowMessage(Box(Buttons::kYesNoCancel)), Answer::kYes);
+  EXPECT_EQ(asked.dialogs.ShowMessage(Box(Buttons::kYesNoCancel)), Answer::kNo);
+  asked.Report();
+  const std::vector<std::string> files{"a", "b"};
+  EXPECT_EQ(asked.dialogs.ChooseFilesToOpen(Files("O", true)), files);
+  EXPECT_EQ(asked.Report(),
+            "{\"open\": {\"title\": \"O\", \"filter\": \"\", \"answer\": [\"a\", \"b\"]}}\n");
+  EXPECT_FALSE(asked.dialogs.AskText({.prompt = "P", .title = {}, .proposed = "x"}));
+  EXPECT_THROW(asked.answers.RequireEmpty(), ScriptError);
+  asked.Report();
+  EXPECT_EQ(asked.dialogs.AskText({.prompt = "P", .title = {}, .proposed = "x"}), "new name");
+  EXPECT_EQ(asked.Report(),
+            "{\"input\": {\"title\": \"\", \"text\": \"P\", \"proposed\": \"x\", "
+            "\"answer\": \"new name\"}}\n");
+  EXPECT_NO_THROW(asked.answers.RequireEmpty());
+}
+
+TEST(ScriptDialogs, ADialogForOneFileTakesNoTwo) {
+  Asked asked;
+  asked.Queue("answer open a b");
+  EXPECT_THROW(asked.dialogs.ChooseFilesToOpen(Files("One")), ScriptError);
+}
+
+TEST(ScriptDialogs, AnswersThatNoBoxGivesAreRefused) {
+  for (const char* line : {"answer",
+                           "answer maybe",
+                           "answer ok now",
+                           "answer text",
+                           "answer text a b",
+                           "answer open",
+                           "answer save a b"}) {
+    const std::vector<std::string> words = SplitScriptLine(line);
+    EXPECT_THROW(AnswerFromWords(ScriptWords(words).subspan(1)), ScriptError) << line;
+  }
+}
+
+}  // namespace
+}  // namespace vistaplot
