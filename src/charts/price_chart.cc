@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
-#include <utility>
 
 #include "base/date.h"
 #include "base/text.h"
@@ -66,8 +67,9 @@ class Builder {
           GraphSelection& selection,
           ChartView& view)
       : request_(request), prices_(prices), selection_(selection), view_(view) {
-    for (const PriceOverlay& overlay : request.overlays)
+    for (const PriceOverlay& overlay : request.overlays) {
       series_per_fund_ += overlay.suffixes.size();
+    }
   }
 
   // False when the chart would have too many points.
@@ -221,6 +223,7 @@ class Builder {
                         .column = table_column,
                         .first_day = selection_.FirstDay,
                         .chart_days = selection_.ChartDays});
+    assert(curves.size() == overlay.suffixes.size());
     const int start = StartOf(curves);
     for (std::size_t curve = 0; curve < curves.size(); ++curve) {
       const int column = columns.first + static_cast<int>(curve);

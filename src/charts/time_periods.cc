@@ -35,7 +35,7 @@ const TimePeriod& TimePeriodAt(int index) {
 Result<std::int16_t> LookbackDaysFor(std::span<const double> periods) {
   std::int16_t days = kLeastLookbackDays;
   for (const double period : periods) {
-    const Result<std::int16_t> needed = ToInt16(period + kLeastLookbackDays);
+    Result<std::int16_t> needed = ToInt16(period + kLeastLookbackDays);
     if (!needed) return needed;
     days = std::max(days, needed.Value());
   }
