@@ -101,7 +101,7 @@ void PlaceRightColumn(const LayoutContext& context, ChartFrame& frame) {
   frame.plot.right = context.size.width - margin;
   if (width > 0.0) frame.plot.right -= width + 1.3 * margin;
   frame.plot.right = std::floor(frame.plot.right);
-  frame.legend_at = {frame.plot.right + 1.3 * margin, frame.plot.top};
+  frame.legend_at = {std::floor(frame.plot.right + 1.3 * margin), frame.plot.top};
 }
 
 // The marks' texts stand left of the data: inside the plot, or outside where the scale shows.
