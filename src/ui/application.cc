@@ -1,0 +1,78 @@
+#include "ui/application.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QScreen>
+#include <clocale>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "ui/window_program.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr int kNoDisplay = 2;
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+/// The toolkit aborts where it finds no display, so it is asked for before.
+bool DisplayNamed() {
+  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
+}
+
+/// Last defence: what escapes a widget's own event handler is told, not fatal.
+class GuardedApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  void SetGuard(EventGuard* guard) { guard_ = guard; }
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    if (guard_ == nullptr) return QApplication::notify(receiver, event);
+    bool handled = true;
+    try {
+      handled = QApplication::notify(receiver, event);
+    } catch (...) {
+      const std::exception_ptr escaped = std::current_exception();
+      guard_->Run([&escaped] { std::rethrow_exception(escaped); });
+    }
+    return handled;
+  }
+
+ private:
+  EventGuard* guard_ = nullptr;
+};
+
+/// Numbers and dates look the same on every desktop.
+void KeepPlainLocale() {
+  std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale::c());
+}
+
+}  // namespace
+
+int RunWindows(const Options& options, int& argc, char** argv) {
+  if (!DisplayNamed()) {
+    std::cerr << "vistaplot: cannot open a display\n"
+                 "Set DISPLAY or WAYLAND_DISPLAY, or play a script without windows:\n"
+                 "  vistaplot --batch SCRIPT\n";
+    return kNoDisplay;
+  }
+  GuardedApplication application(argc, argv);
+  KeepPlainLocale();
+  QApplication::setApplicationName(QStringLiteral("vistaplot"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  WindowProgram program(options);
+  application.SetGuard(&program.Guard());
+  const int status = program.Run();
+  application.SetGuard(nullptr);
+  return status;
+}
+
+}  // namespace vistaplot

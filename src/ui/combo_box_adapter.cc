@@ -1,0 +1,50 @@
+#include <QComboBox>
+#include <QStringList>
+
+#include "controls/list_controls.h"
+#include "ui/adapters.h"
+#include "ui/qt_text.h"
+
+namespace vistaplot {
+
+namespace {
+
+class ComboBoxAdapter : public ControlAdapter {
+ public:
+  ComboBoxAdapter(ComboBox& list, const AdapterParts& parts)
+      : ControlAdapter(list, parts.guard), list_(list), combo_(new QComboBox(parts.parent)) {
+    combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo_->setMaxVisibleItems(kRowsShown);
+    SetWidget(combo_);
+    connect(combo_, &QComboBox::activated, this, [this](int position) {
+      Act([this, position] { list_.SetListIndex(position); });
+    });
+  }
+
+  bool OneLine() const override { return true; }
+
+ protected:
+  void CopyEntries() override {
+    QStringList texts;
+    for (const std::string& entry : list_.Entries()) texts += QtText(entry);
+    combo_->clear();
+    combo_->addItems(texts);
+    CopyValue();
+  }
+
+  void CopyValue() override { combo_->setCurrentIndex(list_.ListIndex()); }
+
+ private:
+  static constexpr int kRowsShown = 20;
+
+  ComboBox& list_;
+  QComboBox* combo_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlAdapter> MakeComboBox(Control& control, const AdapterParts& parts) {
+  return std::make_unique<ComboBoxAdapter>(static_cast<ComboBox&>(control), parts);
+}
+
+}  // namespace vistaplot

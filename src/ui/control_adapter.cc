@@ -1,0 +1,75 @@
+#include "ui/control_adapter.h"
+
+#include <QSignalBlocker>
+
+namespace vistaplot {
+
+ControlAdapter::ControlAdapter(Control& control, EventGuard& guard)
+    : control_(control), guard_(guard) {
+  control_.SetObserver(this);
+}
+
+ControlAdapter::~ControlAdapter() {
+  control_.SetObserver(nullptr);
+}
+
+std::vector<QWidget*> ControlAdapter::TabStops() const {
+  if (widget_ == nullptr || widget_->focusPolicy() == Qt::NoFocus) return {};
+  return {widget_};
+}
+
+void ControlAdapter::SetAccessibleName(const QString& name) {
+  if (widget_ != nullptr) widget_->setAccessibleName(name);
+}
+
+void ControlAdapter::CopyAll() {
+  for (const ControlAspect aspect : {ControlAspect::kCaption,
+                                     ControlAspect::kEntries,
+                                     ControlAspect::kValue,
+                                     ControlAspect::kEnabled,
+                                     ControlAspect::kVisible}) {
+    Copy(aspect);
+  }
+}
+
+void ControlAdapter::ControlChanged(Control& /*control*/, ControlAspect aspect) {
+  if (aspect == ControlAspect::kPlace) {
+    emit Moved();
+  } else {
+    Copy(aspect);
+  }
+}
+
+void ControlAdapter::Copy(ControlAspect aspect) {
+  const QSignalBlocker blocker(widget_);
+  switch (aspect) {
+    case ControlAspect::kVisible:
+      return CopyVisible();
+    case ControlAspect::kEnabled:
+      return CopyEnabled();
+    case ControlAspect::kCaption:
+      return CopyCaption();
+    case ControlAspect::kValue:
+      return CopyValue();
+    case ControlAspect::kEntries:
+      return CopyEntries();
+    case ControlAspect::kRepaint:
+      return RepaintNow();
+    case ControlAspect::kPlace:
+      return;
+  }
+}
+
+void ControlAdapter::CopyVisible() {
+  if (widget_ != nullptr) widget_->setVisible(control_.Visible());
+}
+
+void ControlAdapter::CopyEnabled() {
+  if (widget_ != nullptr) widget_->setEnabled(control_.Enabled());
+}
+
+void ControlAdapter::RepaintNow() {
+  if (widget_ != nullptr && widget_->isVisible()) widget_->repaint();
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,154 @@
+#include "ui/form_view.h"
+
+#include <QLabel>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/qt_text.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15.0;
+constexpr int kDialogMargin = 12;        ///< pixels between a dialog's last controls and its edge
+constexpr QSize kLeastScreen(600, 440);  ///< screens with fields scroll below this
+constexpr QSize kLeastPicture(160, 120);
+
+int Pixel(double twips, double factor) {
+  return static_cast<int>(std::lround(twips * factor / kTwipsPerPixel));
+}
+
+double Length(const std::optional<float>& length) {
+  return static_cast<double>(length.value_or(0.0F));
+}
+
+/// `place` with another height about the same middle line.
+QRect WithHeight(const QRect& place, int height) {
+  return {place.left(), place.top() + (place.height() - height) / 2, place.width(), height};
+}
+
+/// Nothing of the control itself says what it is for.
+bool NeedsName(const ControlAdapter& adapter) {
+  return adapter.Source().Caption().empty() && !adapter.TabStops().empty();
+}
+
+}  // namespace
+
+QRect PixelPlace(const Place& place, double x_factor, double y_factor) {
+  const double left = Length(place.Left);
+  const double top = Length(place.Top);
+  const QPoint corner(Pixel(left, x_factor), Pixel(top, y_factor));
+  const QPoint end(Pixel(left + Length(place.Width), x_factor),
+                   Pixel(top + Length(place.Height), y_factor));
+  return {corner, end - QPoint(1, 1)};
+}
+
+FormView::FormView(Form& form,
+                   const AdapterFactory& factory,
+                   const AdapterParts& parts,
+                   QSize display)
+    : QWidget(parts.parent), form_(form) {
+  Build(factory, parts);
+  MeasureBase(display);
+  NameWidgets();
+  ChainTabStops();
+  LayOut();
+}
+
+FormView::~FormView() = default;
+
+ControlAdapter* FormView::AdapterOf(const Control& control) const {
+  const auto found = by_control_.find(&control);
+  return found == by_control_.end() ? nullptr : found->second;
+}
+
+void FormView::Build(const AdapterFactory& factory, const AdapterParts& parts) {
+  for (Control* control : form_.Controls()) {
+    AdapterParts own = parts;
+    own.parent = ParentFor(*control);
+    auto adapter = factory.Make(*control, own);
+    if (adapter == nullptr) continue;
+    if (adapter->Widget() != nullptr) adapter->Widget()->setObjectName(QtText(control->Name()));
+    by_control_[control] = adapter.get();
+    connect(adapter.get(), &ControlAdapter::Moved, this, &FormView::LayOut);
+    adapters_.push_back(std::move(adapter));
+  }
+}
+
+QWidget* FormView::ParentFor(const Control& control) {
+  if (control.Container() == nullptr) return this;
+  ControlAdapter* container = AdapterOf(*control.Container());
+  return container == nullptr || container->Widget() == nullptr ? this : container->Widget();
+}
+
+void FormView::MeasureBase(QSize display) {
+  bool has_fields = false;
+  QRect all;
+  for (const auto& adapter : adapters_) {
+    all |= PixelPlace(adapter->Source().Where(), 1.0, 1.0);
+    const bool bar = adapter->Source().Kind() == ControlKind::kScrollBar;
+    has_fields = has_fields || (adapter->OneLine() && !bar);
+  }
+  const QSize extent(all.right() + 1 + kDialogMargin, all.bottom() + 1 + kDialogMargin);
+  base_ = display.isEmpty() ? extent : display;
+  minimum_ = display.isEmpty() ? extent : has_fields ? kLeastScreen : kLeastPicture;
+  setMinimumSize(minimum_);
+  resize(base_);
+}
+
+void FormView::NameWidgets() {
+  for (std::size_t i = 0; i < adapters_.size(); ++i) {
+    ControlAdapter& adapter = *adapters_[i];
+    if (!NeedsName(adapter)) continue;
+    const Control& control = adapter.Source();
+    const ControlAdapter* before = i > 0 ? adapters_[i - 1].get() : nullptr;
+    if (before != nullptr && before->Source().Kind() == ControlKind::kLabel) {
+      static_cast<QLabel*>(before->Widget())->setBuddy(adapter.TabStops().front());
+    } else if (control.Container() != nullptr && !control.Container()->Caption().empty()) {
+      adapter.SetAccessibleName(SpokenText(control.Container()->Caption()));
+    } else {
+      adapter.SetAccessibleName(QtText(control.Name()));
+    }
+  }
+}
+
+void FormView::ChainTabStops() {
+  QWidget* last = nullptr;
+  for (const auto& adapter : adapters_) {
+    for (QWidget* stop : adapter->TabStops()) {
+      if (last != nullptr) setTabOrder(last, stop);
+      last = stop;
+    }
+  }
+}
+
+void FormView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  LayOut();
+}
+
+void FormView::LayOut() {
+  for (const auto& adapter : adapters_) {
+    if (adapter->Widget() != nullptr) Put(*adapter);
+  }
+}
+
+void FormView::Put(const ControlAdapter& adapter) {
+  QWidget& widget = *adapter.Widget();
+  const double x_factor = static_cast<double>(width()) / base_.width();
+  const double y_factor = static_cast<double>(height()) / base_.height();
+  QRect place = PixelPlace(adapter.Source().Where(), x_factor, y_factor);
+  if (adapter.OneLine()) {
+    place = WithHeight(place, widget.sizeHint().height());
+  } else if (adapter.Source().Kind() == ControlKind::kLabel) {
+    place = WithHeight(place, std::max(place.height(), widget.fontMetrics().height()));
+  }
+  if (widget.parentWidget() != this) {
+    const ControlAdapter* container = AdapterOf(*adapter.Source().Container());
+    place.translate(-PixelPlace(container->Source().Where(), x_factor, y_factor).topLeft());
+  }
+  widget.setGeometry(place);
+}
+
+}  // namespace vistaplot

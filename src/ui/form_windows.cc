@@ -1,0 +1,76 @@
+#include "ui/form_windows.h"
+
+#include <QCloseEvent>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "controls/simple_controls.h"
+#include "ui/qt_text.h"
+
+namespace vistaplot {
+
+namespace {
+
+Button* CancelButton(const Form& form) {
+  for (Control* control : form.Controls()) {
+    if (control->Kind() != ControlKind::kButton) continue;
+    if (SpokenText(control->Caption()) == u"Cancel") return static_cast<Button*>(control);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+ScreenWindow::ScreenWindow(Form& form, FormView& view, EventGuard& guard)
+    : form_(form), guard_(guard) {
+  auto* area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(&view);
+  setWidget(area);
+  setWindowTitle(QtText(form.Caption()));
+  setObjectName(QtText(form.Name()));
+}
+
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  guard_.Run([this] { form_.Hide(); });
+}
+
+DialogWindow::DialogWindow(Form& form, QWidget* parent, EventGuard& guard)
+    : QDialog(parent), form_(form), guard_(guard) {
+  setWindowTitle(QtText(form.Caption()));
+  setObjectName(QtText(form.Name()));
+  if (form.Style() == FormStyle::kDialog) setWindowModality(Qt::ApplicationModal);
+}
+
+void DialogWindow::Hold(FormView& view) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(&view);
+}
+
+void DialogWindow::reject() {
+  CloseForm();
+}
+
+void DialogWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  CloseForm();
+}
+
+void DialogWindow::CloseForm() {
+  guard_.Run([this] {
+    Button* cancel = CancelButton(form_);
+    if (cancel != nullptr && cancel->Usable()) {
+      cancel->RaiseClick();
+    } else if (form_.Style() == FormStyle::kDialog) {
+      form_.Unload();
+    } else {
+      form_.Hide();
+    }
+  });
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,116 @@
+#include "ui/main_window.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QStatusBar>
+
+#include "ui/qt_text.h"
+#include "ui/tool_icon.h"
+
+namespace vistaplot {
+
+MainWindow::MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard)
+    : area_(*new QMdiArea(this)),
+      menus_(frame, *menuBar(), guard),
+      tools_(frame, factory, *this, guard) {
+  setWindowTitle(QtText(frame.Caption()));
+  setWindowIcon(ProgramIcon());
+  setCentralWidget(&area_);
+  statusBar()->setSizeGripEnabled(false);
+  connect(&tools_, &FrameTools::ToolsLeft, this, &MainWindow::ToolsLeft);
+}
+
+QSize MainWindow::ClientSize() {
+  ensurePolished();
+  layout()->activate();
+  return area_.size();
+}
+
+void MainWindow::SetShortcut(std::string_view command, const QKeySequence& key) {
+  if (QAction* action = menus_.Find(command)) action->setShortcut(key);
+}
+
+void MainWindow::ListScreensIn(std::string_view menu) {
+  QAction* action = menus_.Find(menu);
+  if (action == nullptr || action->menu() == nullptr) return;
+  QMenu* list = action->menu();
+  connect(list, &QMenu::aboutToShow, this, [this, list] { FillScreenList(*list); });
+}
+
+void MainWindow::FillScreenList(QMenu& menu) {
+  qDeleteAll(listed_screens_);
+  listed_screens_ = {menu.addSeparator()};
+  int number = 0;
+  for (QMdiSubWindow* screen : area_.subWindowList()) {
+    if (screen->isHidden()) continue;
+    QAction* entry =
+        menu.addAction(QStringLiteral("&%1 %2").arg(++number).arg(screen->windowTitle()));
+    entry->setCheckable(true);
+    entry->setChecked(screen == area_.activeSubWindow());
+    connect(
+        entry, &QAction::triggered, &area_, [this, screen] { area_.setActiveSubWindow(screen); });
+    listed_screens_ += entry;
+  }
+}
+
+void MainWindow::Arrange(WindowArrangement arrangement) {
+  switch (arrangement) {
+    case WindowArrangement::kCascade:
+      return area_.cascadeSubWindows();
+    case WindowArrangement::kTile:
+      return area_.tileSubWindows();
+    case WindowArrangement::kArrangeIcons:
+      return ArrangeIcons();
+  }
+}
+
+void MainWindow::ArrangeIcons() {
+  QPoint corner(0, area_.viewport()->height());
+  for (QMdiSubWindow* screen : area_.subWindowList()) {
+    if (!screen->isMinimized()) continue;
+    if (corner.x() + screen->width() > area_.viewport()->width()) {
+      corner = QPoint(0, corner.y() - screen->height());
+    }
+    screen->move(corner - QPoint(0, screen->height()));
+    corner.rx() += screen->width();
+  }
+}
+
+void MainWindow::ToggleFullScreen() {
+  if (isFullScreen()) {
+    ShowFrameParts(true);
+    setWindowState(states_before_full_screen_);
+    return;
+  }
+  QMdiSubWindow* front = area_.activeSubWindow();
+  if (front == nullptr) return;
+  states_before_full_screen_ = windowState();
+  front->showMaximized();
+  ShowFrameParts(false);
+  showFullScreen();
+}
+
+void MainWindow::ShowFrameParts(bool shown) {
+  menuBar()->setVisible(shown);
+  statusBar()->setVisible(shown);
+  for (QToolBar* bar : findChildren<QToolBar*>()) bar->setVisible(shown);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  emit CloseAsked();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  if (isFullScreen() && event->key() == Qt::Key_Escape) {
+    ToggleFullScreen();
+  } else {
+    QMainWindow::keyPressEvent(event);
+  }
+}
+
+}  // namespace vistaplot

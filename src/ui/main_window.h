@@ -1,0 +1,59 @@
+// The program's main window: menus, tool bar and status line from the frame form's controls, and
+// the area of the child screens.
+#pragma once
+
+#include <QMainWindow>
+#include <QMdiArea>
+#include <string_view>
+
+#include "controls/form.h"
+#include "controls/form_host.h"
+#include "ui/frame_menus.h"
+#include "ui/frame_tools.h"
+
+namespace vistaplot {
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard);
+
+  QMdiArea& Area() { return area_; }
+
+  /// The room that the child screens have at the window's present size, in pixels.
+  QSize ClientSize();
+
+  /// A key for the menu command of that control name; no command, no key.
+  void SetShortcut(std::string_view command, const QKeySequence& key);
+
+  /// Lists the child screens at the end of the menu of that control name.
+  void ListScreensIn(std::string_view menu);
+
+  void Arrange(WindowArrangement arrangement);
+
+  /// The front screen alone on the whole display, or back.
+  void ToggleFullScreen();
+
+ signals:
+  /// The user asks to close the window; it stays until the program ends.
+  void CloseAsked();
+  void ToolsLeft();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void FillScreenList(QMenu& menu);
+  void ArrangeIcons();
+  void ShowFrameParts(bool shown);
+
+  QMdiArea& area_;
+  FrameMenus menus_;
+  FrameTools tools_;
+  QList<QAction*> listed_screens_;
+  Qt::WindowStates states_before_full_screen_;
+};
+
+}  // namespace vistaplot

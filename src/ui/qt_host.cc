@@ -1,0 +1,138 @@
+#include "ui/qt_host.h"
+
+#include <QApplication>
+#include <cmath>
+
+#include "ui/form_windows.h"
+#include "ui/pointer_pause.h"
+
+namespace vistaplot {
+
+namespace {
+
+QSize InPixels(const DisplaySize& display) {
+  constexpr float kTwipsPerPixel = 15.0F;
+  return {static_cast<int>(std::lround(display.width / kTwipsPerPixel)),
+          static_cast<int>(std::lround(display.height / kTwipsPerPixel))};
+}
+
+}  // namespace
+
+void QtHost::Use(MainWindow& window, const Form& frame, DataTable& table) {
+  window_ = &window;
+  frame_ = &frame;
+  table_ = &table;
+}
+
+void QtHost::Close() {
+  for (auto& [form, entry] : entries_) delete entry.window;
+  entries_.clear();
+}
+
+FormView* QtHost::ViewOf(const Form& form) const {
+  const auto found = entries_.find(&form);
+  return found == entries_.end() ? nullptr : found->second.view;
+}
+
+Form* QtHost::FrontScreen() const {
+  const QMdiSubWindow* front = window_ == nullptr ? nullptr : window_->Area().activeSubWindow();
+  for (const auto& [form, entry] : entries_) {
+    if (front != nullptr && entry.window == front) return &entry.view->Source();
+  }
+  return nullptr;
+}
+
+QtHost::Entry& QtHost::EntryOf(Form& form) {
+  Entry& entry = entries_[&form];
+  if (entry.window != nullptr) return entry;
+  if (form.Style() == FormStyle::kScreen) {
+    BuildScreen(form, entry);
+  } else {
+    BuildDialog(form, entry);
+  }
+  return entry;
+}
+
+void QtHost::BuildScreen(Form& form, Entry& entry) {
+  entry.view = new FormView(form, factory_, {.guard = guard_, .table = table_}, InPixels(display_));
+  auto* window = new ScreenWindow(form, *entry.view, guard_);
+  window_->Area().addSubWindow(window);
+  entry.window = window;
+}
+
+void QtHost::BuildDialog(Form& form, Entry& entry) {
+  auto* window = new DialogWindow(form, window_, guard_);
+  entry.view =
+      new FormView(form, factory_, {.guard = guard_, .parent = window, .table = table_}, QSize());
+  window->Hold(*entry.view);
+  entry.window = window;
+}
+
+void QtHost::FormShown(Form& form) {
+  if (&form == frame_) return window_->show();
+  const bool first = ViewOf(form) == nullptr;
+  const Entry& entry = EntryOf(form);
+  if (form.Style() != FormStyle::kScreen) {
+    entry.window->show();
+    entry.window->raise();
+    entry.window->activateWindow();
+    return;
+  }
+  const QMdiSubWindow* front = window_->Area().activeSubWindow();
+  const bool fill = first && (front == nullptr || front->isMaximized());
+  if (fill) {
+    entry.window->showMaximized();
+  } else if (entry.window->isMinimized()) {
+    entry.window->showNormal();
+  } else {
+    entry.window->show();
+  }
+  window_->Area().setActiveSubWindow(static_cast<QMdiSubWindow*>(entry.window));
+}
+
+void QtHost::FormHidden(Form& form) {
+  if (&form == frame_) {
+    window_->hide();
+    return;
+  }
+  const auto found = entries_.find(&form);
+  if (found == entries_.end()) return;
+  found->second.window->hide();
+  if (found->second.modal_loop != nullptr) found->second.modal_loop->quit();
+}
+
+void QtHost::FormRepaint(Form& form) {
+  FormView* view = ViewOf(form);
+  if (view != nullptr && view->isVisible()) view->repaint();
+}
+
+void QtHost::PointerChanged(Form& form) {
+  const bool was_busy = !busy_forms_.empty();
+  if (form.Pointer() == MousePointer::kHourglass) {
+    busy_forms_.insert(&form);
+  } else {
+    busy_forms_.erase(&form);
+  }
+  if (busy_forms_.empty() == !was_busy) return;
+  if (was_busy) {
+    QApplication::restoreOverrideCursor();
+  } else {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  }
+}
+
+void QtHost::RunModal(Form& form) {
+  Entry& entry = EntryOf(form);
+  const PointerPause pause;
+  QEventLoop loop;
+  entry.modal_loop = &loop;
+  loop.exec();
+  entry.modal_loop = nullptr;
+  guard_.ThrowIfEnded();
+}
+
+void QtHost::Arrange(WindowArrangement arrangement) {
+  window_->Arrange(arrangement);
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,67 @@
+// The desktop as the host of forms: screens inside the main window, windows beside it, dialogs over
+// it. A form's widgets are built when it is first shown.
+#pragma once
+
+#include <QEventLoop>
+#include <QWidget>
+#include <map>
+#include <set>
+
+#include "controls/form.h"
+#include "controls/form_host.h"
+#include "ui/adapter_factory.h"
+#include "ui/form_view.h"
+#include "ui/main_window.h"
+
+namespace vistaplot {
+
+class QtHost : public FormHost {
+ public:
+  /// Both outlive the host.
+  QtHost(EventGuard& guard, const AdapterFactory& factory) : guard_(guard), factory_(factory) {}
+
+  /// Where the forms are shown from now on, and what their grids show. `frame` is the form that the
+  /// window itself skins.
+  void Use(MainWindow& window, const Form& frame, DataTable& table);
+
+  /// Takes all forms' widgets away; to be called before the window or a form goes.
+  void Close();
+
+  void SetDisplay(const DisplaySize& display) { display_ = display; }
+
+  /// The widget of a form; null before it was first shown.
+  FormView* ViewOf(const Form& form) const;
+
+  /// The child screen in front; null when there is none.
+  Form* FrontScreen() const;
+
+  DisplaySize Display() const override { return display_; }
+  void FormShown(Form& form) override;
+  void FormHidden(Form& form) override;
+  void FormRepaint(Form& form) override;
+  void PointerChanged(Form& form) override;
+  void RunModal(Form& form) override;
+  void Arrange(WindowArrangement arrangement) override;
+
+ private:
+  struct Entry {
+    QWidget* window = nullptr;  ///< sub-window or dialog
+    FormView* view = nullptr;
+    QEventLoop* modal_loop = nullptr;  ///< runs while the form is modal
+  };
+
+  Entry& EntryOf(Form& form);
+  void BuildScreen(Form& form, Entry& entry);
+  void BuildDialog(Form& form, Entry& entry);
+
+  EventGuard& guard_;
+  const AdapterFactory& factory_;
+  MainWindow* window_ = nullptr;
+  const Form* frame_ = nullptr;
+  DataTable* table_ = nullptr;
+  DisplaySize display_;
+  std::map<const Form*, Entry> entries_;
+  std::set<const Form*> busy_forms_;  ///< those that show the hourglass
+};
+
+}  // namespace vistaplot

@@ -1,0 +1,128 @@
+#include "ui/window_program.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QShortcut>
+#include <algorithm>
+#include <array>
+
+namespace vistaplot {
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+
+struct CommandKey {
+  std::string_view command;  ///< control name of a menu item
+  QKeySequence::StandardKey key;
+  const char* text;  ///< where the desktop has no such key
+};
+
+constexpr const char* kKeyList =
+    "Alt with an underlined letter\tmenus, fields, buttons\n"
+    "Ctrl+Tab, Ctrl+Shift+Tab\tnext, previous screen\n"
+    "F1\tthis list\n"
+    "F11\tthe chart on the whole display, and back\n"
+    "Ctrl+Q\tend the program\n";
+
+QSize AvailableSize() {
+  const QScreen* screen = QApplication::primaryScreen();
+  return screen == nullptr ? QSize(1280, 960) : screen->availableGeometry().size();
+}
+
+bool ShowsChart(const Form& form) {
+  return std::any_of(form.Controls().begin(), form.Controls().end(), [](const Control* control) {
+    return control->Kind() == ControlKind::kChartBox;
+  });
+}
+
+}  // namespace
+
+WindowProgram::WindowProgram(const Options& options)
+    : options_(options),
+      factory_(StandardAdapters()),
+      quoteline_(options.quoteline_dir),
+      settings_(options.settings_file),
+      program_({.quoteline = quoteline_,
+                .settings = settings_,
+                .dialogs = dialogs_,
+                .host = host_,
+                .program_dir = ProgramFolder(),
+                .roots = RootsFromEnvironment()}),
+      window_(program_.AllScreens().frmMain, factory_, guard_) {
+  guard_.ReportTo(&dialogs_);
+  dialogs_.Use(&window_, program_.State().roots);
+  host_.Use(window_, program_.AllScreens().frmMain, program_.State().table);
+  connect(&window_, &MainWindow::CloseAsked, this, [this] {
+    guard_.Run([this] { program_.AllScreens().frmMain.mnuFileExit_Click(); });
+  });
+  connect(&window_, &MainWindow::ToolsLeft, this, [this] {
+    guard_.Run([this] { program_.AllScreens().frmMain.HideTip(); });
+  });
+  SetUpKeys();
+}
+
+WindowProgram::~WindowProgram() {
+  host_.Close();
+}
+
+bool WindowProgram::Start() {
+  SizeWindow();
+  guard_.Run([this] { program_.Start(); });
+  return !guard_.Status();
+}
+
+int WindowProgram::Run() {
+  if (Start()) QApplication::exec();
+  return guard_.Status().value_or(kExitDone);
+}
+
+void WindowProgram::SizeWindow() {
+  if (options_.display) {
+    window_.resize(options_.display->width, options_.display->height);
+    host_.SetDisplay(DisplayInTwips(*options_.display));
+    return;
+  }
+  window_.resize(AvailableSize());
+  const QSize client = window_.ClientSize();
+  window_.setWindowState(Qt::WindowMaximized);
+  host_.SetDisplay(DisplayInTwips({client.width(), client.height()}));
+}
+
+void WindowProgram::SetUpKeys() {
+  window_.SetShortcut("mnuFileExit", QKeySequence(QStringLiteral("Ctrl+Q")));
+  window_.ListScreensIn("mnuWindow");
+  const auto key = [this](const char* keys, auto action) {
+    auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window_);
+    connect(shortcut, &QShortcut::activated, this, action);
+  };
+  key("Ctrl+Tab", [this] { NextScreen(true); });
+  key("Ctrl+Shift+Tab", [this] { NextScreen(false); });
+  key("F1", [this] { guard_.Run([this] { ShowKeys(); }); });
+  key("F11", [this] { FullScreen(); });
+}
+
+void WindowProgram::NextScreen(bool forward) {
+  if (forward) {
+    window_.Area().activateNextSubWindow();
+  } else {
+    window_.Area().activatePreviousSubWindow();
+  }
+}
+
+void WindowProgram::FullScreen() {
+  const Form* front = host_.FrontScreen();
+  if (window_.isFullScreen() || (front != nullptr && ShowsChart(*front))) {
+    window_.ToggleFullScreen();
+  }
+}
+
+void WindowProgram::ShowKeys() {
+  dialogs_.ShowMessage({.text = kKeyList,
+                        .title = "Keys",
+                        .buttons = Buttons::kOk,
+                        .icon = Icon::kNone,
+                        .default_answer = Answer::kOk});
+}
+
+}  // namespace vistaplot
