@@ -1,0 +1,34 @@
+// Where charts and sheets go besides the screens: picture files, the printer, the clipboard. The
+// part of the program that knows a toolkit provides it.
+#pragma once
+
+#include <string>
+
+#include "base/result.h"
+#include "charts/chart_view.h"
+#include "table/sheet.h"
+
+namespace vistaplot {
+
+class Output {
+ public:
+  virtual ~Output() = default;
+
+  /// Draws a chart into a host file, its kind by the extension (.png, .svg, .pdf), `width` by
+  /// `height` pixels. A failure leaves an older file whole.
+  virtual Status SaveChart(const ChartView& view,
+                           const std::string& path,
+                           int width,
+                           int height) = 0;
+
+  /// Asks for a printer and prints. Done also when the user cancelled.
+  virtual Status PrintChart(const ChartView& view) = 0;
+  virtual Status PrintSheet(const Sheet& sheet) = 0;
+
+  /// The chart as a picture, `width` by `height` pixels, on the clipboard.
+  virtual Status CopyChart(const ChartView& view, int width, int height) = 0;
+  /// Tab-separated lines on the clipboard.
+  virtual Status CopyText(const std::string& text) = 0;
+};
+
+}  // namespace vistaplot
