@@ -72,6 +72,11 @@ bool IsCalendar(const std::vector<DateSerial>& days) {
 
 }  // namespace
 
+bool HasSoundDays(const IssueRow& issue, std::size_t days) {
+  return issue.first_day >= 1 && issue.last_day >= issue.first_day &&
+         static_cast<std::size_t>(issue.last_day) <= days;
+}
+
 std::string DatabasePath(const std::string& directory) {
   return JoinPath(directory, "quoteline.db");
 }
@@ -176,15 +181,15 @@ std::vector<IssueRow> LoadIssues(Database& database) {
 }
 
 std::optional<History> LoadHistory(Database& database, const IssueRow& issue) {
+  if (!HasSoundDays(issue, kMaxMarketDays)) return std::nullopt;
   Query query(database, "SELECT priced, prices FROM histories WHERE issue = ?1");
   if (!query.Bind(1, issue.id).Next()) return std::nullopt;
   History history{.first_day = issue.first_day,
                   .prices = Unpacked<float>(query.Blob(1)),
                   .priced = Unpacked<std::uint8_t>(query.Blob(0))};
   const auto days = static_cast<std::size_t>(issue.last_day - issue.first_day + 1);
-  const bool fits = issue.first_day >= 1 && issue.last_day >= issue.first_day &&
-                    query.Blob(1).size() == days * sizeof(float) &&
-                    history.priced.size() == PricedBytes(days);
+  const bool fits =
+      query.Blob(1).size() == days * sizeof(float) && history.priced.size() == PricedBytes(days);
   if (!fits) return std::nullopt;
   return history;
 }

@@ -37,6 +37,9 @@ struct IssueRow {
   std::uint32_t checksum = 0;
 };
 
+/// True when the issue's days are a run of days of a calendar of `days` days.
+bool HasSoundDays(const IssueRow& issue, std::size_t days);
+
 /// The database file of a service directory.
 std::string DatabasePath(const std::string& directory);
 

@@ -129,8 +129,9 @@ IssueRow* StoreChange::FindIssue(std::string_view symbol) {
 Result<History> StoreChange::IntactHistory(const IssueRow& issue) {
   auto history = LoadHistory(*database_, issue);
   if (auto outcome = database_->Outcome(); !outcome) return outcome.Error();
-  const bool in_calendar = issue.last_day < static_cast<int>(new_day_of_.size());
-  if (!history || !in_calendar || !IsIntact(*history, issue)) return DamagedHistory(issue.symbol);
+  if (!history || !HasSoundDays(issue, new_day_of_.size() - 1) || !IsIntact(*history, issue)) {
+    return DamagedHistory(issue.symbol);
+  }
   return std::move(*history);
 }
 
@@ -139,8 +140,7 @@ Result<std::vector<DateSerial>> StoreChange::DatesWithout(const std::set<std::st
   for (const IssueRow& issue : issues_) {
     if (left_out.contains(issue.symbol)) continue;
     const auto history = LoadHistory(*database_, issue);
-    const bool fits = history && static_cast<std::size_t>(issue.last_day) <= used.size();
-    if (!fits) return DamagedHistory(issue.symbol);
+    if (!history || !HasSoundDays(issue, used.size())) return DamagedHistory(issue.symbol);
     for (std::size_t i = 0; i < history->prices.size(); ++i) {
       if (history->HasPrice(i)) used[static_cast<std::size_t>(issue.first_day - 1) + i] = true;
     }
@@ -171,9 +171,7 @@ Status StoreChange::TakeCalendar(std::vector<DateSerial> days,
 }
 
 Status StoreChange::Renumber(IssueRow& issue) {
-  if (issue.first_day < 1 || issue.last_day >= static_cast<int>(new_day_of_.size())) {
-    return DamagedHistory(issue.symbol);
-  }
+  if (!HasSoundDays(issue, new_day_of_.size() - 1)) return DamagedHistory(issue.symbol);
   const auto first = static_cast<std::size_t>(issue.first_day);
   const auto last = static_cast<std::size_t>(issue.last_day);
   const int moved_by = new_day_of_[first] - issue.first_day;

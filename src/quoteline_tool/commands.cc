@@ -6,7 +6,9 @@
 #include "base/date.h"
 #include "base/result.h"
 #include "quoteline/administration.h"
+#include "quoteline/check.h"
 #include "quoteline/family_file.h"
+#include "quoteline/sample.h"
 
 namespace vistaplot {
 
@@ -100,6 +102,21 @@ int RunRemove(const std::string& directory, const std::vector<std::string>& symb
   return Finish();
 }
 
+int RunCheck(const std::string& directory) {
+  const CheckReport report = CheckService(directory);
+  for (const std::string& note : report.notes) PrintLine("note: " + note);
+  for (const std::string& fault : report.faults) PrintLine(fault);
+  const std::string looked_at = Counted(report.issues, "issue") + ", " +
+                                Counted(report.days, "market day") + ", " +
+                                std::to_string(report.fnu_series) + " FNU series, " +
+                                std::to_string(report.families) + " families";
+  const std::size_t faults = report.faults.size();
+  PrintLine((faults == 0 ? std::string("no fault") : Counted(faults, "fault")) + " in " +
+            looked_at);
+  const int printed = Finish();
+  return faults == 0 ? printed : kFault;
+}
+
 int RunRebuild(const std::string& directory) {
   const auto rebuilt = RebuildSymbols(directory);
   if (!rebuilt) return Complain(rebuilt.Error());
@@ -108,12 +125,20 @@ int RunRebuild(const std::string& directory) {
   return Finish();
 }
 
-}  // namespace vistaplot
-namespace vistaplot {
-int RunCheck(const std::string&) {
-  return 1;
+int RunDemo(const std::string& directory) {
+  const auto filled = FillWithSample(directory);
+  if (!filled) return Complain(filled.Error());
+  const SampleSummary& sample = filled.Value();
+  PrintLine(directory + ": filled with a sample; all its names, prices and results are made up");
+  PrintLine(std::to_string(sample.funds) + " funds, " + std::to_string(sample.stocks) +
+            " stocks, " + std::to_string(sample.indexes) + " indexes and the breadth issues on " +
+            std::to_string(sample.days) + " market days from " +
+            DateText(sample.first_date, DatePattern::kIso) + " to " +
+            DateText(sample.last_date, DatePattern::kIso));
+  PrintLine(std::to_string(sample.families) + " families in QLDEF, QL4WIN/SQLDEF and USERDEF, " +
+            std::to_string(sample.signals) + " signal files in SIG, " +
+            std::to_string(sample.results) + " result files in RESULTS");
+  return Finish();
 }
-int RunDemo(const std::string&) {
-  return 1;
-}
+
 }  // namespace vistaplot

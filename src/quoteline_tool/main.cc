@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "base/heap.h"
 #include "quoteline/service.h"
 #include "quoteline_tool/commands.h"
 
@@ -128,6 +129,7 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vistaplot::PrepareHeap();
   try {
     return Run(argc, argv);
   } catch (const std::exception& error) {
