@@ -28,9 +28,10 @@ function(vp_room name)
   endif()
 endfunction()
 
-# vp_test(NAME SOURCES a_test.cc ... DEPS base ...): one test program a room, called NAME_test.
+# vp_test(NAME [OWN_MAIN] SOURCES a_test.cc ... DEPS base ...): one test program a room, called
+# NAME_test. OWN_MAIN: one of the sources has the main function.
 function(vp_test name)
-  cmake_parse_arguments(TEST "" "" "SOURCES;DEPS" ${ARGN})
+  cmake_parse_arguments(TEST "OWN_MAIN" "" "SOURCES;DEPS" ${ARGN})
   if(NOT TEST_SOURCES)
     return()
   endif()
@@ -42,7 +43,12 @@ function(vp_test name)
       target_link_libraries(${name}_test PRIVATE ${dep})
     endif()
   endforeach()
-  target_link_libraries(${name}_test PRIVATE vp_options GTest::gtest_main)
+  if(TEST_OWN_MAIN)
+    set(gtest GTest::gtest)
+  else()
+    set(gtest GTest::gtest_main)
+  endif()
+  target_link_libraries(${name}_test PRIVATE vp_options ${gtest})
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name}_test
                              PRIVATE VISTAPLOT_SOURCE_DIR="${PROJECT_SOURCE_DIR}")

@@ -69,7 +69,7 @@ void DrawSwatch(const LayoutContext& context,
                 ChartPicture& picture) {
   const ChartSeries& settings = SettingsOf(context.view, series);
   const PictureColor ink = SeriesInk(context, series);
-  const double middle = (box.top + box.bottom) / 2.0;
+  const double middle = std::round((box.top + box.bottom) / 2.0);
   if (settings.showline) {
     const double half = std::max(1.0, std::round(box.Height() * 0.09));
     picture.Add(FillBox{{box.left, middle - half, box.right, middle + half}, ink});
