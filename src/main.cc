@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/options.h"
+#include "base/heap.h"
 #include "batch/batch.h"
 #include "ui/chart_export.h"
 #include "ui/offscreen_application.h"
@@ -27,6 +28,7 @@ int PlayScript(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  PrepareHeap();
   std::ios::sync_with_stdio(false);
   const auto arguments = std::span<const char* const>(argv, static_cast<std::size_t>(argc));
   const ParsedOptions parsed = ParseOptions(arguments.subspan(argc > 0 ? 1 : 0));
