@@ -86,7 +86,7 @@ void FrmTab::DesignSelections() {
        {&fraOneAll, "fraOneAll", "Graph", At(2580, 1050, 2220, 1170)},
        {&optOneAll, "optOneAll", "", At(2730, 1350, 1920, 780), &fraOneAll},
        {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(2580, 2310, 2220, 420)},
-       {&lblIndex, "lblIndex", "&Find:", At(180, 2880, 600, 255)},
+       {&lblIndex, "lblIndex", "Fi&nd:", At(180, 2880, 600, 255)},
        {&txtIndex, "txtIndex", "", At(840, 2835, 2100, 330)},
        {&cmdLoadData, "cmdLoadData", "&Load Data", At(3120, 2790, 1680, 420)},
        {&lstIndex, "lstIndex", "", At(180, 3330, 9240, 3720)},
