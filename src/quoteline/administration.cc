@@ -100,15 +100,18 @@ Result<std::string> HistoryCsv(const std::string& directory, std::string_view sy
   return csv;
 }
 
-Status RemoveIssues(const std::string& directory, const std::vector<std::string>& symbols) {
+Result<std::size_t> RemoveIssues(const std::string& directory,
+                                 const std::vector<std::string>& symbols) {
   auto database = OpenStore(directory, Access::kWrite);
   if (!database) return database.Error();
   auto change = StoreChange::Begin(database.Value());
   if (!change) return change.Error();
   const auto stored = StoredSymbols(change.Value(), symbols);
   if (!stored) return stored.Error();
-  if (auto removed = change.Value().Remove(stored.Value()); !removed) return removed;
-  return change.Value().Commit();
+  const std::size_t before = change.Value().Issues().size();
+  if (auto removed = change.Value().Remove(stored.Value()); !removed) return removed.Error();
+  if (auto committed = change.Value().Commit(); !committed) return committed.Error();
+  return before - change.Value().Issues().size();
 }
 
 Result<int> RebuildSymbols(const std::string& directory) {

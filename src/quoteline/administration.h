@@ -1,6 +1,7 @@
 // What the owner of a service directory does with it beside importing prices.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,10 @@ Result<std::vector<std::string>> ListIssues(const std::string& directory, std::s
 /// the last of the calendar, days without a price of their own included.
 Result<std::string> HistoryCsv(const std::string& directory, std::string_view symbol);
 
-/// Removes issues of the database, all or none. Fails naming the symbols that are unknown.
-Status RemoveIssues(const std::string& directory, const std::vector<std::string>& symbols);
+/// Removes issues of the database, all or none; returns how many there were. Fails naming the
+/// symbols that are unknown.
+Result<std::size_t> RemoveIssues(const std::string& directory,
+                                 const std::vector<std::string>& symbols);
 
 /// Makes the symbol index anew; returns the number of issues.
 Result<int> RebuildSymbols(const std::string& directory);

@@ -36,7 +36,6 @@ class RowReader : public LineReader {
   }
 
   void Finish() override {
-    if (file_.bad_lines.Count() > 0) return;
     for (PriceSeries& series : file_.series) Sort(series);
   }
 

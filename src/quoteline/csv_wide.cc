@@ -36,7 +36,7 @@ class WideReader : public LineReader {
 
   void Finish() override {
     FlushBlock();
-    if (file_.bad_lines.Count() == 0) SortRows();
+    SortRows();
     for (std::size_t i = 0; i < header_.columns; ++i) {
       if (i == header_.date) continue;
       file_.series.push_back(

@@ -25,6 +25,11 @@ void PrintLine(std::string text) {
   Print(text);
 }
 
+// A line of its own, as programs that read messages expect "FILE:LINE: what is wrong".
+void PrintFault(std::string_view text) {
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
+}
+
 int Complain(std::string_view text) {
   std::fprintf(stderr, "quoteline: %.*s\n", static_cast<int>(text.size()), text.data());
   return kFault;
@@ -62,8 +67,8 @@ int RunInit(const std::string& directory) {
 
 int RunImport(const ImportRequest& request) {
   const ImportReport report = ImportPrices(request);
-  for (const std::string& note : report.notes) Complain(note);
-  for (const std::string& fault : report.faults) Complain(fault);
+  for (const std::string& note : report.notes) PrintFault(note);
+  for (const std::string& fault : report.faults) PrintFault(fault);
   if (!report.faults.empty()) return Complain("nothing was stored");
   for (const IssueChange& change : report.changes) PrintLine(ChangeLine(change));
   if (request.dry_run) Complain("a dry run: nothing was stored");
@@ -95,10 +100,9 @@ int RunPrices(const std::string& directory, const std::string& symbol) {
 }
 
 int RunRemove(const std::string& directory, const std::vector<std::string>& symbols) {
-  if (const auto removed = RemoveIssues(directory, symbols); !removed) {
-    return Complain(removed.Error());
-  }
-  PrintLine("removed " + Counted(symbols.size(), "issue"));
+  const auto removed = RemoveIssues(directory, symbols);
+  if (!removed) return Complain(removed.Error());
+  PrintLine("removed " + Counted(removed.Value(), "issue"));
   return Finish();
 }
 

@@ -112,7 +112,7 @@ int Run(int argc, char** argv) {
   Arguments arguments;
   CLI::App app("Makes, fills and checks the database of the market-data service.", "quoteline");
   app.add_option("--dir", arguments.directory, "The service directory")->capture_default_str();
-  app.require_subcommand(1);
+  app.require_subcommand(0, 1);
   app.fallthrough();
   AddDirectoryCommands(app, arguments);
   AddImport(app, arguments);
@@ -122,6 +122,10 @@ int Run(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kWrongUsage;
+  }
+  if (!arguments.run) {
+    std::fputs("quoteline: a command is needed; --help names them\n", stderr);
+    return kWrongUsage;
   }
   return arguments.run();
 }
