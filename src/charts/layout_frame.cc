@@ -11,6 +11,7 @@ constexpr double kMargin = 9.0;       // lengths at scale 1
 constexpr double kTickRoom = 7.0;     // from the base line to the labels
 constexpr double kLabelGap = 6.0;     // between a guide's label and its line
 constexpr double kLegendPart = 0.30;  // of the picture's width
+constexpr double kTitleLine = 1.7;    // of an axis title's font size
 constexpr double kRowsPerMark = 3.6;  // heights of a label from guide to guide
 constexpr int kMostMarks = 9;
 
@@ -37,7 +38,7 @@ bool HasAxisTitle(const ChartView& view, std::size_t axis) {
 
 double AxisTitleRoom(const LayoutContext& context, std::size_t axis) {
   if (!HasAxisTitle(context.view, axis)) return 0.0;
-  return kLineHeight * context.FontPixels(context.view.Plot.Axis[axis].AxisTitle.VtFont.Size);
+  return kTitleLine * context.FontPixels(context.view.Plot.Axis[axis].AxisTitle.VtFont.Size);
 }
 
 double FootnoteRoom(const LayoutContext& context) {

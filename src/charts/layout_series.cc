@@ -10,10 +10,15 @@ namespace vistaplot {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
-constexpr double kLineWidth = 1.5;  // of a pen of width 1, at scale 1
-// Lines are drawn fine where wide ones would smear: with more points a unit of width, or in all.
+// Widths of a pen of width 1, at scale 1: wide, less so with more than kClosePoints a unit of
+// width, and fine where wide lines would smear: with more than kDensePoints a unit, or kManyPoints
+// in all.
+constexpr double kLineWidth = 1.5;
+constexpr double kCloseWidth = 1.0;
+constexpr double kFineWidth = 0.7;
+constexpr double kClosePoints = 0.6;
 constexpr double kDensePoints = 1.5;
-constexpr double kManyPoints = 6000.0;
+constexpr double kManyPoints = 8000.0;
 constexpr double kLargestMarker = 6.0;  // of a whole series, at scale 1
 constexpr double kSmallestMarker = 3.0;
 constexpr double kMarkerStroke = 1.3;
@@ -195,7 +200,7 @@ std::vector<Curve> ThinCurves(const LayoutContext& context, const PlotScale& sca
   return curves;
 }
 
-bool WantFineLines(const std::vector<Curve>& curves, double columns) {
+double LineWidth(const std::vector<Curve>& curves, double plot_width) {
   double all = 0.0;
   double most = 0.0;
   for (const Curve& curve : curves) {
@@ -204,17 +209,18 @@ bool WantFineLines(const std::vector<Curve>& curves, double columns) {
     all += points;
     most = std::max(most, points);
   }
-  return all > kManyPoints || most > kDensePoints * columns;
+  if (all > kManyPoints || most > kDensePoints * plot_width) return kFineWidth;
+  return most > kClosePoints * plot_width ? kCloseWidth : kLineWidth;
 }
 
-void DrawCurve(const LayoutContext& context, Curve curve, bool fine, ChartPicture& picture) {
+void DrawCurve(const LayoutContext& context, Curve curve, double width, ChartPicture& picture) {
   const double pen = std::max(SettingsOf(context.view, curve.series).Pen.Width, 0.5);
-  const double width = fine ? std::max(1.0, pen) : std::max(1.0, pen * kLineWidth * context.scale);
+  const double drawn = std::max(1.0, pen * width * context.scale);
   const PictureColor ink = SeriesInk(context, curve.series);
-  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, width});
+  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, drawn});
   if (curve.alone.empty()) return;
   picture.Add(StampMarkers{.shape = MarkerShape::kDot,
-                           .size = std::round(width + 2.0 * context.scale),
+                           .size = std::round(drawn + 2.0 * context.scale),
                            .width = 0.0,
                            .color = ink,
                            .centers = std::move(curve.alone)});
@@ -240,8 +246,8 @@ void DrawMarkers(const LayoutContext& context, const PlotScale& scale, ChartPict
 
 void DrawSeries(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
   std::vector<Curve> curves = ThinCurves(context, scale);
-  const bool fine = WantFineLines(curves, scale.box.Width());
-  for (Curve& curve : curves) DrawCurve(context, std::move(curve), fine, picture);
+  const double width = LineWidth(curves, scale.box.Width());
+  for (Curve& curve : curves) DrawCurve(context, std::move(curve), width, picture);
   DrawMarkers(context, scale, picture);
 }
 
