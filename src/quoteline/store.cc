@@ -1,5 +1,6 @@
 #include "quoteline/store.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -55,6 +56,13 @@ bool IsCutShort(Database& database) {
   return file.st_size < pages * PragmaValue(database, "PRAGMA page_size");
 }
 
+void SyncFile(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return;
+  ::fsync(file);
+  ::close(file);
+}
+
 template <class T>
 std::vector<T> Unpacked(std::span<const std::byte> bytes) {
   std::vector<T> values(bytes.size() / sizeof(T));
@@ -88,6 +96,8 @@ Status CreateStore(const std::string& directory) {
   {
     auto database = Database::Open(draft, Access::kCreate);
     if (!database) return database.Error();
+    // Synced as a whole below.
+    database.Value().Run("PRAGMA synchronous = OFF;");
     database.Value().Run(kSchema);
     WriteState(database.Value(), {});
     WriteIndex(database.Value(), {}, 0);
@@ -98,6 +108,7 @@ Status CreateStore(const std::string& directory) {
   }
   // The last connection has put all of it into the file itself. A link refuses to take the place
   // of a file that another program has made in the meantime.
+  SyncFile(draft);
   const bool made = ::link(draft.c_str(), path.c_str()) == 0 ||
                     (!FileExists(path) && std::rename(draft.c_str(), path.c_str()) == 0);
   std::remove(draft.c_str());

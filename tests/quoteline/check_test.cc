@@ -1,0 +1,106 @@
+#include "quoteline/check.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "quoteline/family_file.h"
+#include "support/quoteline_world.h"
+
+namespace vistaplot {
+namespace {
+
+using test::QuotelineWorld;
+using Lines = std::vector<std::string>;
+
+constexpr const char* kTwoIssues = "Date,A,B\n2000-01-03,10,\n2000-01-04,11.5,7\n2000-01-05,12,8\n";
+
+struct Fault {
+  const char* sql;
+  const char* text;  // the beginning of a fault that check names
+};
+
+TEST(Check, NamesWhatIsWrongInTheDatabase) {
+  const Fault faults[] = {
+      {"UPDATE histories SET prices = zeroblob(12) WHERE issue = 1", "A: its history is damaged"},
+      {"UPDATE histories SET priced = x'05' WHERE issue = 1", "A: its history is damaged"},
+      {"UPDATE issues SET last_day = 2 WHERE symbol = 'A'",
+       "A: its history is missing, or does not fit its days"},
+      {"UPDATE issues SET first_day = -2147483648, last_day = 2147483647 WHERE symbol = 'A'",
+       "A: its history is missing, or does not fit its days"},
+      {"DELETE FROM histories WHERE issue = 2",
+       "B: its history is missing, or does not fit its days"},
+      {"UPDATE issues SET first_day = 3, last_day = 4 WHERE symbol = 'B'",
+       "B: its history goes beyond the calendar"},
+      {"UPDATE issues SET symbol = 'A' WHERE symbol = 'B'", "A: is there twice"},
+      {"UPDATE issues SET symbol = 'b b' WHERE symbol = 'B'", "b b: is no symbol"},
+      {"UPDATE issues SET name = 'x'", "symbol index: differs from the issues"},
+      {"DELETE FROM issues WHERE symbol = 'A'",
+       "calendar: no issue has a price on 2000-01-03 (day 1)"},
+      {"DROP TABLE symbols", "/quoteline.db: the symbol index is missing or damaged"},
+      {"UPDATE service SET checksum = 0", "/quoteline.db: the market calendar is damaged"},
+  };
+  for (const Fault& fault : faults) {
+    QuotelineWorld world;
+    world.Import("w.csv", kTwoIssues);
+    ASSERT_EQ(CheckService(world.folder.Path()).faults, Lines{});
+    world.Tamper(fault.sql);
+    const Lines named = CheckService(world.folder.Path()).faults;
+    EXPECT_TRUE(std::any_of(
+        named.begin(),
+        named.end(),
+        [&](const std::string& text) { return text.find(fault.text) != std::string::npos; }))
+        << fault.sql << "\n"
+        << testing::PrintToString(named);
+  }
+}
+
+TEST(Check, NamesBrokenSeriesAndFamilies) {
+  QuotelineWorld world;
+  world.Import("w.csv", kTwoIssues);
+  const std::string family =
+      FamilyFileBytes({.name = "F", .title = "T", .symbols = {"A", "s", "GONE"}});
+  world.folder.Write("QLDEF/F.FAM", family);
+  world.folder.Write("QLDEF/SHORT.FAM", family.substr(0, 115));
+  world.folder.Write("USERDEF/CUT.fam", family.substr(0, 116 + 2 * 19 + 18));
+  world.folder.Write("USERDEF/NINELONGS.FAM", family.substr(0, 80) + std::string(36, '\0'));
+  std::filesystem::remove_all(world.folder.Path("QL4WIN/SQLDEF"));
+  world.folder.Write("a.fnu", "A\nhidden\n\"01/04/2000\",1,0\n");
+  world.folder.Write("bad.fnu", "TOOLONG\nx\n\"01/04/2000\",1,0\n");
+  world.folder.Write("cut.FNU", "C\nx\n\"01/04/2000\",1,0\n\"01/05/2000\",");
+  world.folder.Write("s.fnu", "S\nx\n01/04/00,1\n");
+  world.folder.Write("t.fnu", "s\nx\n01/04/00,2\n");
+  const CheckReport report = CheckService(world.folder.Path());
+  EXPECT_EQ(report.faults,
+            (Lines{"bad.fnu:1: the symbol is not 1 to 5 characters without blanks",
+                   "cut.FNU:4: no date and value",
+                   "t.fnu: its symbol S is that of s.fnu",
+                   "QLDEF/F.FAM: no such issue: \"GONE\"",
+                   "QLDEF/SHORT.FAM: is shorter than a family's header",
+                   "QL4WIN/SQLDEF: the folder is missing; \"quoteline init\" makes it",
+                   "USERDEF/CUT.fam: counts 3 symbols but holds 2",
+                   "USERDEF/NINELONGS.FAM: its name has more than 8 characters, so that it cannot "
+                   "be loaded"}));
+  EXPECT_EQ(report.notes, Lines{"a.fnu: hidden by the database's issue A"});
+  EXPECT_EQ(report.fnu_series, 1U);
+}
+
+TEST(Check, ADamagedIssueCanBeRemovedAndReplacedButNotMerged) {
+  QuotelineWorld world;
+  world.Import("w.csv", kTwoIssues);
+  world.Tamper("UPDATE histories SET prices = zeroblob(12) WHERE issue = 1");
+  const std::string text = "Date,Close\n2000-01-04,9\n";
+  EXPECT_EQ(world.Import("A.csv", text).faults,
+            Lines{"A: its history is damaged; remove it, or import it anew with --replace"});
+  EXPECT_TRUE(world.Import("A.csv", text, test::Replacing()).faults.empty());
+  EXPECT_EQ(CheckService(world.folder.Path()).faults, Lines{});
+  EXPECT_EQ(world.Prices("B"), "1,2000-01-04,7\n2,2000-01-05,8\n");
+}
+
+}  // namespace
+}  // namespace vistaplot

@@ -1,0 +1,325 @@
+#include "quoteline/price_import.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "quoteline/check.h"
+#include "support/quoteline_world.h"
+
+namespace vistaplot {
+namespace {
+
+using test::QuotelineWorld;
+using Lines = std::vector<std::string>;
+
+// "SYMBOL new changed" of each issue of a report, or its faults without the folder.
+Lines Told(const ImportReport& report, const QuotelineWorld& world) {
+  Lines lines;
+  for (const IssueChange& change : report.changes) {
+    lines.push_back(change.symbol + " " + std::to_string(change.new_days) + " " +
+                    std::to_string(change.changed_days));
+  }
+  for (std::string fault : report.faults) {
+    const std::string folder = world.files.Path() + "/";
+    for (std::size_t at = 0; (at = fault.find(folder)) != std::string::npos;) {
+      fault.erase(at, folder.size());
+    }
+    lines.push_back(fault);
+  }
+  return lines;
+}
+
+struct FormCase {
+  const char* file;
+  std::string text;
+  bool adjusted;
+  std::string list;    // of the only, or first, issue
+  std::string prices;  // of the same
+};
+
+TEST(PriceImport, TellsTheFormsApartByTheirHeader) {
+  const FormCase cases[] = {
+      {"ab.us.csv",
+       "Date,Open,Close\n2000-01-04,1,2.5\n2000-01-03,1,2\n",
+       false,
+       "AB 2000-01-03 2000-01-04 2 AB",
+       "1,2000-01-03,2\n2,2000-01-04,2.5\n"},
+      {"$x.csv",
+       "\xEF\xBB\xBF\"date\";\"NAV\"\r\n\"1/3/2000\";\" 7.25 \"\r\n12/31/1999;+6\r\n",
+       false,
+       "$X 1999-12-31 2000-01-03 2 $X",
+       "1,1999-12-31,6\n2,2000-01-03,7.25\n"},
+      {"TXN.csv",
+       "Date,Close,Adj Close,Volume\n2000-01-03,102.88,42.94,5\n",
+       true,
+       "TXN 2000-01-03 2000-01-03 1 TXN",
+       "1,2000-01-03,42.94\n"},
+      {"any.csv",
+       "Symbol\tDate\tPrice\tName\nsbi\t2000-01-03\t95.88\t\"Bonds, \"\"all\"\"\"\n"
+       "SBI\t2000-01-04\t1e2\t\n",
+       false,
+       "SBI 2000-01-03 2000-01-04 2 Bonds, \"all\"",
+       "1,2000-01-03,95.88\n2,2000-01-04,100\n"},
+      {"any.csv",
+       "DATE,brk.b\r2000-01-03,.5\r2000-01-04,\r2000-01-05,16777217",
+       false,
+       "BRK.B 2000-01-03 2000-01-05 2 BRK.B",
+       "1,2000-01-03,0.5\n2,2000-01-05,16777216\n"},
+      {"AB.csv",
+       "Date,Close,,\n2000-01-03,4,,\n\n2000-01-03,4,,\n",
+       false,
+       "AB 2000-01-03 2000-01-03 1 AB",
+       "1,2000-01-03,4\n"},
+  };
+  for (const FormCase& form : cases) {
+    SCOPED_TRACE(form.text);
+    QuotelineWorld world;
+    const ImportReport report = world.Import(form.file, form.text, test::Adjusted(form.adjusted));
+    EXPECT_EQ(Told(report, world).size(), 1U);
+    ASSERT_EQ(world.List().size(), 1U);
+    EXPECT_EQ(world.List()[0] + " ", form.list + " ");
+    EXPECT_EQ(world.Prices(form.list.substr(0, form.list.find(' '))), form.prices);
+  }
+}
+
+TEST(PriceImport, KeepsNamesOfBothEncodings) {
+  QuotelineWorld world;
+  world.Import("l.csv",
+               "Symbol,Date,NAV,Name\nU,2000-01-03,1,Z\xC3\xBCrich \xC5\x81\n"
+               "W,2000-01-03,1,Z\xFCrich\n");
+  EXPECT_EQ(world.List(),
+            (Lines{"U 2000-01-03 2000-01-03 1 Z\xC3\xBCrich \xC5\x81",
+                   "W 2000-01-03 2000-01-03 1 Z\xC3\xBCrich"}));
+}
+
+TEST(PriceImport, RenumbersEveryIssueWhenDatesComeBetweenAndBefore) {
+  QuotelineWorld world;
+  world.Import("w.csv", "Date,A,B\n2000-01-05,1,\n2000-01-07,2,5\n2000-01-11,3,6\n");
+  const ImportReport report =
+      world.Import("C.csv", "Date,Close\n2000-01-03,9\n2000-01-06,8\n2000-01-07,7\n");
+  EXPECT_EQ(Told(report, world), Lines{"C 3 0"});
+  EXPECT_EQ(world.Prices("A"), "2,2000-01-05,1\n3,2000-01-06,1\n4,2000-01-07,2\n5,2000-01-11,3\n");
+  EXPECT_EQ(world.Prices("B"), "4,2000-01-07,5\n5,2000-01-11,6\n");
+  // The carried value of 6 January is no price, so that the calendar forgets the day with C.
+  EXPECT_EQ(world.List("A"), Lines{"A 2000-01-05 2000-01-11 3 A"});
+  ASSERT_TRUE(RemoveIssues(world.folder.Path(), {"c"}).Ok());
+  EXPECT_EQ(world.Prices("A"), "1,2000-01-05,1\n2,2000-01-07,2\n3,2000-01-11,3\n");
+  EXPECT_TRUE(CheckService(world.folder.Path()).faults.empty());
+}
+
+TEST(PriceImport, MergesAKnownIssueAndReplacesItWhenAsked) {
+  QuotelineWorld world;
+  world.Import("A.csv", "Date,Close\n2000-01-03,1\n2000-01-05,3\n", test::Named("Old"));
+  const std::string text = "Date,Close\n2000-01-03,1\n2000-01-04,2\n2000-01-05,4\n";
+  EXPECT_EQ(Told(world.Import("A.csv", text, test::DryRun()), world), Lines{"A 1 1"});
+  EXPECT_EQ(world.List(), Lines{"A 2000-01-03 2000-01-05 2 Old"});
+  EXPECT_EQ(Told(world.Import("A.csv", text), world), Lines{"A 1 1"});
+  EXPECT_EQ(world.Prices("A"), "1,2000-01-03,1\n2,2000-01-04,2\n3,2000-01-05,4\n");
+  EXPECT_EQ(Told(world.Import("A.csv", text), world), Lines{"A 0 0"});
+  const ImportReport replaced =
+      world.Import("A.csv", "Date,Close\n2000-01-04,8\n", test::Replacing());
+  EXPECT_EQ(Told(replaced, world), Lines{"A 1 0"});
+  EXPECT_EQ(world.Prices("A"), "1,2000-01-04,8\n");
+  EXPECT_EQ(world.List(), Lines{"A 2000-01-04 2000-01-04 1 Old"});
+}
+
+struct Refused {
+  const char* file;
+  std::string text;
+  Lines told;
+};
+
+TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
+  const Refused cases[] = {
+      {"A.csv", "", {"A.csv: is empty, not a price file"}},
+      {"A.csv", "\r\n \n", {"A.csv: is empty, not a price file"}},
+      {"A.csv", std::string("PK\3\4\0\0", 6), {"A.csv: is a binary file, not a price file"}},
+      {"A.csv", "\xFF\xFE", {"A.csv: is UTF-16 text, not a price file; save it as UTF-8 first"}},
+      {"A.csv", "\n<!DOCTYPE html>", {"A.csv: is a web page, not a price file"}},
+      {"A.csv",
+       "2000-01-03,5\n",
+       {"A.csv: is not a price file: its first line names no column \"Date\""}},
+      {"A.csv",
+       "Date,Open,High,Low,Volume\n",
+       {"A.csv: has no price column (Close, NAV or Price) in its header"}},
+      {"A.csv",
+       "Date,Adj Close\n",
+       {"A.csv: has no price column but \"Adj Close\"; --adjusted takes that"}},
+      {"A.csv", "Date,Close\n", {"A.csv: holds no prices"}},
+      {"A.csv", "Date,X,x\n2000-01-03,1,1", {"A.csv: symbol X stands twice in its header"}},
+      {"A.csv",
+       "Date,TOOBIG\n",
+       {"A.csv: column \"TOOBIG\" of its header is no symbol (1 to 5 letters, digits, $ ^ . -)"}},
+      {"prices.csv",
+       "Date,Close\n2000-01-03,1\n",
+       {"prices.csv: \"prices\" is no symbol (1 to 5 letters, digits, $ ^ . -); name one with "
+        "--symbol"}},
+      {"A.csv",
+       "Date,Close,Volume\n2000-02-30,1,1\n2000-01-04,0,1\n1/5/2000,1,5,1\n2000-01-05,2\n"
+       "12/31/99,1,1\n,2,3\n2000-01-06,1e39,1\n2000-01-07,7,1\n01/07/2000,8,1\n",
+       {"A.csv:2: \"2000-02-30\" is not a date (YYYY-MM-DD or M/D/YYYY)",
+        "A.csv:3: \"0\" is not a price above 0",
+        "A.csv:5: too few fields (2 of 3)",
+        "A.csv:6: \"12/31/99\" is not a date (YYYY-MM-DD or M/D/YYYY)",
+        "A.csv:7: \"\" is not a date (YYYY-MM-DD or M/D/YYYY)",
+        "A.csv:8: \"1e39\" is not a price above 0",
+        "A.csv:10: A has another price on 2000-01-07 in line 9"}},
+      {"l.csv",
+       "Symbol,Date,Close\nA,2000-01-03,1\nB,2000-01-03,2\nA,2000-01-03,3\nB#,2000-01-04,1\n"
+       "B,2000-01-04,\n",
+       {"l.csv:4: A has another price on 2000-01-03 in line 2",
+        "l.csv:5: \"B#\" is no symbol (1 to 5 letters, digits, $ ^ . -)",
+        "l.csv:6: \"\" is not a price above 0"}},
+      {"w.csv",
+       "Date,A,B\n2000-01-03,1,2\n2000-01-04,-1,x\n2000-01-05,1\n2000-01-03,1,3\n"
+       "2000-01-06,1,2,3\n2000-01-07,\"1,5\",2\n",
+       {"w.csv:3: A: \"-1\" is not a price above 0",
+        "w.csv:4: too few fields (2 of 3)",
+        "w.csv:5: B has another price on 2000-01-03 in line 2",
+        "w.csv:6: more fields than the header names",
+        "w.csv:7: A: \"1,5\" is not a price above 0"}},
+  };
+  for (const Refused& refused : cases) {
+    SCOPED_TRACE(refused.text);
+    QuotelineWorld world;
+    const ImportReport report = world.Import(refused.file, refused.text);
+    EXPECT_EQ(Told(report, world), refused.told);
+    EXPECT_TRUE(world.List().empty());
+  }
+}
+
+TEST(PriceImport, ShowsTwentyBadLinesOfAllFilesAndCountsTheOthers) {
+  QuotelineWorld world;
+  std::string text = "Date,Close\n";
+  for (int i = 0; i < 15; ++i) text += "x,1\n";
+  const std::string good = "Date,Close\n2000-01-03,1\n";
+  const ImportReport report = world.ImportFiles({world.files.Write("A.csv", text),
+                                                 world.files.Write("G.csv", good),
+                                                 world.files.Write("B.csv", text)});
+  const Lines told = Told(report, world);
+  ASSERT_EQ(told.size(), 21U);
+  EXPECT_EQ(told[19], "B.csv:6: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)");
+  EXPECT_EQ(told[20], "and 10 more bad lines");
+  EXPECT_TRUE(world.List().empty());
+}
+
+TEST(PriceImport, ComparesTheFilesOfOneCallWithEachOther) {
+  QuotelineWorld world;
+  const std::string first = world.files.Write("A.csv", "Date,Close\n2000-01-03,1\n2000-01-04,2\n");
+  const std::string second =
+      world.files.Write("w.csv", "Date,A,B\n2000-01-04,2,5\n2000-01-03,9,6\n");
+  const std::vector<std::string> files = {first, second};
+  const ImportReport report = world.ImportFiles(files);
+  EXPECT_EQ(Told(report, world), Lines{"w.csv:3: A has another price on 2000-01-03 in A.csv:2"});
+}
+
+// `count` days from 1 January 1900 on.
+std::string DailyPrices(int count) {
+  std::string text = "Date,Close\n";
+  for (int i = 0; i < count; ++i) {
+    AppendDateText(text, 2 + i, DatePattern::kIso);
+    text += ",1\n";
+  }
+  return text;
+}
+
+TEST(PriceImport, RefusesACalendarOfMoreThan32767Days) {
+  QuotelineWorld world;
+  EXPECT_TRUE(world.Import("A.csv", DailyPrices(32'767)).faults.empty());
+  const ImportReport report = world.Import("B.csv", "Date,Close\n2020-01-03,1\n");
+  ASSERT_EQ(report.faults.size(), 1U);
+  EXPECT_EQ(report.faults[0], "the market calendar would have 32768 days; it holds at most 32767");
+  EXPECT_EQ(world.List(), Lines{"A 1900-01-01 1989-09-17 32767 A"});
+}
+
+TEST(PriceImport, WithoutADatabaseSaysHowToMakeOne) {
+  QuotelineWorld world;
+  ImportRequest elsewhere;
+  elsewhere.directory = world.files.Path();
+  const ImportReport report = ImportPrices(elsewhere);
+  EXPECT_EQ(report.faults,
+            Lines{world.files.Path() +
+                  "/quoteline.db: there is no database; \"quoteline init\" makes one"});
+}
+
+// Lines that do not fit one block of the reader, with a broken one near the end.
+TEST(PriceImport, CountsLinesAcrossTheBlocksOfALargeFile) {
+  QuotelineWorld world;
+  std::string text = "Date,Close,Remark\r\n";
+  for (int i = 0; i < 30'000; ++i) {
+    AppendDateText(text, 2 + i, DatePattern::kIso);
+    text.append(",1.25,").append(static_cast<std::size_t>(40 + i % 50), 'r').append("\r\n");
+  }
+  EXPECT_EQ(Told(world.Import("A.csv", text, test::DryRun()), world), Lines{"A 30000 0"});
+  EXPECT_EQ(Told(world.Import("A.csv", text + "x,1,1\r\n"), world),
+            Lines{"A.csv:30002: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)"});
+}
+
+std::string WidePrices(int issues, int days, int price) {
+  std::string text = "Date";
+  for (int i = 0; i < issues; ++i) text.append(",F").append(std::to_string(i));
+  for (int day = 0; day < days; ++day) {
+    text += "\n";
+    AppendDateText(text, 30'000 + day, DatePattern::kIso);
+    for (int i = 0; i < issues; ++i) text.append(",").append(std::to_string(price + i));
+  }
+  return text + "\n";
+}
+
+TEST(PriceImport, KilledAtAnyMomentItLeavesTheOldDataWhole) {
+  QuotelineWorld world;
+  ASSERT_TRUE(world.Import("w.csv", WidePrices(40, 1500, 100)).faults.empty());
+  const Lines before = world.List();
+  const std::string path = world.files.Write("w.csv", WidePrices(40, 3000, 500));
+  bool killed_early = false;
+  for (const int delay_us : {2'000, 6'000, 10'000, 14'000, 18'000, 25'000, 40'000}) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      const ImportReport report = world.ImportFiles({path});
+      ::_exit(report.faults.empty() ? 0 : 1);
+    }
+    ::usleep(static_cast<useconds_t>(delay_us));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    const Lines now = world.List();
+    EXPECT_TRUE(now == before || now[0] == "F0 1982-02-18 1990-05-06 3000 F0") << now[0];
+    killed_early = killed_early || now == before;
+    EXPECT_EQ(CheckService(world.folder.Path()).faults, Lines{});
+    if (now != before) break;
+  }
+  EXPECT_TRUE(killed_early);
+  EXPECT_TRUE(world.ImportFiles({path}).faults.empty());
+  EXPECT_EQ(world.List()[39], "F9 1982-02-18 1990-05-06 3000 F9");
+}
+
+TEST(PriceImport, ReadersGoOnWhileItRuns) {
+  QuotelineWorld world;
+  ASSERT_TRUE(world.Import("w.csv", WidePrices(40, 500, 100)).faults.empty());
+  ASSERT_EQ(QLopen(), 0);
+  const std::string path = world.files.Write("w.csv", WidePrices(40, 3000, 500));
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const ImportReport report = world.ImportFiles({path});
+    ::_exit(report.faults.empty() ? 0 : 1);
+  }
+  int status = 0;
+  do {
+    const std::int32_t days = QLgetMaxDays();
+    const float price = days == 500 ? 139.0F : 539.0F;
+    ASSERT_TRUE(days == 500 || days == 3000) << days;
+    EXPECT_EQ(test::FetchPrices("F39"), std::vector<float>(static_cast<std::size_t>(days), price));
+  } while (::waitpid(child, &status, WNOHANG) == 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(QLgetMaxDays(), 3000);
+}
+
+}  // namespace
+}  // namespace vistaplot
