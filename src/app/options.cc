@@ -17,7 +17,8 @@ namespace vistaplot {
 namespace {
 
 constexpr std::string_view kHelp =
-    "Usage: vistaplot [--quoteline DIR] [--settings FILE] [--display WxH] [--batch SCRIPT]\n"
+    "Usage: vistaplot [--quoteline DIR] [--settings FILE] [--display WxH]\n"
+    "                 [--batch SCRIPT | --script FILE]\n"
     "\n"
     "  --quoteline DIR   directory of the market-data service\n"
     "                    (else $QUOTELINE_DIR, else $XDG_DATA_HOME/quoteline)\n"
@@ -25,6 +26,7 @@ constexpr std::string_view kHelp =
     "  --display WxH     display size in pixels that the screens scale to\n"
     "                    (else the real display; 1280x960 with --batch)\n"
     "  --batch SCRIPT    run a script without a window; - is standard input\n"
+    "  --script FILE     play a script in the visible program, which stays open\n"
     "  --help            show this text\n"
     "  --version         show the version\n"
     "\n"
@@ -78,6 +80,7 @@ std::string TakeValue(Options& options, std::string_view name, const std::string
   if (name == "--quoteline") options.quoteline_dir = value;
   if (name == "--settings") options.settings_file = value;
   if (name == "--batch") options.batch_script = value;
+  if (name == "--script") options.window_script = value;
   if (name == "--display") {
     options.display = SizeFromText(value);
     if (!options.display) {
@@ -99,8 +102,8 @@ Argument SplitArgument(std::string_view text) {
 }
 
 bool TakesValue(std::string_view name) {
-  constexpr std::array<std::string_view, 4> kNames{
-      "--quoteline", "--settings", "--display", "--batch"};
+  constexpr std::array<std::string_view, 5> kNames{
+      "--quoteline", "--settings", "--display", "--batch", "--script"};
   for (const std::string_view known : kNames) {
     if (name == known) return true;
   }
@@ -147,6 +150,9 @@ ParsedOptions ParseOptions(std::span<const char* const> arguments,
     if (!argument.value && follows) argument.value = arguments[++i];
     parsed.error =
         TakeValue(parsed.options, argument.name, std::string(argument.value.value_or("")));
+  }
+  if (parsed.Ok() && parsed.options.batch_script && parsed.options.window_script) {
+    parsed.error = "--batch and --script do not go together";
   }
   if (parsed.Ok()) FillDefaults(parsed.options, environment);
   return parsed;

@@ -25,9 +25,10 @@ struct Options {
   std::string quoteline_dir;         ///< directory of the market-data service
   std::string settings_file;         ///< a host path
   std::optional<PixelSize> display;  ///< what the screens scale to; nothing: the real display
-  std::optional<std::string> batch_script;  ///< a host path, or "-" for standard input
-  bool help = false;                        ///< show HelpText and end
-  bool version = false;                     ///< show VersionText and end
+  std::optional<std::string> batch_script;   ///< a host path, or "-" for standard input
+  std::optional<std::string> window_script;  ///< a host path: played in the visible program
+  bool help = false;                         ///< show HelpText and end
+  bool version = false;                      ///< show VersionText and end
 };
 
 /// What the arguments gave, or why they are wrong use (exit status 2).

@@ -26,6 +26,23 @@ bool DisplayNamed() {
   return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
 }
 
+void TellNoDisplay() {
+  std::cerr << "vistaplot: cannot open a display\n"
+               "Set DISPLAY or WAYLAND_DISPLAY, or play a script without windows:\n"
+               "  vistaplot --batch SCRIPT\n"
+            << std::flush;
+}
+
+/// While the toolkit starts, its only fatal message is that it cannot reach the display; it would
+/// abort after it.
+void EndOnFatalMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type == QtFatalMsg) {
+    TellNoDisplay();
+    std::_Exit(kNoDisplay);
+  }
+  if (type != QtDebugMsg && type != QtInfoMsg) std::cerr << text.toStdString() << '\n';
+}
+
 /// Last defence: what escapes a widget's own event handler is told, not fatal.
 class GuardedApplication : public QApplication {
  public:
@@ -57,18 +74,18 @@ void KeepPlainLocale() {
 
 }  // namespace
 
-int RunWindows(const Options& options, int& argc, char** argv) {
+int RunWindows(const Options& options, ScriptPlayer* player, int& argc, char** argv) {
   if (!DisplayNamed()) {
-    std::cerr << "vistaplot: cannot open a display\n"
-                 "Set DISPLAY or WAYLAND_DISPLAY, or play a script without windows:\n"
-                 "  vistaplot --batch SCRIPT\n";
+    TellNoDisplay();
     return kNoDisplay;
   }
+  const QtMessageHandler usual = qInstallMessageHandler(EndOnFatalMessage);
   GuardedApplication application(argc, argv);
+  qInstallMessageHandler(usual);
   KeepPlainLocale();
   QApplication::setApplicationName(QStringLiteral("vistaplot"));
   QApplication::setQuitOnLastWindowClosed(false);
-  WindowProgram program(options);
+  WindowProgram program(options, player);
   application.SetGuard(&program.Guard());
   const int status = program.Run();
   application.SetGuard(nullptr);

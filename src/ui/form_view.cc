@@ -12,6 +12,7 @@ namespace {
 
 constexpr double kTwipsPerPixel = 15.0;
 constexpr int kDialogMargin = 12;        ///< pixels between a dialog's last controls and its edge
+constexpr int kButtonGrowth = 130;       ///< percent of a button's natural height
 constexpr QSize kLeastScreen(600, 440);  ///< screens with fields scroll below this
 constexpr QSize kLeastPicture(160, 120);
 
@@ -26,6 +27,13 @@ double Length(const std::optional<float>& length) {
 /// `place` with another height about the same middle line.
 QRect WithHeight(const QRect& place, int height) {
   return {place.left(), place.top() + (place.height() - height) / 2, place.width(), height};
+}
+
+/// Widgets of one line keep their natural height; buttons may grow a little with their place.
+int OneLineHeight(const ControlAdapter& adapter, int room) {
+  const int natural = adapter.Widget()->sizeHint().height();
+  if (adapter.Source().Kind() != ControlKind::kButton) return natural;
+  return std::clamp(room, natural, natural * kButtonGrowth / 100);
 }
 
 /// Nothing of the control itself says what it is for.
@@ -123,6 +131,14 @@ void FormView::ChainTabStops() {
   }
 }
 
+void FormView::FocusFirst() {
+  for (const auto& adapter : adapters_) {
+    for (QWidget* stop : adapter->TabStops()) {
+      if (adapter->Source().Usable()) return stop->setFocus(Qt::OtherFocusReason);
+    }
+  }
+}
+
 void FormView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   LayOut();
@@ -140,7 +156,7 @@ void FormView::Put(const ControlAdapter& adapter) {
   const double y_factor = static_cast<double>(height()) / base_.height();
   QRect place = PixelPlace(adapter.Source().Where(), x_factor, y_factor);
   if (adapter.OneLine()) {
-    place = WithHeight(place, widget.sizeHint().height());
+    place = WithHeight(place, OneLineHeight(adapter, place.height()));
   } else if (adapter.Source().Kind() == ControlKind::kLabel) {
     place = WithHeight(place, std::max(place.height(), widget.fontMetrics().height()));
   }

@@ -29,6 +29,9 @@ class FormView : public QWidget {
   /// The control's adapter; null when it has none.
   ControlAdapter* AdapterOf(const Control& control) const;
 
+  /// Gives the keyboard to the first control that can be worked.
+  void FocusFirst();
+
   /// The size at which every control has its own place. At any other size all places are stretched
   /// alike; widgets of one line keep their height, the others fill what they are given.
   QSize sizeHint() const override { return base_; }

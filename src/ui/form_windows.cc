@@ -6,6 +6,7 @@
 
 #include "controls/simple_controls.h"
 #include "ui/qt_text.h"
+#include "ui/tool_icon.h"
 
 namespace vistaplot {
 
@@ -29,6 +30,7 @@ ScreenWindow::ScreenWindow(Form& form, FormView& view, EventGuard& guard)
   area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(&view);
   setWidget(area);
+  setWindowIcon(ProgramIcon());
   setWindowTitle(QtText(form.Caption()));
   setObjectName(QtText(form.Name()));
 }

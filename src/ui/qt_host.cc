@@ -76,6 +76,7 @@ void QtHost::FormShown(Form& form) {
     entry.window->show();
     entry.window->raise();
     entry.window->activateWindow();
+    if (first) entry.view->FocusFirst();
     return;
   }
   const QMdiSubWindow* front = window_->Area().activeSubWindow();
@@ -88,6 +89,7 @@ void QtHost::FormShown(Form& form) {
     entry.window->show();
   }
   window_->Area().setActiveSubWindow(static_cast<QMdiSubWindow*>(entry.window));
+  if (first) entry.view->FocusFirst();
 }
 
 void QtHost::FormHidden(Form& form) {

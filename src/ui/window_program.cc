@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <algorithm>
 #include <array>
 
@@ -38,15 +39,16 @@ bool ShowsChart(const Form& form) {
 
 }  // namespace
 
-WindowProgram::WindowProgram(const Options& options)
+WindowProgram::WindowProgram(const Options& options, ScriptPlayer* player)
     : options_(options),
+      player_(player),
       factory_(StandardAdapters()),
       quoteline_(options.quoteline_dir),
       settings_(options.settings_file),
       program_({.quoteline = quoteline_,
                 .settings = settings_,
-                .dialogs = dialogs_,
-                .host = host_,
+                .dialogs = player == nullptr ? dialogs_ : player->Over(dialogs_),
+                .host = player == nullptr ? host_ : player->Over(host_),
                 .program_dir = ProgramFolder(),
                 .roots = RootsFromEnvironment()}),
       window_(program_.AllScreens().frmMain, factory_, guard_) {
@@ -73,7 +75,11 @@ bool WindowProgram::Start() {
 }
 
 int WindowProgram::Run() {
-  if (Start()) QApplication::exec();
+  if (!Start()) return *guard_.Status();
+  if (player_ != nullptr) {
+    QTimer::singleShot(0, this, [this] { guard_.Run([this] { player_->Play(program_); }); });
+  }
+  QApplication::exec();
   return guard_.Status().value_or(kExitDone);
 }
 

@@ -4,6 +4,7 @@
 #include "app/ini_settings.h"
 #include "app/options.h"
 #include "app/program.h"
+#include "app/script_player.h"
 #include "marketdata/quoteline_library.h"
 #include "ui/event_guard.h"
 #include "ui/main_window.h"
@@ -16,8 +17,9 @@ class WindowProgram : public QObject {
   Q_OBJECT
 
  public:
-  /// Builds the main window, hidden. Needs a running QApplication.
-  explicit WindowProgram(const Options& options);
+  /// Builds the main window, hidden. Needs a running QApplication. `player` plays a script once the
+  /// windows are open; it may be null, and outlives the program.
+  WindowProgram(const Options& options, ScriptPlayer* player);
   ~WindowProgram() override;
 
   EventGuard& Guard() { return guard_; }
@@ -39,6 +41,7 @@ class WindowProgram : public QObject {
   void ShowKeys();
 
   Options options_;
+  ScriptPlayer* player_;
   EventGuard guard_;
   QtDialogs dialogs_{guard_};
   AdapterFactory factory_;

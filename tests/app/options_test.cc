@@ -79,6 +79,7 @@ TEST(Options, WrongUseIsNamed) {
       {{"--batch"}, "--batch needs a value"},
       {{"--settings="}, "--settings needs a value"},
       {{"--quoteline", "--batch", "x"}, "--quoteline needs a value"},
+      {{"--batch", "a", "--script", "b"}, "--batch and --script do not go together"},
       {{"--version=3"}, "--version takes no value"},
       {{"--display", "640"}, "--display: \"640\" is no size in pixels such as 1280x960"},
       {{"--display", "0x480"}, "--display: \"0x480\" is no size in pixels such as 1280x960"},

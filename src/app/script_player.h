@@ -1,0 +1,27 @@
+// A script that plays the user of a program with windows.
+#pragma once
+
+#include "base/dialogs.h"
+#include "controls/form_host.h"
+
+namespace vistaplot {
+
+class Program;
+
+class ScriptPlayer {
+ public:
+  virtual ~ScriptPlayer() = default;
+
+  /// What the program is to be built with in place of its windows and boxes: passes everything on
+  /// to `windows`, which outlive the player; but while the script plays it answers the questions
+  /// and works on the modal forms.
+  virtual FormHost& Over(FormHost& windows) = 0;
+  virtual Dialogs& Over(Dialogs& windows) = 0;
+
+  /// Plays the script, once, on a program that was built with both and is started. What is wrong is
+  /// told where the player's maker said. A script that ends the program does so through
+  /// EndProgram of the boxes.
+  virtual void Play(Program& program) = 0;
+};
+
+}  // namespace vistaplot
