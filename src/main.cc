@@ -1,28 +1,85 @@
-// Joins the program's floors: the command line, scripts without windows, and the exports that need
+// Joins the program's floors: the command line, scripts without windows, and the module that knows
 // the toolkit.
 
+#include <dlfcn.h>
+
 #include <iostream>
+#include <memory>
 #include <span>
 #include <string>
 
 #include "app/options.h"
+#include "base/files.h"
 #include "base/heap.h"
 #include "batch/batch.h"
-#include "ui/chart_export.h"
-#include "ui/offscreen_application.h"
+#include "batch/window_script.h"
+#include "ui/entry_points.h"
 
 namespace {
 
 using namespace vistaplot;
 
-int PlayScript(const Options& options) {
-  OffscreenApplication application;
-  const ChartExporter exporter =
-      [&application](const ChartView& view, const std::string& path, int width, int height) {
-        application.Ensure();
-        return ExportChart(view, path, width, height);
+/// The module that knows the toolkit, loaded when it is first asked for. It stays loaded until the
+/// process ends, as the toolkit cannot be unloaded.
+class ToolkitModule {
+ public:
+  ~ToolkitModule() {
+    if (handle_ == nullptr) return;
+    if (auto* end = Find(kEndExportsEntry)) end();
+  }
+  ToolkitModule() = default;
+  ToolkitModule(const ToolkitModule&) = delete;
+  ToolkitModule& operator=(const ToolkitModule&) = delete;
+
+  /// A function of the module; null when there is none, Problem() then says why.
+  template <class Function>
+  Function* Find(const ModuleEntry<Function>& entry) {
+    if (handle_ == nullptr) {
+      const std::string path = JoinPath(ProgramFolder(), kToolkitModule);
+      handle_ = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    }
+    if (handle_ == nullptr) return nullptr;
+    return reinterpret_cast<Function*>(dlsym(handle_, entry.name));
+  }
+
+  static std::string Problem() {
+    const char* reason = dlerror();
+    return reason == nullptr ? kToolkitModule : reason;
+  }
+
+ private:
+  void* handle_ = nullptr;
+};
+
+ChartExporter ExporterOf(ToolkitModule& toolkit) {
+  return
+      [&toolkit](const ChartView& view, const std::string& path, int width, int height) -> Status {
+        auto* export_chart = toolkit.Find(kExportChartEntry);
+        if (export_chart == nullptr) {
+          return RuntimeError{.number = kErrorFileNotFound,
+                              .description = "charts cannot be drawn",
+                              .subject = ToolkitModule::Problem()};
+        }
+        Status status = Done{};
+        export_chart(view, path, width, height, status);
+        return status;
       };
-  return RunBatch(options, exporter, {.in = std::cin, .out = std::cout, .err = std::cerr});
+}
+
+int ShowWindows(const Options& options,
+                ToolkitModule& toolkit,
+                const BatchStreams& streams,
+                int& argc,
+                char** argv) {
+  auto* run_windows = toolkit.Find(kRunWindowsEntry);
+  if (run_windows == nullptr) {
+    std::cerr << "vistaplot: cannot open windows: " << ToolkitModule::Problem() << "\n";
+    return kRunWrongUse;
+  }
+  std::unique_ptr<ScriptPlayer> player;
+  if (options.window_script)
+    player = MakeWindowScript(*options.window_script, ExporterOf(toolkit), streams);
+  return run_windows(options, player.get(), argc, argv);
 }
 
 }  // namespace
@@ -41,7 +98,8 @@ int main(int argc, char** argv) {
     std::cout << (options.help ? HelpText() : VersionText());
     return kRunDone;
   }
-  if (options.batch_script) return PlayScript(options);
-  std::cerr << "vistaplot: this version has no windows; run a script with --batch SCRIPT\n";
-  return kRunWrongUse;
+  ToolkitModule toolkit;
+  const BatchStreams streams{.in = std::cin, .out = std::cout, .err = std::cerr};
+  if (options.batch_script) return RunBatch(options, ExporterOf(toolkit), streams);
+  return ShowWindows(options, toolkit, streams, argc, argv);
 }
