@@ -1,0 +1,40 @@
+// The whole program over a service of its own, driven by its handlers.
+#pragma once
+
+#include <string>
+
+#include "app/ini_settings.h"
+#include "app/program.h"
+#include "forms/screens.h"
+#include "marketdata/quoteline_library.h"
+#include "support/recording_dialogs.h"
+#include "support/silent_host.h"
+
+namespace vistaplot::bench {
+
+/// Makes an empty service in `directory` and imports a price file. Throws std::runtime_error.
+void MakeService(const std::string& directory, const std::string& csv);
+
+class BenchProgram {
+ public:
+  /// Starts on the price type, with every issue of the service listed and selected.
+  explicit BenchProgram(const std::string& directory);
+
+  Screens& AllScreens() { return program_.AllScreens(); }
+  SharedState& State() { return program_.State(); }
+
+  /// Loads what is selected. Throws std::runtime_error when there is nothing then.
+  void Load();
+
+  /// Selects the first `count` loaded issues that have a price on market day 1.
+  void SelectFunds(int count);
+
+ private:
+  QuotelineLibrary quoteline_;
+  IniSettings settings_;
+  test::RecordingDialogs dialogs_;
+  test::SilentHost host_;
+  Program program_;
+};
+
+}  // namespace vistaplot::bench

@@ -1,0 +1,104 @@
+#include <QImage>
+#include <QPainter>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "bench_program.h"
+#include "charts/layout.h"
+#include "charts/price_chart.h"
+#include "figures.h"
+#include "price_walk.h"
+#include "support/temporary_folder.h"
+#include "timing.h"
+#include "ui/chart_canvas.h"
+
+namespace vistaplot::bench {
+namespace {
+
+constexpr int kRuns = 31;
+constexpr int kWidth = 1280;
+constexpr int kHeight = 900;
+
+/// Lays a chart out and paints it into one image that is used again and again.
+class Painting {
+ public:
+  /// Returns a number that depends on the pixels: those that are not white on every 64th line.
+  int Paint(const ChartView& view) {
+    const ChartPicture picture = LayoutChart(view, {kWidth, kHeight}, measure_);
+    QPainter painter(&image_);
+    PaintPicture(painter, picture);
+    painter.end();
+    int drawn = 0;
+    for (int y = 0; y < kHeight; y += 64) {
+      const auto* line = reinterpret_cast<const QRgb*>(image_.constScanLine(y));
+      for (int x = 0; x < kWidth; ++x) drawn += line[x] == qRgb(255, 255, 255) ? 0 : 1;
+    }
+    return drawn;
+  }
+
+ private:
+  QImage image_{kWidth, kHeight, QImage::Format_RGB32};
+  QtTextMeasure measure_;
+};
+
+/// Funds over all days of a service that has one day more: a chart's first day is day 2.
+class ChartWorld {
+ public:
+  ChartWorld(int funds, int days) {
+    const std::string csv = folder_.Path("wide.csv");
+    if (!WriteWideCsv(csv, funds * 3 / 2, days + 1, kSeed)) throw std::runtime_error("disk full");
+    MakeService(folder_.Path(), csv);
+    program_ = std::make_unique<BenchProgram>(folder_.Path());
+    program_->Load();
+    program_->SelectFunds(funds);
+    program_->AllScreens().frmMain.mnuFileGraph_Click();
+    program_->AllScreens().frmMain.mnuTimePeriod_Click(kAllDays);
+  }
+
+  FrmGraph& Graph() { return program_->AllScreens().frmGraph; }
+
+  /// Builds the chart of the selected funds; returns its rows times columns.
+  int Build(bool scatter) {
+    SharedState& state = program_->State();
+    PriceChartRequest request;
+    request.end_day = state.market.calendar.MaxNumDays;
+    request.scatter = scatter;
+    ChartView& view = Graph().VtChart1.view;
+    const auto outcome = BuildPriceChart(
+        request, state.table.SheetAt(1), state.market.calendar, state.selection, view);
+    if (!outcome.drawn) throw std::runtime_error(outcome.message);
+    return view.rowcount() * view.ColumnCount();
+  }
+
+ private:
+  test::TemporaryFolder folder_;
+  std::unique_ptr<BenchProgram> program_;
+};
+
+void MeasureOne(ChartWorld& world, Painting& painting, const std::string& what, bool scatter) {
+  const std::string build = "build " + what;
+  const std::string paint = "paint " + what;
+  Measure(build.c_str(), kRuns, [&] { return world.Build(scatter); });
+  Measure(paint.c_str(), kRuns, [&] { return painting.Paint(world.Graph().VtChart1.view); });
+}
+
+}  // namespace
+
+void MeasureCharts() {
+  Painting painting;
+  {
+    ChartWorld one(1, kDays);
+    MeasureOne(one, painting, "1 x 12000 line", false);
+    MeasureOne(one, painting, "1 x 12000 scatter", true);
+  }
+  ChartWorld ten(10, 1200);
+  MeasureOne(ten, painting, "10 x 1200 line", false);
+  int day = 0;
+  Measure("scroll step 10 x 1200 line", kRuns, [&] {
+    ten.Graph().HScroll1.SetValue(600 + day++ % 2);
+    return painting.Paint(ten.Graph().VtChart1.view);
+  });
+}
+
+}  // namespace vistaplot::bench

@@ -1,0 +1,47 @@
+// figures DIR: measures what users wait for, on 255 issues of 12,000 market days. The prices are in
+// DIR/wide.csv, which is made when it is not there.
+
+#include "figures.h"
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+
+#include "price_walk.h"
+#include "ui/offscreen_application.h"
+
+namespace {
+
+int Run(const std::string& dir) {
+  namespace bench = vistaplot::bench;
+  const std::string wide_csv = dir + "/wide.csv";
+  if (!std::filesystem::exists(wide_csv)) {
+    std::fprintf(stderr, "making %s\n", wide_csv.c_str());
+    std::filesystem::create_directories(dir);
+    if (!bench::WriteWideCsv(wide_csv, bench::kIssues, bench::kDays, bench::kSeed)) {
+      std::fprintf(stderr, "figures: cannot write %s\n", wide_csv.c_str());
+      return 1;
+    }
+  }
+  bench::MeasureLoading(wide_csv);
+  vistaplot::OffscreenApplication application;
+  application.Ensure();
+  bench::MeasureCharts();
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: figures DIR\n");
+    return 2;
+  }
+  try {
+    return Run(argv[1]);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "figures: %s\n", error.what());
+    return 1;
+  }
+}
