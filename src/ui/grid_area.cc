@@ -21,6 +21,7 @@ GridArea::GridArea(Grid& grid, DataTable& table, EventGuard& guard, QWidget* par
   setModel(&model_);
   horizontalHeader()->hide();
   verticalHeader()->hide();
+  QTableView::updateGeometries();  // hides the corner between the headers
   setFrameShape(QFrame::NoFrame);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);

@@ -4,6 +4,7 @@
 #include <QTimerEvent>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 
 #include "base/text.h"
 #include "ui/grid_area.h"
@@ -165,7 +166,8 @@ void GridArea::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void GridArea::SetWidth(int col, int pixels) {
-  table_.Active().SetColumnWidth(col, std::max(pixels, kLeastWidth) * kTwipsPerGridPixel);
+  const double twips = std::max(pixels, kLeastWidth) * fonts_.Sizes().twips_per_pixel;
+  table_.Active().SetColumnWidth(col, static_cast<int>(std::lround(twips)));
   Measure();
   UpdateBars();
   viewport()->update();

@@ -1,6 +1,7 @@
 #include "ui/grid_geometry.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <string>
@@ -17,7 +18,7 @@ constexpr int kLeastStripDigits = 3;
 int ColumnPixels(const Sheet& sheet, int col, const GridSizes& sizes) {
   const int twips = sheet.ColumnWidth(col);
   if (twips <= 0) return sizes.default_width;
-  return std::max((twips + kTwipsPerGridPixel / 2) / kTwipsPerGridPixel, kLeastWidth);
+  return std::max(static_cast<int>(std::lround(twips / sizes.twips_per_pixel)), kLeastWidth);
 }
 
 }  // namespace

@@ -13,13 +13,13 @@
 
 namespace vistaplot {
 
-inline constexpr int kTwipsPerGridPixel = 15;
-
 /// Sizes that follow from the font.
 struct GridSizes {
   int row_height = 20;
   int digit_width = 8;
   int default_width = 80;  ///< of a column whose width is not set
+  /// Column widths are made for digits of 110 twips; wider ones get wider columns.
+  double twips_per_pixel = 15.0;
 };
 
 /// First to last line, both shown; empty when last < first.

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kRowPadding = 6;
 constexpr int kDefaultMargin = 16;
+constexpr double kTwipsPerPixel = 15.0;
+constexpr double kTwipsPerDigit = 110.0;
 constexpr double kLineShare = 0.16;    // of the text's colour in the lines between cells
 constexpr double kEdgeShare = 0.45;    // in the line that closes the headings
 constexpr double kStripShare = 0.65;   // in the letters and numbers of the strips
@@ -194,7 +196,7 @@ class GridPainter {
     painter_.drawLine(place.topRight(), place.bottomRight());
     painter_.drawLine(place.bottomLeft(), place.bottomRight());
     painter_.setPen(is_chosen ? ink : Mixed(ground, ink, kStripShare));
-    painter_.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, text);
+    painter_.drawText(place.adjusted(0, 0, -1, -1), Qt::AlignCenter | Qt::TextSingleLine, text);
   }
 
   void PaintLetters(const GridSpan& cols) {
@@ -261,9 +263,11 @@ bool IsNumberCell(std::string_view text) {
 GridFonts::GridFonts(const QFont& font) : plain(font), heading(Bold(font)) {}
 
 GridSizes GridFonts::Sizes() const {
+  const int digit_width = plain.Metrics().horizontalAdvance(u'0');
   return {.row_height = plain.Metrics().height() + kRowPadding,
-          .digit_width = plain.Metrics().horizontalAdvance(u'0'),
-          .default_width = plain.Width("00/00/0000") + kDefaultMargin};
+          .digit_width = digit_width,
+          .default_width = plain.Width("00/00/0000") + kDefaultMargin,
+          .twips_per_pixel = std::min(kTwipsPerPixel, kTwipsPerDigit / std::max(digit_width, 1))};
 }
 
 void PaintGrid(QPainter& painter, const GridScene& scene, GridFonts& fonts) {
