@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "base/heap.h"
 #include "price_walk.h"
 #include "ui/offscreen_application.h"
 
@@ -34,6 +35,7 @@ int Run(const std::string& dir) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vistaplot::PrepareHeap();  // as the program does
   if (argc != 2) {
     std::fprintf(stderr, "usage: figures DIR\n");
     return 2;
