@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "charts/value_marks.h"
+
 namespace vistaplot {
 namespace {
 
@@ -18,6 +20,16 @@ const ChartSeries& DefaultSettings() {
 
 ValueRange EmptyRange() {
   return {std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
+}
+
+/// Rebased prices that do not move differ by the rounding of their single-precision base.
+constexpr double kRebasedNoise = 1e-6;
+
+// Widened where it is rounding alone, so that a flat price is drawn flat.
+ValueRange WithoutNoise(ValueRange range) {
+  if (range.low > range.high || range.high - range.low > kRebasedNoise) return range;
+  const double middle = std::round((range.low + range.high) / 2.0 / kRebasedNoise) * kRebasedNoise;
+  return {middle - 0.01, middle + 0.01};
 }
 
 // Widened by `part` of its span at both ends; a single value gets room as well.
@@ -143,6 +155,7 @@ AxisRanges RangesOf(const ChartView& view) {
     }
   }
   ranges.positions = by_row ? RowRange(view.rowcount()) : WithMargin(ranges.positions, 0.02);
+  if (ValueUnitOf(view) != ValueUnit::kPlain) ranges.values = WithoutNoise(ranges.values);
   const auto& fixed = view.Plot.Axis[1].ValueScale;
   const bool usable = !fixed.Auto && fixed.Minimum < fixed.Maximum;
   ranges.values =

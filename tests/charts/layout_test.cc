@@ -137,6 +137,11 @@ TEST(Layout, GuidesStandAtRoundChangesInsideThePlot) {
   }
 }
 
+TEST(Layout, FlatPriceIsDrawnFlatAndNotAsTheRoundingOfItsBase) {
+  const ChartPicture picture = LayOut(LineChart({{0.0, 1.5e-8, 1.5e-8}}), {640, 480});
+  EXPECT_GT(picture.scale.highest - picture.scale.lowest, 0.01);
+}
+
 TEST(Layout, FixedBoundsAreTakenAsTheyAre) {
   ChartView view = LineChart({{1.0, 1.2, 0.9}});
   auto& bounds = view.Plot.Axis[1].ValueScale;
