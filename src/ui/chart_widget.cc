@@ -1,0 +1,284 @@
+#include "ui/chart_widget.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "charts/hit_test.h"
+#include "ui/chart_canvas.h"
+#include "ui/qt_text.h"
+#include "ui/read_out_line.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr int kNotch = 120;          ///< turn of the wheel, in eighths of a degree
+constexpr int kUsualSpacing = 20;    ///< rows of a page where labels have no spacing of their own
+constexpr double kPlotReach = 12.0;  ///< how far beside the plot the pointer still moves the cross
+constexpr double kClickReach = 4.0;  ///< a click whose pointer moved farther is none
+constexpr int kFocusFrame = 2;
+constexpr int kDarkest = 128;  ///< lightness below which a desktop counts as dark
+
+/// Whole notches of `rest` and `delta` together; `rest` keeps what is left.
+int TakeNotches(int& rest, int delta) {
+  if ((rest < 0) != (delta < 0)) rest = 0;  // turned back
+  rest += delta;
+  const int notches = rest / kNotch;
+  rest -= notches * kNotch;
+  return notches;
+}
+
+/// What lies at `x` on the horizontal scale.
+double PositionAt(const PlotScale& scale, double x) {
+  return scale.first_position +
+         (x - scale.box.left) / scale.box.Width() * (scale.last_position - scale.first_position);
+}
+
+}  // namespace
+
+ChartWidget::ChartWidget(ChartBox& control, EventGuard& guard, QWidget* parent)
+    : QWidget(parent), control_(control), guard_(guard), read_out_line_(*new ReadOutLine(this)) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  setAccessibleName(tr("Chart"));
+  read_out_line_.ShowHint();
+}
+
+void ChartWidget::SetHooks(ChartHooks hooks) {
+  hooks_ = std::move(hooks);
+  ViewChanged();
+}
+
+void ChartWidget::ViewChanged() {
+  update();
+  if (std::exchange(stale_, true) || !isVisible()) return;
+  // Ahead of the painting, so that the read-out is in step when that begins; once for many changes.
+  QMetaObject::invokeMethod(
+      this, [this] { Prepare(); }, Qt::QueuedConnection);
+}
+
+void ChartWidget::Prepare() {
+  if (!stale_) return;
+  stale_ = false;
+  theme_ = palette().color(QPalette::Window).lightness() < kDarkest ? DarkTheme() : LightTheme();
+  read_out_line_.Prepare(control_.view, theme_, hooks_.price_text != nullptr);
+  PlaceReadOut();
+  LayOut();
+}
+
+void ChartWidget::PlaceReadOut() {
+  const int line = read_out_line_.HeightFor(width(), height() / 4);
+  read_out_line_.setVisible(line > 0);
+  read_out_line_.setGeometry(0, height() - line, width(), line);
+}
+
+QSize ChartWidget::ChartSize() const {
+  return {width(), read_out_line_.isHidden() ? height() : read_out_line_.y()};
+}
+
+void ChartWidget::LayOut() {
+  const double place = marks_.x;
+  const bool other_rows = picture_rows_ != control_.view.rowcount();
+  picture_rows_ = control_.view.rowcount();
+  const QSize size = ChartSize();
+  picture_ = LayoutChart(control_.view,
+                         {static_cast<double>(size.width()), static_cast<double>(size.height())},
+                         QtTextMeasure(),
+                         {.dark = theme_.dark, .detail = devicePixelRatioF()});
+  paint_anew_ = true;
+  cross_hair_.Follow(control_.view);
+  if (!cross_hair_.Shown()) return HideCrossHair();
+  if (other_rows) cross_hair_.SnapTo(PositionAt(picture_.scale, place));
+  ShowCrossHair();
+}
+
+void ChartWidget::PaintChart() {
+  const double ratio = devicePixelRatioF();
+  const QSize pixels = (QSizeF(ChartSize()) * ratio).toSize();
+  if (painted_.size() != pixels) painted_ = QPixmap(pixels);
+  painted_.setDevicePixelRatio(ratio);
+  QPainter painter(&painted_);
+  PaintPicture(painter, picture_);
+  paint_anew_ = false;
+}
+
+void ChartWidget::paintEvent(QPaintEvent* /*event*/) {
+  if (painted_.devicePixelRatio() != devicePixelRatioF()) stale_ = true;
+  Prepare();
+  if (paint_anew_) PaintChart();
+  QPainter painter(this);
+  painter.drawPixmap(0, 0, painted_);
+  if (cross_hair_.Shown()) PaintMarks(painter, marks_, theme_);
+  if (!hasFocus()) return;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  const QRect frame(QPoint(), ChartSize());
+  const QRegion inside = frame.adjusted(kFocusFrame, kFocusFrame, -kFocusFrame, -kFocusFrame);
+  for (const QRect& side : QRegion(frame) - inside) {
+    painter.fillRect(side, palette().color(QPalette::Highlight));
+  }
+}
+
+void ChartWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  ViewChanged();
+}
+
+void ChartWidget::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  Prepare();
+}
+
+void ChartWidget::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  const QEvent::Type type = event->type();
+  if (type == QEvent::PaletteChange || type == QEvent::FontChange || type == QEvent::StyleChange) {
+    ViewChanged();
+  }
+}
+
+void ChartWidget::keyPressEvent(QKeyEvent* event) {
+  Prepare();
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (!plain || !cross_hair_.Possible() || !DoKey(event->key())) QWidget::keyPressEvent(event);
+}
+
+// False for keys that mean nothing here.
+bool ChartWidget::DoKey(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      cross_hair_.Step(-1);
+      break;
+    case Qt::Key_Right:
+      cross_hair_.Step(1);
+      break;
+    case Qt::Key_PageUp:
+      cross_hair_.Step(-LabelSpacing());
+      break;
+    case Qt::Key_PageDown:
+      cross_hair_.Step(LabelSpacing());
+      break;
+    case Qt::Key_Home:
+      cross_hair_.GoToFirst();
+      break;
+    case Qt::Key_End:
+      cross_hair_.GoToLast();
+      break;
+    case Qt::Key_Up:
+      return ChooseNext(-1);
+    case Qt::Key_Down:
+      return ChooseNext(1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!cross_hair_.Shown() || marks_.Chosen() == nullptr) return false;
+      SelectPoint(chosen_series_, cross_hair_.Row());
+      return true;
+    case Qt::Key_Escape:
+      if (!cross_hair_.Shown()) return false;
+      HideCrossHair();
+      return true;
+    default:
+      return false;
+  }
+  ShowCrossHair();
+  return true;
+}
+
+int ChartWidget::LabelSpacing() const {
+  const auto& scale = control_.view.Plot.Axis[0].CategoryScale;
+  return scale.Auto || scale.DivisionsPerLabel < 2 ? kUsualSpacing : scale.DivisionsPerLabel;
+}
+
+bool ChartWidget::ChooseNext(int step) {
+  if (!cross_hair_.Shown() || marks_.points.empty()) return false;
+  const auto& points = marks_.points;
+  const CrossHairPoint* chosen = marks_.Chosen();
+  const auto count = static_cast<int>(points.size());
+  const int now = chosen == nullptr ? 0 : static_cast<int>(chosen - points.data());
+  chosen_series_ = points[static_cast<std::size_t>((now + step + count) % count)].series;
+  ShowCrossHair();
+  return true;
+}
+
+void ChartWidget::PointAt(QPointF at) {
+  Prepare();
+  const PictureBox& plot = picture_.plot;
+  if (!cross_hair_.Possible() || at.x() < plot.left - kPlotReach ||
+      at.x() > plot.right + kPlotReach || at.y() >= ChartSize().height()) {
+    return;
+  }
+  const bool moved = cross_hair_.SnapTo(PositionAt(picture_.scale, at.x()));
+  if (moved || marks_.NearestSeries(at.y()) != chosen_series_) ShowCrossHair(at.y());
+}
+
+void ChartWidget::ShowCrossHair(std::optional<double> near_y) {
+  const ReadOut read_out =
+      ReadRow(control_.view, cross_hair_.Row(), hooks_.price_text, theme_.dark);
+  CrossHairMarks marks = MarksOf(control_.view, picture_, cross_hair_, read_out);
+  if (near_y) chosen_series_ = marks.NearestSeries(*near_y);
+  marks.chosen_series = chosen_series_;
+  ReplaceMarks(marks);
+  read_out_line_.Show(read_out, chosen_series_);
+  read_out_text_ = QtText(LineText(read_out));
+  setAccessibleDescription(read_out_text_);
+}
+
+void ChartWidget::HideCrossHair() {
+  cross_hair_.Hide();
+  ReplaceMarks({});
+  read_out_line_.ShowHint();
+  read_out_text_.clear();
+  setAccessibleDescription(read_out_text_);
+}
+
+void ChartWidget::ReplaceMarks(const CrossHairMarks& marks) {
+  update(AreaOf(marks_) + AreaOf(marks));
+  marks_ = marks;
+}
+
+void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
+  PointAt(event->position());
+}
+
+void ChartWidget::mousePressEvent(QMouseEvent* event) {
+  pressed_at_.reset();
+  if (event->button() == Qt::LeftButton) pressed_at_ = event->position();
+}
+
+void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const QPointF at = event->position();
+  const auto pressed_at = std::exchange(pressed_at_, std::nullopt);
+  if (!pressed_at || (at - *pressed_at).manhattanLength() > kClickReach) return;
+  Prepare();
+  const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
+  if (hit) SelectPoint(hit->series, hit->point);
+}
+
+void ChartWidget::SelectPoint(int series, int point) {
+  PointSelection selection{.Series = series, .DataPoint = point, .MouseFlags = 0, .Cancel = false};
+  guard_.Run([&] { control_.RaisePointSelected(selection); });
+  Prepare();
+  if (selection.Cancel) return;
+  cross_hair_.GoToRow(point);
+  chosen_series_ = series;
+  if (cross_hair_.Shown()) ShowCrossHair();
+}
+
+void ChartWidget::wheelEvent(QWheelEvent* event) {
+  const bool period = event->modifiers().testFlag(Qt::ControlModifier);
+  const auto& hook = period ? hooks_.change_period : hooks_.scroll;
+  if (!hook) return event->ignore();
+  const QPoint turn = event->angleDelta();
+  // Away from the user: back in time, and nearer.
+  const int notches =
+      TakeNotches(period ? period_rest_ : scroll_rest_, turn.y() != 0 ? -turn.y() : -turn.x());
+  event->accept();
+  if (notches != 0) guard_.Run([&] { hook(notches); });
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,98 @@
+#include "ui/crosshair_marks.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "charts/layout_parts.h"
+
+namespace vistaplot {
+namespace {
+
+constexpr double kRing = 4.0;  // radius
+constexpr double kChosenRing = 5.5;
+constexpr int kReach = 8;  // of a ring with its outline, in whole pixels
+
+QColor ToQt(const PictureColor& color, int alpha = 255) {
+  return {color.red, color.green, color.blue, alpha};
+}
+
+// A line of one device pixel lies sharp.
+double Snapped(double place, double ratio) {
+  return std::floor(place * ratio) / ratio;
+}
+
+}  // namespace
+
+const CrossHairPoint* CrossHairMarks::Chosen() const {
+  const auto found = std::find_if(points.begin(), points.end(), [&](const CrossHairPoint& point) {
+    return point.series == chosen_series;
+  });
+  return found == points.end() ? nullptr : &*found;
+}
+
+int CrossHairMarks::NearestSeries(double y) const {
+  const auto nearest = std::min_element(
+      points.begin(), points.end(), [y](const CrossHairPoint& a, const CrossHairPoint& b) {
+        return std::abs(a.at.y - y) < std::abs(b.at.y - y);
+      });
+  return nearest == points.end() ? 0 : nearest->series;
+}
+
+CrossHairMarks MarksOf(const ChartView& view,
+                       const ChartPicture& picture,
+                       const CrossHair& cross_hair,
+                       const ReadOut& read_out) {
+  CrossHairMarks marks{picture.plot, picture.scale.X(cross_hair.Position()), {}, 0};
+  const int row = cross_hair.Row();
+  std::size_t entry = 0;
+  for (const DrawnSeries& series : SeriesOf(view)) {
+    const PictureColor color = read_out.entries[entry++].mark;
+    if (!view.HasPoint(row, series.y_column)) continue;
+    if (series.x_column > 0 && !view.HasPoint(row, series.x_column)) continue;
+    const double position = series.x_column > 0 ? view.DataAt(row, series.x_column) : row;
+    const PicturePoint at{picture.scale.X(position),
+                          picture.scale.Y(view.DataAt(row, series.y_column))};
+    if (at.y < picture.plot.top - 1.0 || at.y > picture.plot.bottom + 1.0) continue;
+    marks.points.push_back({series.number, at, color});
+  }
+  return marks;
+}
+
+QRegion AreaOf(const CrossHairMarks& marks) {
+  const PictureBox& plot = marks.plot;
+  const int left = static_cast<int>(std::floor(plot.left));
+  const int top = static_cast<int>(std::floor(plot.top));
+  const int width = static_cast<int>(std::ceil(plot.right)) - left;
+  const int height = static_cast<int>(std::ceil(plot.bottom)) - top;
+  QRegion area(static_cast<int>(std::floor(marks.x)) - 1, top, 3, height);
+  if (const CrossHairPoint* chosen = marks.Chosen()) {
+    area += QRect(left, static_cast<int>(std::floor(chosen->at.y)) - 1, width, 3);
+  }
+  for (const CrossHairPoint& point : marks.points) {
+    area += QRect(static_cast<int>(std::floor(point.at.x)) - kReach,
+                  static_cast<int>(std::floor(point.at.y)) - kReach,
+                  2 * kReach + 1,
+                  2 * kReach + 1);
+  }
+  return area;
+}
+
+void PaintMarks(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
+  const double ratio = painter.device()->devicePixelRatioF();
+  const PictureBox& plot = marks.plot;
+  const QColor line = ToQt(theme.title, 150);
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.fillRect(QRectF(Snapped(marks.x, ratio), plot.top, 1.0, plot.Height()), line);
+  if (const CrossHairPoint* chosen = marks.Chosen()) {
+    painter.fillRect(QRectF(plot.left, Snapped(chosen->at.y, ratio), plot.Width(), 1.0), line);
+  }
+  painter.setRenderHint(QPainter::Antialiasing, true);
+  painter.setPen(QPen(ToQt(theme.background), 1.5));
+  for (const CrossHairPoint& point : marks.points) {
+    const double radius = point.series == marks.chosen_series ? kChosenRing : kRing;
+    painter.setBrush(ToQt(point.color));
+    painter.drawEllipse(QPointF(point.at.x, point.at.y), radius, radius);
+  }
+}
+
+}  // namespace vistaplot
