@@ -66,15 +66,15 @@ int ScriptRunner::Run(std::istream& script, const std::function<void()>& start) 
   try {
     RunAll(script, start);
     world_.answers.RequireEmpty();
+    if (!world_.out.flush()) throw ScriptError("the output could not be written");
   } catch (const ScriptError& error) {
-    return Report(error.text, error.line);
+    return Report(error.text, error.line == 0 ? line_ : error.line);
   } catch (const std::exception& failure) {
     return Report(std::string("the program failed: ") + failure.what(), line_);
-  } catch (const RunEnded& end) {
+  } catch (const RunEnded&) {  // RunAll lets only a fatal end through
     world_.out.flush();
     return kRunFatal;
   }
-  world_.out.flush();
   return kRunDone;
 }
 
