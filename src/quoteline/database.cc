@@ -24,6 +24,7 @@ Meaning MeaningOf(int result) {
       return {QL_NO_DATABASE, "cannot open the database"};
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
+    case SQLITE_ERROR:  // every statement is right for a whole database
       return {QL_DATABASE_CORRUPT, "the database is damaged"};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

@@ -98,7 +98,8 @@ Result<Family> ParseFamilyFile(std::string_view bytes) {
                    std::to_string(held));
   }
   for (std::size_t i = 0; i < count; ++i) {
-    const auto symbol = bytes.substr(kHeaderSize + i * kEntrySize, kSymbolLength);
+    std::string symbol(bytes.substr(kHeaderSize + i * kEntrySize, kSymbolLength));
+    std::replace(symbol.begin(), symbol.end(), '\0', ' ');
     family.symbols.push_back(Utf8FromWindows1252(TrimBlanks(symbol)));
   }
   return family;

@@ -84,17 +84,4 @@ Result<FnuFile> ParseFnuFile(std::string_view name, std::string_view bytes) {
   return file;
 }
 
-std::string FnuFileBytes(const FnuFile& file) {
-  std::string bytes = Windows1252FromUtf8(file.symbol) + "\r\n";
-  bytes += Windows1252FromUtf8(file.title) + "\r\n";
-  for (const FnuValue& value : file.values) {
-    bytes += '"';
-    AppendDateText(bytes, value.date, DatePattern::kMonthDayLongYear);
-    bytes += "\",";
-    AppendNumberText(bytes, value.value);
-    bytes += ",0\r\n";
-  }
-  return bytes;
-}
-
 }  // namespace vistaplot

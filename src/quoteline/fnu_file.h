@@ -27,8 +27,4 @@ struct FnuFile {
 /// wrong there: no symbol or one that is too long, a line that is no date and value, no line.
 Result<FnuFile> ParseFnuFile(std::string_view name, std::string_view bytes);
 
-/// The bytes of an FNU file: lines end with CR LF, text in Windows-1252, values with at most seven
-/// digits.
-std::string FnuFileBytes(const FnuFile& file);
-
 }  // namespace vistaplot

@@ -75,7 +75,8 @@ int CountPrices(const History& history) {
 
 void CarryForward(std::span<float> values, std::span<const std::uint8_t> priced) {
   for (std::size_t i = 1; i < values.size(); ++i) {
-    if ((priced[i / 8] >> (i % 8) & 1U) == 0) values[i] = values[i - 1];
+    const unsigned bits = priced[i / 8];
+    if ((bits >> (i % 8) & 1U) == 0) values[i] = values[i - 1];
   }
 }
 

@@ -18,7 +18,10 @@ struct History {
   std::vector<std::uint8_t> priced;  ///< bit i % 8 of byte i / 8: prices[i] is no carried value
 
   int LastDay() const { return first_day + static_cast<int>(prices.size()) - 1; }
-  bool HasPrice(std::size_t index) const { return (priced[index / 8] >> (index % 8) & 1U) != 0; }
+  bool HasPrice(std::size_t index) const {
+    const unsigned bits = priced[index / 8];
+    return (bits >> (index % 8) & 1U) != 0;
+  }
 };
 
 /// Bytes of the bits of `days` days.

@@ -147,12 +147,7 @@ Result<StoreState> LoadState(Database& database) {
     StoreState state{.stamp = query.Integer(0), .days = Unpacked<DateSerial>(query.Blob(1))};
     if (ByteChecksum(query.Blob(1)) == query.Integer(2) && IsCalendar(state.days)) return state;
   }
-  if (auto outcome = database.Outcome(); !outcome) {
-    RuntimeError error = outcome.Error();
-    // A table that is not there is damage, whatever SQLite calls it.
-    if (error.number == QL_GENERAL_FAILURE) error.number = QL_DATABASE_CORRUPT;
-    return error;
-  }
+  if (auto outcome = database.Outcome(); !outcome) return outcome.Error();
   return StoreError(QL_DATABASE_CORRUPT, "the market calendar is damaged", database);
 }
 
