@@ -7,7 +7,8 @@ shift
 
 scripts/setup.sh
 if command -v ccache >/dev/null; then
-  export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  # Another clone of the same sources finds what this one compiled.
+  export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 fi
 log=build/$preset/configure.log
 mkdir -p "build/$preset"
