@@ -8,6 +8,8 @@
 #include <iostream>
 #include <string>
 
+#include "app/ini_settings.h"
+#include "marketdata/quoteline_library.h"
 #include "ui/window_program.h"
 
 namespace vistaplot {
@@ -85,7 +87,10 @@ int RunWindows(const Options& options, ScriptPlayer* player, int& argc, char** a
   KeepPlainLocale();
   QApplication::setApplicationName(QStringLiteral("vistaplot"));
   QApplication::setQuitOnLastWindowClosed(false);
-  WindowProgram program(options, player);
+  QuotelineLibrary quoteline(options.quoteline_dir);
+  IniSettings settings(options.settings_file);
+  WindowProgram program(
+      {.quoteline = quoteline, .settings = settings, .display = options.display, .player = player});
   application.SetGuard(&program.Guard());
   const int status = program.Run();
   application.SetGuard(nullptr);

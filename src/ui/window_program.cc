@@ -39,16 +39,14 @@ bool ShowsChart(const Form& form) {
 
 }  // namespace
 
-WindowProgram::WindowProgram(const Options& options, ScriptPlayer* player)
-    : options_(options),
-      player_(player),
+WindowProgram::WindowProgram(const WindowParts& parts)
+    : display_(parts.display),
+      player_(parts.player),
       factory_(StandardAdapters()),
-      quoteline_(options.quoteline_dir),
-      settings_(options.settings_file),
-      program_({.quoteline = quoteline_,
-                .settings = settings_,
-                .dialogs = player == nullptr ? dialogs_ : player->Over(dialogs_),
-                .host = player == nullptr ? host_ : player->Over(host_),
+      program_({.quoteline = parts.quoteline,
+                .settings = parts.settings,
+                .dialogs = player_ == nullptr ? dialogs_ : player_->Over(dialogs_),
+                .host = player_ == nullptr ? host_ : player_->Over(host_),
                 .program_dir = ProgramFolder(),
                 .roots = RootsFromEnvironment()}),
       window_(program_.AllScreens().frmMain, factory_, guard_) {
@@ -84,9 +82,9 @@ int WindowProgram::Run() {
 }
 
 void WindowProgram::SizeWindow() {
-  if (options_.display) {
-    window_.resize(options_.display->width, options_.display->height);
-    host_.SetDisplay(DisplayInTwips(*options_.display));
+  if (display_) {
+    window_.resize(display_->width, display_->height);
+    host_.SetDisplay(DisplayInTwips(*display_));
     return;
   }
   window_.resize(AvailableSize());

@@ -1,11 +1,11 @@
 // The program's parts with windows joined: screens, skin, service and settings.
 #pragma once
 
-#include "app/ini_settings.h"
 #include "app/options.h"
 #include "app/program.h"
 #include "app/script_player.h"
-#include "marketdata/quoteline_library.h"
+#include "base/settings.h"
+#include "marketdata/quoteline_api.h"
 #include "ui/event_guard.h"
 #include "ui/main_window.h"
 #include "ui/qt_dialogs.h"
@@ -13,13 +13,20 @@
 
 namespace vistaplot {
 
+/// What the program needs from outside; all of it outlives the program.
+struct WindowParts {
+  QuotelineApi& quoteline;
+  Settings& settings;
+  std::optional<PixelSize> display;  ///< what the screens scale to; nothing: the real display
+  ScriptPlayer* player = nullptr;    ///< plays a script once the windows are open; may be null
+};
+
 class WindowProgram : public QObject {
   Q_OBJECT
 
  public:
-  /// Builds the main window, hidden. Needs a running QApplication. `player` plays a script once the
-  /// windows are open; it may be null, and outlives the program.
-  WindowProgram(const Options& options, ScriptPlayer* player);
+  /// Builds the main window, hidden. Needs a running QApplication.
+  explicit WindowProgram(const WindowParts& parts);
   ~WindowProgram() override;
 
   EventGuard& Guard() { return guard_; }
@@ -40,14 +47,12 @@ class WindowProgram : public QObject {
   void FullScreen();
   void ShowKeys();
 
-  Options options_;
+  std::optional<PixelSize> display_;
   ScriptPlayer* player_;
   EventGuard guard_;
   QtDialogs dialogs_{guard_};
   AdapterFactory factory_;
   QtHost host_{guard_, factory_};
-  QuotelineLibrary quoteline_;
-  IniSettings settings_;
   Program program_;
   MainWindow window_;
 };

@@ -1,0 +1,175 @@
+#include "ui/window_program.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QListView>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include "support/screen_world.h"
+#include "ui/panel_field.h"
+
+namespace vistaplot {
+namespace {
+
+/// The whole program with windows over the service of the test world.
+struct Windows {
+  test::ScreenWorld world;
+  WindowProgram program{{.quoteline = world.quoteline,
+                         .settings = world.settings,
+                         .display = PixelSize{1280, 960},
+                         .player = nullptr}};
+  Screens& screens = program.Screens().AllScreens();
+
+  void Start() {
+    ASSERT_TRUE(program.Start());
+    QApplication::processEvents();
+  }
+
+  QMdiSubWindow& Child(const Form& form) {
+    return *program.Window().findChild<QMdiSubWindow*>(QString::fromStdString(form.Name()));
+  }
+
+  QAction& Command(const char* name) { return *program.Window().findChild<QAction*>(name); }
+};
+
+TEST(WindowProgram, StartsWithTheParameterScreenFillingTheWindow) {
+  Windows windows;
+  windows.Start();
+  EXPECT_TRUE(windows.program.Window().isVisible());
+  EXPECT_EQ(windows.program.Window().size(), QSize(1280, 960));
+  EXPECT_TRUE(windows.Child(windows.screens.frmTab).isMaximized());
+  EXPECT_EQ(windows.program.Host().ViewOf(windows.screens.frmGraph), nullptr);
+  EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmTab);
+}
+
+TEST(WindowProgram, AFamilyIsLoadedWithTheKeyboardAlone) {
+  Windows windows;
+  windows.Start();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);  // the list of data types
+  ASSERT_EQ(windows.screens.frmTab.cboDataType.ListIndex(), 1);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);
+  QTest::keyClicks(QApplication::focusWidget(), "trio");
+  EXPECT_EQ(windows.screens.frmTab.lstIndex.SelectedPositions(), std::vector<int>{0});
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_L, Qt::AltModifier);
+  const bool& loaded = windows.program.Screens().State().flags.ResultFileLoaded;
+  EXPECT_TRUE(QTest::qWaitFor([&loaded] { return loaded; }));  // the button is seen to go down
+}
+
+TEST(WindowProgram, MenusAndToolsFollowTheirControls) {
+  Windows windows;
+  windows.Start();
+  EXPECT_FALSE(windows.Command("mnuTime").isEnabled());
+  windows.screens.frmTab.cboDataType.SetListIndex(1);
+  EXPECT_TRUE(windows.Command("mnuTime").isEnabled());
+  int ticked = 0;
+  for (const QAction* period : windows.program.Window().findChildren<QAction*>("mnuTimePeriod")) {
+    if (period->isChecked()) ++ticked;
+  }
+  EXPECT_EQ(ticked, 1);
+  EXPECT_FALSE(windows.Command("cmdNext").isVisible());
+  windows.screens.frmTab.optOneAll.SetListIndex(1);
+  EXPECT_TRUE(windows.Command("cmdNext").isVisible());
+  EXPECT_EQ(windows.Command("cmdShowCalc").text(), "Calculations Screen");
+  EXPECT_FALSE(windows.Command("cmdShowCalc").icon().isNull());
+}
+
+TEST(WindowProgram, ThePointerOverAToolShowsItsTip) {
+  Windows windows;
+  windows.Start();
+  QToolBar& bar = *windows.program.Window().findChild<QToolBar*>();
+  QEvent came(QEvent::Enter);
+  QApplication::sendEvent(bar.widgetForAction(&windows.Command("cmdSort")), &came);
+  EXPECT_EQ(windows.screens.frmMain.TxtToolTip.Text(), "Sort");
+  EXPECT_TRUE(windows.screens.frmMain.TxtToolTip.Visible());
+  QEvent left(QEvent::Leave);
+  QApplication::sendEvent(&bar, &left);
+  EXPECT_FALSE(windows.screens.frmMain.TxtToolTip.Visible());
+}
+
+TEST(WindowProgram, TheMeterIsPaintedInTheMiddleOfWork) {
+  Windows windows;
+  windows.Start();
+  auto& meter = *windows.program.Window().statusBar()->findChildren<PanelField*>().back();
+  const QImage blank = meter.grab().toImage();
+  Progress& progress = windows.screens.frmMain.progress;
+  progress.ShowMeter(0);
+  progress.ShowMeter(50);
+  EXPECT_GT(meter.width(), 100);
+  EXPECT_NE(meter.grab().toImage(), blank);
+  progress.HideMeter();
+  EXPECT_EQ(meter.grab().toImage(), blank);
+}
+
+TEST(WindowProgram, AClosedScreenComesBackAsItWas) {
+  Windows windows;
+  windows.Start();
+  windows.screens.frmTab.cboDataType.SetListIndex(1);
+  windows.Child(windows.screens.frmTab).close();
+  EXPECT_FALSE(windows.screens.frmTab.Shown());
+  windows.Command("cmdShowMain").trigger();
+  EXPECT_TRUE(windows.Child(windows.screens.frmTab).isVisible());
+  EXPECT_EQ(windows.screens.frmTab.cboDataType.ListIndex(), 1);
+}
+
+TEST(WindowProgram, TheFamilyWindowIsNotModalAndItsDatesAreCheckedOnLeaving) {
+  Windows windows;
+  windows.Start();
+  windows.screens.frmTab.cboDataType.SetListIndex(1);
+  windows.Command("mnuFamilySelect").trigger();
+  const FormView* view = windows.program.Host().ViewOf(windows.screens.frmFam);
+  ASSERT_NE(view, nullptr);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  auto* date = view->findChild<QLineEdit*>("txtbegDate");
+  ASSERT_TRUE(QTest::qWaitFor([date] { return QApplication::focusWidget() == date; }));
+  date->selectAll();
+  QTest::keyClicks(date, "1/15/01");
+  QTest::keyClick(date, Qt::Key_Tab);
+  EXPECT_EQ(windows.screens.frmFam.txtBegDate2.Text(), "15");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_FALSE(view->isVisible());
+}
+
+TEST(WindowProgram, AModalFormKeepsTheCallerUntilItsButton) {
+  Windows windows;
+  windows.Start();
+  FrmDir& chooser = windows.screens.frmDir;
+  QTimer::singleShot(0, [&] {
+    EXPECT_NE(QApplication::activeModalWidget(), nullptr);
+    chooser.Dir1.SetText("/data");
+    windows.program.Host().ViewOf(chooser)->findChild<QPushButton*>("cmdOK")->click();
+  });
+  chooser.ShowModal();
+  EXPECT_EQ(windows.program.Screens().State().directories.ChosenDir, "/data");
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(WindowProgram, ClosingTheFrameEndsTheProgram) {
+  Windows windows;
+  QTimer::singleShot(0, [&windows] { windows.program.Window().close(); });
+  EXPECT_EQ(windows.program.Run(), kExitDone);
+  EXPECT_FALSE(windows.program.Window().isVisible());
+}
+
+TEST(WindowProgram, AServiceThatCannotBeOpenedEndsItWithStatusThree) {
+  Windows windows;
+  windows.world.quoteline.open_status = -1;
+  QTimer::singleShot(0, [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->windowTitle(), "Error");
+    box->accept();
+  });
+  EXPECT_EQ(windows.program.Run(), kExitFatal);
+}
+
+}  // namespace
+}  // namespace vistaplot
