@@ -110,10 +110,10 @@ int RunCheck(const std::string& directory) {
   const CheckReport report = CheckService(directory);
   for (const std::string& note : report.notes) PrintLine("note: " + note);
   for (const std::string& fault : report.faults) PrintLine(fault);
-  const std::string looked_at = Counted(report.issues, "issue") + ", " +
-                                Counted(report.days, "market day") + ", " +
-                                std::to_string(report.fnu_series) + " FNU series, " +
-                                std::to_string(report.families) + " families";
+  const std::string looked_at =
+      Counted(report.issues, "issue") + ", " + Counted(report.days, "market day") + ", " +
+      std::to_string(report.fnu_series) + " FNU series, " + std::to_string(report.families) +
+      (report.families == 1 ? " family" : " families");
   const std::size_t faults = report.faults.size();
   PrintLine((faults == 0 ? std::string("no fault") : Counted(faults, "fault")) + " in " +
             looked_at);

@@ -1,0 +1,125 @@
+// The quoteline program as a user runs it: exit statuses, what goes to which stream.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "support/temporary_folder.h"
+
+namespace vistaplot {
+namespace {
+
+struct Finished {
+  int status = -1;
+  std::string out;
+  std::string errors;
+};
+
+class Tool : public testing::Test {
+ protected:
+  // Runs the program on the service directory; "FILES/" in the arguments is the test's folder.
+  Finished Call(std::string arguments) {
+    for (std::size_t at = 0; (at = arguments.find("FILES/", at)) != std::string::npos;) {
+      arguments.replace(at, 6, files_.Path() + "/");
+    }
+    const std::string command = std::string(QUOTELINE_PROGRAM) + " --dir " +
+                                files_.Path("service") + " " + arguments + " >" +
+                                files_.Path("out") + " 2>" + files_.Path("errors");
+    const int result = std::system(command.c_str());
+    return {WEXITSTATUS(result), Plain("out"), Plain("errors")};
+  }
+
+  // A file's text, the folder cut out.
+  std::string Plain(const std::string& name) const {
+    std::string text = files_.Read(name);
+    for (std::size_t at = 0; (at = text.find(files_.Path() + "/")) != std::string::npos;) {
+      text.erase(at, files_.Path().size() + 1);
+    }
+    return text;
+  }
+
+  test::TemporaryFolder files_;
+};
+
+TEST_F(Tool, WrongUsageIsStatus2AndSaysWhatIsWrong) {
+  const char* const calls[] = {"",
+                               "frobnicate",
+                               "import",
+                               "prices",
+                               "prices A B",
+                               "remove",
+                               "init now",
+                               "family QLDEF NAME",
+                               "list --no-such-option",
+                               "import --symbol A FILES/a.csv FILES/b.csv",
+                               "init check"};
+  for (const char* call : calls) {
+    const Finished run = Call(call);
+    EXPECT_EQ(run.status, 2) << call;
+    EXPECT_EQ(run.out, "") << call;
+    EXPECT_NE(run.errors, "") << call;
+  }
+  EXPECT_EQ(Call("--help").status, 0);
+  EXPECT_EQ(Call("import --help").status, 0);
+}
+
+TEST_F(Tool, FaultsAreStatus1) {
+  EXPECT_EQ(
+      Call("list").errors,
+      "quoteline: service/quoteline.db: there is no database; \"quoteline init\" makes one\n");
+  ASSERT_EQ(Call("init").status, 0);
+  EXPECT_EQ(Call("init").status, 0);  // changes nothing
+  files_.Write("BAD.csv", "Date,Close\n2000-01-03,none\n");
+  struct Case {
+    const char* call;
+    const char* errors;
+  };
+  const Case cases[] = {
+      {"import FILES/BAD.csv",
+       "BAD.csv:2: \"none\" is not a price above 0\nquoteline: nothing was stored\n"},
+      {"import FILES/missing.csv", "missing.csv: File not found\nquoteline: nothing was stored\n"},
+      {"prices A", "quoteline: A: no such issue\n"},
+      {"remove A", "quoteline: A: no such issue in the database; nothing was removed\n"},
+      {"family USERDEF F Title A", "quoteline: A: no such issue; the family was not written\n"},
+  };
+  for (const Case& one : cases) {
+    const Finished run = Call(one.call);
+    EXPECT_EQ(run.status, 1) << one.call;
+    EXPECT_EQ(run.errors, one.errors);
+    EXPECT_EQ(run.out, "");
+  }
+}
+
+TEST_F(Tool, ALifeOfAServiceDirectory) {
+  ASSERT_EQ(Call("init").status, 0);
+  files_.Write("w.csv", "Date,A,B\n2000-01-03,1.5,\n2000-01-04,,2\n");
+  const std::string summary =
+      "A: 1 new, 0 changed, 2000-01-03 to 2000-01-03\n"
+      "B: 1 new, 0 changed, 2000-01-04 to 2000-01-04\n";
+  const Finished dry = Call("import --dry-run FILES/w.csv");
+  EXPECT_EQ(dry.out, summary);
+  EXPECT_EQ(Call("list").out, "");
+  EXPECT_EQ(Call("import FILES/w.csv").out, summary);
+  EXPECT_EQ(Call("import --symbol 'C' --name 'Third one' FILES/w.csv").status, 1);
+  files_.Write("long-name.csv", "Date,NAV\n2000-01-03,9\n");
+  EXPECT_EQ(Call("import --symbol c --name 'Third one' FILES/long-name.csv").status, 0);
+  EXPECT_EQ(Call("list '?'").out,
+            "A      2000-01-03  2000-01-03      1  A\n"
+            "B      2000-01-04  2000-01-04      1  B\n"
+            "C      2000-01-03  2000-01-03      1  Third one\n");
+  EXPECT_EQ(Call("prices a").out, "Day,Date,Price\n1,2000-01-03,1.5\n2,2000-01-04,1.5\n");
+  EXPECT_EQ(Call("family USERDEF mine 'My two' A B").out, "service/USERDEF/MINE.FAM: 2 symbols\n");
+  EXPECT_EQ(Call("check").out, "no fault in 3 issues, 2 market days, 0 FNU series, 1 family\n");
+  EXPECT_EQ(Call("remove B b").out, "removed 1 issue\n");
+  const Finished check = Call("check");
+  EXPECT_EQ(check.status, 1);
+  EXPECT_EQ(check.out,
+            "USERDEF/MINE.FAM: no such issue: \"B\"\n"
+            "1 fault in 2 issues, 1 market day, 0 FNU series, 1 family\n");
+  EXPECT_EQ(Call("rebuild").out, "symbol index of 2 issues rebuilt\n");
+  EXPECT_EQ(Call("demo").status, 1);
+}
+
+}  // namespace
+}  // namespace vistaplot
