@@ -1,6 +1,8 @@
 #include "ui/adapter_factory.h"
 
 #include "ui/adapters.h"
+#include "ui/chart_adapter.h"
+#include "ui/grid_adapter.h"
 
 namespace vistaplot {
 
@@ -26,6 +28,8 @@ AdapterFactory StandardAdapters() {
   factory.Register(ControlKind::kPanel, MakePanel);
   factory.Register(ControlKind::kScrollBar, MakeScrollBar);
   factory.Register(ControlKind::kTimer, MakeTimer);
+  factory.Register(ControlKind::kGrid, MakeGrid);
+  factory.Register(ControlKind::kChartBox, MakeChartBox);
   return factory;
 }
 

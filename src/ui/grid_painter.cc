@@ -1,6 +1,5 @@
 #include "ui/grid_painter.h"
 
-#include <QLine>
 #include <QRegion>
 #include <algorithm>
 #include <array>
@@ -101,13 +100,13 @@ class GridPainter {
     painter_.setClipRect(pane.clip);
     const QColor ground = palette_.color(pane.is_heading ? QPalette::Button : QPalette::Base);
     painter_.fillRect(pane.clip, ground);
-    PaintChosen(pane);
+    PaintChosen(pane, ground);
     PaintLines(pane, ground);
     PaintTexts(pane);
     painter_.restore();
   }
 
-  void PaintChosen(const Pane& pane) {
+  void PaintChosen(const Pane& pane, const QColor& ground) {
     QRegion chosen;
     for (CellRange range : scene_.selection.Ranges()) {
       range.SelStartRow = std::max(range.SelStartRow, pane.rows.first);
@@ -117,23 +116,21 @@ class GridPainter {
       if (range.SelStartRow > range.SelEndRow || range.SelStartCol > range.SelEndCol) continue;
       chosen += geometry_.Place(range);
     }
-    QColor tint = palette_.color(QPalette::Highlight);
-    tint.setAlphaF(static_cast<float>(kChosenShare));
-    for (const QRect& part : chosen) painter_.fillRect(part, tint);
+    const QColor tinted = Mixed(ground, palette_.color(QPalette::Highlight), kChosenShare);
+    for (const QRect& part : chosen) painter_.fillRect(part, tinted);
   }
 
   void PaintLines(const Pane& pane, const QColor& ground) {
-    QList<QLine> lines;
+    // Filled, not drawn: the toolkit cuts upright lines into spans of one pixel each.
+    const QColor ink = Mixed(ground, palette_.color(QPalette::Text), kLineShare);
     for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
       const int x = geometry_.Left(col) + geometry_.Width(col) - 1;
-      lines.push_back({x, pane.clip.top(), x, pane.clip.bottom()});
+      painter_.fillRect(x, pane.clip.top(), 1, pane.clip.height(), ink);
     }
     for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
       const int y = geometry_.Top(row) + geometry_.RowHeight() - 1;
-      lines.push_back({pane.clip.left(), y, pane.clip.right(), y});
+      painter_.fillRect(pane.clip.left(), y, pane.clip.width(), 1, ink);
     }
-    painter_.setPen(QPen(Mixed(ground, palette_.color(QPalette::Text), kLineShare), 1));
-    painter_.drawLines(lines);
   }
 
   void PaintTexts(const Pane& pane) {
@@ -192,9 +189,9 @@ class GridPainter {
     const QColor ink = palette_.color(QPalette::ButtonText);
     const QColor tinted = Mixed(ground, palette_.color(QPalette::Highlight), kChosenShare);
     painter_.fillRect(place, is_chosen ? tinted : ground);
-    painter_.setPen(Mixed(ground, ink, kLineShare));
-    painter_.drawLine(place.topRight(), place.bottomRight());
-    painter_.drawLine(place.bottomLeft(), place.bottomRight());
+    const QColor line = Mixed(ground, ink, kLineShare);
+    painter_.fillRect(place.right(), place.top(), 1, place.height(), line);
+    painter_.fillRect(place.left(), place.bottom(), place.width(), 1, line);
     painter_.setPen(is_chosen ? ink : Mixed(ground, ink, kStripShare));
     painter_.drawText(place.adjusted(0, 0, -1, -1), Qt::AlignCenter | Qt::TextSingleLine, text);
   }
@@ -230,12 +227,10 @@ class GridPainter {
     if (last_row < 1 || last_col < 1) return;
     const int right = geometry_.Left(last_col) + geometry_.Width(last_col) - 1;
     const int bottom = geometry_.Top(last_row) + geometry_.RowHeight() - 1;
-    const int x = geometry_.FrozenWidth() - 1;
-    const int y = geometry_.FrozenHeight() - 1;
-    painter_.setPen(
-        Mixed(palette_.color(QPalette::Button), palette_.color(QPalette::ButtonText), kEdgeShare));
-    painter_.drawLine(x, 0, x, bottom);
-    painter_.drawLine(0, y, right, y);
+    const QColor ink =
+        Mixed(palette_.color(QPalette::Button), palette_.color(QPalette::ButtonText), kEdgeShare);
+    painter_.fillRect(geometry_.FrozenWidth() - 1, 0, 1, bottom + 1, ink);
+    painter_.fillRect(0, geometry_.FrozenHeight() - 1, right + 1, 1, ink);
   }
 
   QPainter& painter_;
