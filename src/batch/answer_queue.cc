@@ -65,8 +65,9 @@ std::optional<ScriptAnswer> AnswerQueue::TakeIf(
 void AnswerQueue::RequireEmpty() const {
   if (answers_.empty()) return;
   ScriptError error("nothing asked for this answer: " + Described(answers_.front()));
-  if (answers_.size() > 1)
+  if (answers_.size() > 1) {
     error.text += ", nor for " + std::to_string(answers_.size() - 1) + " more";
+  }
   error.line = answers_.front().line;
   throw error;
 }

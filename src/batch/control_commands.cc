@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <optional>
 #include <string>
 #include <vector>
@@ -90,8 +91,8 @@ void AddBeginningWith(const FoundControl& found,
 }
 
 std::vector<int> AllPositions(const ListBox& list) {
-  std::vector<int> positions;
-  for (int i = 0; i < list.Count(); ++i) positions.push_back(i);
+  std::vector<int> positions(static_cast<std::size_t>(list.Count()));
+  std::iota(positions.begin(), positions.end(), 0);
   return positions;
 }
 
@@ -147,7 +148,9 @@ void SetCommand(ScriptWorld& world, ScriptWords words) {
 void ClickCommand(ScriptWorld& world, ScriptWords words) {
   RequireWords(words, 1, "click NAME");
   const FoundControl found = FindUsable(world, words[0]);
-  if (auto* button = dynamic_cast<Button*>(found.control)) return button->RaiseClick();
+  if (found.control->Kind() == ControlKind::kButton) {
+    return static_cast<Button&>(*found.control).RaiseClick();
+  }
   if (found.option) return static_cast<OptionGroup&>(*found.control).SetListIndex(*found.option);
   auto& item = ControlAs<MenuItem>(found, "click takes buttons and menu items; use set or select");
   if (!item.Click) throw ScriptError(found.Name() + " is a menu: click one of its items");

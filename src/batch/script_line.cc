@@ -43,7 +43,7 @@ std::string TakeWord(std::string_view& rest) {
     rest.remove_prefix(1);
     return '=' + TakeQuoted(rest);
   }
-  const std::string word(rest.substr(0, rest.find_first_of(kBlanks)));
+  std::string word(rest.substr(0, rest.find_first_of(kBlanks)));
   rest.remove_prefix(word.size());
   return word;
 }
