@@ -100,6 +100,7 @@ Result<Database> Database::Open(const std::string& path, Access access) {
   int result = open(path, FlagsOf(access));
   if (result == SQLITE_OK && access == Access::kRead &&
       NeedsSideFilesInVain(database.handle_.get())) {
+    database.is_immutable_ = true;
     result =
         open(ImmutableAddress(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);
   }

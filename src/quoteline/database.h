@@ -41,6 +41,9 @@ class Database {
   sqlite3* Handle() const { return handle_.get(); }
   const std::string& Path() const { return path_; }
 
+  /// True when the file is read as one that never changes: a change shows only after opening anew.
+  bool IsImmutable() const { return is_immutable_; }
+
  private:
   struct Closer {
     void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
@@ -48,6 +51,7 @@ class Database {
 
   std::unique_ptr<sqlite3, Closer> handle_;
   std::string path_;
+  bool is_immutable_ = false;
   int failure_ = SQLITE_OK;
   std::string failure_text_;
 };

@@ -7,6 +7,9 @@
 // start, one zero byte behind it, and leaves the rest as it was. Truth is -1, falsehood 0.
 // Market days count from 1. Dates are serials (0 is 30 December 1899).
 // One service is open at a time; all calls come from one thread.
+// What other programs store while it is open shows with the next QLgetMaxDays and not before, so
+// that a buffer of QLgetMaxNumDays + 1 elements stays large enough until the calendar is read
+// again. FNU files are followed by every call that lists, finds or fetches an issue.
 #pragma once
 
 #include <cstdint>

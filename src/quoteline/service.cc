@@ -27,9 +27,15 @@ std::string AbsolutePath(const std::string& path) {
   return absolute;
 }
 
-std::uint64_t InodeOf(const std::string& path) {
+// Another mark: another file. Of a file that is taken as never changing, its time of change counts
+// too. 0 when there is none.
+std::uint64_t FileMark(const Database& database) {
   struct stat info {};
-  return ::stat(path.c_str(), &info) == 0 ? info.st_ino : 0;
+  if (::stat(database.Path().c_str(), &info) != 0) return 0;
+  if (!database.IsImmutable()) return info.st_ino;
+  const auto time = static_cast<std::uint64_t>(info.st_mtim.tv_sec) * 1'000'000'000U +
+                    static_cast<std::uint64_t>(info.st_mtim.tv_nsec);
+  return info.st_ino * 2654435761U + time;
 }
 
 IssueSummary SummaryOf(const SymbolIndex& index, const IssueEntry& entry) {
@@ -75,7 +81,7 @@ Result<std::unique_ptr<Service>> Service::Open(const std::string& directory) {
   auto database = OpenStore(absolute, Access::kRead);
   if (!database) return database.Error();
   std::unique_ptr<Service> service(new Service(absolute, std::move(database.Value())));
-  service->inode_ = InodeOf(DatabasePath(absolute));
+  service->file_mark_ = FileMark(service->database_);
   if (auto loaded = service->LoadAll(); !loaded) return loaded.Error();
   return service;
 }
@@ -116,8 +122,8 @@ Status Service::LoadAll() {
 }
 
 bool Service::IsReplaced() const {
-  const std::uint64_t inode = InodeOf(DatabasePath(directory_));
-  return inode != 0 && inode != inode_;
+  const std::uint64_t mark = FileMark(database_);
+  return mark != 0 && mark != file_mark_;
 }
 
 Status Service::Refresh() {
@@ -127,7 +133,7 @@ Status Service::Refresh() {
     Service& other = *opened.Value();
     std::swap(database_, other.database_);
     std::swap(blob_, other.blob_);
-    std::swap(inode_, other.inode_);
+    std::swap(file_mark_, other.file_mark_);
     std::swap(state_, other.state_);
     std::swap(index_, other.index_);
     std::swap(fnu_, other.fnu_);

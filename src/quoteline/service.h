@@ -80,7 +80,7 @@ class Service {
   std::string directory_;
   Database database_;
   std::unique_ptr<sqlite3_blob, BlobCloser> blob_;
-  std::uint64_t inode_ = 0;
+  std::uint64_t file_mark_ = 0;  // tells the file from one that took its place
   StoreState state_;
   SymbolIndex index_;
   FnuIssues fnu_;
