@@ -13,12 +13,15 @@
 namespace vistaplot {
 
 class DataTable;
+class ScrollBar;
+struct ChartServices;
 
 /// What an adapter is made from.
 struct AdapterParts {
   EventGuard& guard;
-  QWidget* parent = nullptr;   ///< owns the widget
-  DataTable* table = nullptr;  ///< what grids show
+  QWidget* parent = nullptr;              ///< owns the widget
+  DataTable* table = nullptr;             ///< what grids show
+  const ChartServices* charts = nullptr;  ///< what charts ask for; outlives the adapters
 };
 
 class ControlAdapter : public QObject, public ControlObserver {
@@ -44,6 +47,9 @@ class ControlAdapter : public QObject, public ControlObserver {
 
   /// Gives a widget without a caption of its own the text that assistive tools read out.
   virtual void SetAccessibleName(const QString& name);
+
+  /// The form has one scroll bar, and this control may move it.
+  virtual void JoinScrollBar(ScrollBar& /*bar*/) {}
 
   /// Shows everything that the control holds now.
   void CopyAll();

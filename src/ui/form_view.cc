@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/value_controls.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {
@@ -60,6 +61,7 @@ FormView::FormView(Form& form,
   Build(factory, parts);
   MeasureBase(display);
   NameWidgets();
+  JoinScrollBar();
   ChainTabStops();
   LayOut();
 }
@@ -118,6 +120,17 @@ void FormView::NameWidgets() {
     } else {
       adapter.SetAccessibleName(QtText(control.Name()));
     }
+  }
+}
+
+void FormView::JoinScrollBar() {
+  const auto is_bar = [](const auto& adapter) {
+    return adapter->Source().Kind() == ControlKind::kScrollBar;
+  };
+  if (std::count_if(adapters_.begin(), adapters_.end(), is_bar) != 1) return;
+  const auto bar = std::find_if(adapters_.begin(), adapters_.end(), is_bar);
+  for (const auto& adapter : adapters_) {
+    adapter->JoinScrollBar(static_cast<ScrollBar&>((*bar)->Source()));
   }
 }
 

@@ -45,6 +45,7 @@ class FormView : public QWidget {
   QWidget* ParentFor(const Control& control);
   void MeasureBase(QSize display);
   void NameWidgets();
+  void JoinScrollBar();
   void ChainTabStops();
   void LayOut();
   void Put(const ControlAdapter& adapter);

@@ -53,8 +53,12 @@ QtHost::Entry& QtHost::EntryOf(Form& form) {
   return entry;
 }
 
+AdapterParts QtHost::PartsFor(QWidget* parent) const {
+  return {.guard = guard_, .parent = parent, .table = table_, .charts = &charts_};
+}
+
 void QtHost::BuildScreen(Form& form, Entry& entry) {
-  entry.view = new FormView(form, factory_, {.guard = guard_, .table = table_}, InPixels(display_));
+  entry.view = new FormView(form, factory_, PartsFor(nullptr), InPixels(display_));
   auto* window = new ScreenWindow(form, *entry.view, guard_);
   window_->Area().addSubWindow(window);
   entry.window = window;
@@ -62,8 +66,7 @@ void QtHost::BuildScreen(Form& form, Entry& entry) {
 
 void QtHost::BuildDialog(Form& form, Entry& entry) {
   auto* window = new DialogWindow(form, window_, guard_);
-  entry.view =
-      new FormView(form, factory_, {.guard = guard_, .parent = window, .table = table_}, QSize());
+  entry.view = new FormView(form, factory_, PartsFor(window), QSize());
   window->Hold(*entry.view);
   entry.window = window;
 }

@@ -6,10 +6,12 @@
 #include <QWidget>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "controls/form.h"
 #include "controls/form_host.h"
 #include "ui/adapter_factory.h"
+#include "ui/chart_adapter.h"
 #include "ui/form_view.h"
 #include "ui/main_window.h"
 
@@ -26,6 +28,9 @@ class QtHost : public FormHost {
 
   /// Takes all forms' widgets away; to be called before the window or a form goes.
   void Close();
+
+  /// What the charts of forms built from now on ask for.
+  void SetChartServices(ChartServices services) { charts_ = std::move(services); }
 
   void SetDisplay(const DisplaySize& display) { display_ = display; }
 
@@ -51,6 +56,7 @@ class QtHost : public FormHost {
   };
 
   Entry& EntryOf(Form& form);
+  AdapterParts PartsFor(QWidget* parent) const;
   void BuildScreen(Form& form, Entry& entry);
   void BuildDialog(Form& form, Entry& entry);
 
@@ -59,6 +65,7 @@ class QtHost : public FormHost {
   MainWindow* window_ = nullptr;
   const Form* frame_ = nullptr;
   DataTable* table_ = nullptr;
+  ChartServices charts_;
   DisplaySize display_;
   std::map<const Form*, Entry> entries_;
   std::set<const Form*> busy_forms_;  ///< those that show the hourglass

@@ -59,6 +59,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
   connect(&window_, &MainWindow::ToolsLeft, this, [this] {
     guard_.Run([this] { program_.AllScreens().frmMain.HideTip(); });
   });
+  SetUpCharts();
   SetUpKeys();
 }
 
@@ -104,6 +105,34 @@ void WindowProgram::SetUpKeys() {
   key("Ctrl+Shift+Tab", [this] { NextScreen(false); });
   key("F1", [this] { guard_.Run([this] { ShowKeys(); }); });
   key("F11", [this] { FullScreen(); });
+}
+
+void WindowProgram::SetUpCharts() {
+  host_.SetChartServices({.change_period = [this](int steps) { ChangePeriod(steps); },
+                          .price_text =
+                              [this](const ChartView& view, int series, int point) {
+                                return PriceText(view, series, point);
+                              }});
+}
+
+void WindowProgram::ChangePeriod(int steps) {
+  auto& periods = program_.AllScreens().frmMain.mnuTimePeriod;
+  const int last = static_cast<int>(periods.size()) - 1;
+  const int now = program_.State().selection.TimePeriodIndex;
+  const int wanted = std::clamp(now + steps, 0, last);
+  MenuItem& period = periods[static_cast<std::size_t>(wanted)];
+  if (wanted != now && period.Usable()) period.RaiseClick();
+}
+
+std::string WindowProgram::PriceText(const ChartView& view, int series, int point) {
+  SharedState& state = program_.State();
+  const Sheet& prices = state.table.SheetAt(1);
+  const std::string& symbol = view.ColumnLabelAt(series);
+  for (const std::int16_t column : state.selection.SelectedColumns) {
+    if (prices.CellText(1, column) != symbol) continue;
+    return prices.CellText(state.selection.FirstDay + point, column);
+  }
+  return {};  // an overlay, or a chart of something else
 }
 
 void WindowProgram::NextScreen(bool forward) {

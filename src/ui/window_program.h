@@ -41,6 +41,9 @@ class WindowProgram : public QObject {
   int Run();
 
  private:
+  void SetUpCharts();
+  void ChangePeriod(int steps);
+  std::string PriceText(const ChartView& view, int series, int point);
   void SetUpKeys();
   void SizeWindow();
   void NextScreen(bool forward);
