@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "base/csv.h"
 #include "base/number_text.h"
-#include "batch/csv.h"
 
 namespace vistaplot {
 
@@ -115,16 +115,17 @@ class JsonComparison {
     const auto enter = [this, length](const std::string& key) {
       path_ += (length == 0 ? "" : ".") + key;
     };
-    for (const auto& [key, value] : expected.members) {
-      enter(key);
-      const JsonValue* other = found.Find(key);
-      other == nullptr ? Differ(Shown(value), "nothing") : Compare(value, *other);
+    for (std::size_t i = 0; i < expected.keys.size(); ++i) {
+      enter(expected.keys[i]);
+      const JsonValue* other = found.Find(expected.keys[i]);
+      other == nullptr ? Differ(Shown(expected.items[i]), "nothing")
+                       : Compare(expected.items[i], *other);
       path_.resize(length);
     }
-    for (const auto& [key, value] : found.members) {
-      if (expected.Find(key) != nullptr) continue;
-      enter(key);
-      Differ("nothing", Shown(value));
+    for (std::size_t i = 0; i < found.keys.size(); ++i) {
+      if (expected.Find(found.keys[i]) != nullptr) continue;
+      enter(found.keys[i]);
+      Differ("nothing", Shown(found.items[i]));
       path_.resize(length);
     }
   }

@@ -13,6 +13,7 @@
 #include "batch/control_lookup.h"
 #include "batch/sheet_dump.h"
 #include "controls/view_controls.h"
+#include "table/sheet_text.h"
 
 namespace vistaplot {
 

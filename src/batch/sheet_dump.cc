@@ -1,21 +1,8 @@
 #include "batch/sheet_dump.h"
 
-#include "batch/csv.h"
 #include "batch/json_writer.h"
 
 namespace vistaplot {
-
-std::string SheetCsv(const Sheet& sheet) {
-  std::string csv;
-  for (int row = 1; row <= sheet.MaxRow; ++row) {
-    for (int col = 1; col <= sheet.MaxCol; ++col) {
-      if (col > 1) csv += ',';
-      AppendCsvField(csv, sheet.CellText(row, col));
-    }
-    csv += "\r\n";
-  }
-  return csv;
-}
 
 std::string SheetsJson(const DataTable& table) {
   JsonWriter json;

@@ -12,19 +12,10 @@
 #include <string_view>
 #include <vector>
 
+#include "table/cell_range.h"
 #include "table/column.h"
 
 namespace vistaplot {
-
-/// A rectangle of cells, bounds included.
-struct CellRange {
-  int SelStartRow = 1;
-  int SelStartCol = 1;
-  int SelEndRow = 1;
-  int SelEndCol = 1;
-
-  bool operator==(const CellRange&) const = default;
-};
 
 /// Up to three sort keys: a column number, negative for descending, 0 for none.
 using SortKeys = std::array<int, 3>;

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "table/sheet_text.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {

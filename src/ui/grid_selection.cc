@@ -1,29 +1,10 @@
 #include "ui/grid_selection.h"
 
 #include <algorithm>
-#include <cstddef>
-
-#include "base/text.h"
 
 namespace vistaplot {
 
 namespace {
-
-bool Holds(const CellRange& range, GridCell cell) {
-  return cell.row >= range.SelStartRow && cell.row <= range.SelEndRow &&
-         cell.col >= range.SelStartCol && cell.col <= range.SelEndCol;
-}
-
-bool IsEmpty(const CellRange& range) {
-  return range.SelStartRow > range.SelEndRow || range.SelStartCol > range.SelEndCol;
-}
-
-CellRange Common(const CellRange& a, const CellRange& b) {
-  return {.SelStartRow = std::max(a.SelStartRow, b.SelStartRow),
-          .SelStartCol = std::max(a.SelStartCol, b.SelStartCol),
-          .SelEndRow = std::min(a.SelEndRow, b.SelEndRow),
-          .SelEndCol = std::min(a.SelEndCol, b.SelEndCol)};
-}
 
 CellRange Around(const CellRange& a, const CellRange& b) {
   return {.SelStartRow = std::min(a.SelStartRow, b.SelStartRow),
@@ -54,38 +35,10 @@ void AppendRest(const CellRange& range, const CellRange& hole, std::vector<CellR
   }
 }
 
-// The lines from 1 to `count` that one of the ranges takes, in order.
-std::vector<int> TakenLines(const std::vector<CellRange>& ranges,
-                            int CellRange::*first,
-                            int CellRange::*last,
-                            int count) {
-  std::vector<bool> is_taken(static_cast<std::size_t>(std::max(count, 0)) + 1, false);
-  for (const CellRange& range : ranges) {
-    for (int line = range.*first; line <= range.*last; ++line) {
-      is_taken[static_cast<std::size_t>(line)] = true;
-    }
-  }
-  std::vector<int> lines;
-  for (int line = 1; line <= count; ++line) {
-    if (is_taken[static_cast<std::size_t>(line)]) lines.push_back(line);
-  }
-  return lines;
-}
-
-std::vector<CellRange> UsedParts(const Sheet& sheet, const std::vector<CellRange>& ranges) {
-  const CellRange extent{
-      .SelStartRow = 1, .SelStartCol = 1, .SelEndRow = sheet.MaxRow, .SelEndCol = sheet.MaxCol};
-  std::vector<CellRange> parts;
-  for (const CellRange& range : ranges) {
-    const CellRange part = Common(range, extent);
-    if (!IsEmpty(part)) parts.push_back(part);
-  }
-  return parts;
-}
-
 bool AnyHolds(const std::vector<CellRange>& ranges, GridCell cell) {
-  return std::any_of(
-      ranges.begin(), ranges.end(), [cell](const CellRange& range) { return Holds(range, cell); });
+  return std::any_of(ranges.begin(), ranges.end(), [cell](const CellRange& range) {
+    return Holds(range, cell.row, cell.col);
+  });
 }
 
 }  // namespace
@@ -173,23 +126,6 @@ CellRange GridSelection::UnitAt(GridUnit unit, GridCell cell) const {
 
 GridCell GridSelection::Inside(GridCell cell) const {
   return {std::clamp(cell.row, 1, std::max(rows_, 1)), std::clamp(cell.col, 1, std::max(cols_, 1))};
-}
-
-std::string TabbedText(const Sheet& sheet, const std::vector<CellRange>& ranges) {
-  const std::vector<CellRange> parts = UsedParts(sheet, ranges);
-  const std::vector<int> rows =
-      TakenLines(parts, &CellRange::SelStartRow, &CellRange::SelEndRow, sheet.MaxRow);
-  const std::vector<int> cols =
-      TakenLines(parts, &CellRange::SelStartCol, &CellRange::SelEndCol, sheet.MaxCol);
-  std::string text;
-  for (const int row : rows) {
-    for (const int col : cols) {
-      if (col != cols.front()) text += '\t';
-      if (AnyHolds(parts, {row, col})) text += TrimRightBlanks(sheet.CellText(row, col));
-    }
-    text += '\n';
-  }
-  return text;
 }
 
 }  // namespace vistaplot

@@ -63,10 +63,4 @@ class GridSelection {
   GridCell current_;
 };
 
-/// The rows of the selected cells one below the other, each with its selected columns separated by
-/// tabs: ranges of the same rows stand side by side, ranges of the same columns below each other.
-/// What is between such ranges is left out, a cell there that is not selected stays empty. Parts of
-/// ranges outside the sheet's extent do not count.
-std::string TabbedText(const Sheet& sheet, const std::vector<CellRange>& ranges);
-
 }  // namespace vistaplot

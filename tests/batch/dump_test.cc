@@ -67,7 +67,7 @@ TEST(Dump, AChartHasItsAgreedKeys) {
   const ParsedJson parsed = ParseJson(stage.out.str());
   ASSERT_TRUE(parsed.Ok()) << parsed.error;
   std::string keys;
-  for (const auto& [key, value] : parsed.value.members) keys += key + " ";
+  for (const std::string& key : parsed.value.keys) keys += key + " ";
   EXPECT_EQ(keys,
             "ChartType TitleText Footnote rowcount ColumnCount RowLabel ColumnLabel data Legend "
             "Series Markers PointLabels Axis PlotRect visible ");

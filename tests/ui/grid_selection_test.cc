@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "table/sheet_text.h"
 #include "ui/grid_world.h"
 
 namespace vistaplot {

@@ -1,4 +1,4 @@
-#include "batch/csv.h"
+#include "base/csv.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-// Comma-separated values as RFC 4180 has them: what sheets are dumped as and compared with.
+// Comma-separated values as RFC 4180 has them.
 #pragma once
 
 #include <cstddef>

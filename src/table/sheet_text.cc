@@ -1,0 +1,78 @@
+#include "table/sheet_text.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "base/csv.h"
+#include "base/text.h"
+
+namespace vistaplot {
+
+namespace {
+
+bool AnyHolds(const std::vector<CellRange>& ranges, int row, int col) {
+  return std::any_of(
+      ranges.begin(), ranges.end(), [&](const CellRange& range) { return Holds(range, row, col); });
+}
+
+// The lines from 1 to `count` that one of the ranges takes, in order.
+std::vector<int> TakenLines(const std::vector<CellRange>& ranges,
+                            int CellRange::*first,
+                            int CellRange::*last,
+                            int count) {
+  std::vector<bool> is_taken(static_cast<std::size_t>(std::max(count, 0)) + 1, false);
+  for (const CellRange& range : ranges) {
+    for (int line = range.*first; line <= range.*last; ++line) {
+      is_taken[static_cast<std::size_t>(line)] = true;
+    }
+  }
+  std::vector<int> lines;
+  for (int line = 1; line <= count; ++line) {
+    if (is_taken[static_cast<std::size_t>(line)]) lines.push_back(line);
+  }
+  return lines;
+}
+
+std::vector<CellRange> UsedParts(const Sheet& sheet, const std::vector<CellRange>& ranges) {
+  const CellRange extent{
+      .SelStartRow = 1, .SelStartCol = 1, .SelEndRow = sheet.MaxRow, .SelEndCol = sheet.MaxCol};
+  std::vector<CellRange> parts;
+  for (const CellRange& range : ranges) {
+    const CellRange part = Common(range, extent);
+    if (!IsEmpty(part)) parts.push_back(part);
+  }
+  return parts;
+}
+
+}  // namespace
+
+std::string SheetCsv(const Sheet& sheet) {
+  std::string csv;
+  for (int row = 1; row <= sheet.MaxRow; ++row) {
+    for (int col = 1; col <= sheet.MaxCol; ++col) {
+      if (col > 1) csv += ',';
+      AppendCsvField(csv, sheet.CellText(row, col));
+    }
+    csv += "\r\n";
+  }
+  return csv;
+}
+
+std::string TabbedText(const Sheet& sheet, const std::vector<CellRange>& ranges) {
+  const std::vector<CellRange> parts = UsedParts(sheet, ranges);
+  const std::vector<int> rows =
+      TakenLines(parts, &CellRange::SelStartRow, &CellRange::SelEndRow, sheet.MaxRow);
+  const std::vector<int> cols =
+      TakenLines(parts, &CellRange::SelStartCol, &CellRange::SelEndCol, sheet.MaxCol);
+  std::string text;
+  for (const int row : rows) {
+    for (const int col : cols) {
+      if (col != cols.front()) text += '\t';
+      if (AnyHolds(parts, row, col)) text += TrimRightBlanks(sheet.CellText(row, col));
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+}  // namespace vistaplot
