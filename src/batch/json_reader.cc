@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <utility>
 
 #include "base/number_text.h"
 
@@ -127,7 +127,8 @@ class Parser {
       std::string key = Text();
       SkipWhite();
       if (!Take(":")) throw Fault{"a colon is expected"};
-      object.members.emplace_back(std::move(key), Value(depth + 1));
+      object.keys.push_back(std::move(key));
+      object.items.push_back(Value(depth + 1));
     } while (More("}"));
   }
 
@@ -185,10 +186,8 @@ class Parser {
 }  // namespace
 
 const JsonValue* JsonValue::Find(std::string_view key) const {
-  for (const auto& [name, value] : members) {
-    if (name == key) return &value;
-  }
-  return nullptr;
+  const auto found = std::find(keys.begin(), keys.end(), key);
+  return found == keys.end() ? nullptr : &items[static_cast<std::size_t>(found - keys.begin())];
 }
 
 ParsedJson ParseJson(std::string_view text) {

@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace vistaplot {
@@ -15,8 +14,8 @@ struct JsonValue {
   bool truth = false;
   double number = 0.0;
   std::string text;
-  std::vector<JsonValue> items;                            ///< of an array, in order
-  std::vector<std::pair<std::string, JsonValue>> members;  ///< of an object, in order
+  std::vector<JsonValue> items;   ///< of an array or an object, in order
+  std::vector<std::string> keys;  ///< of an object: the key of each item
 
   /// The member of that key; null when there is none.
   const JsonValue* Find(std::string_view key) const;
