@@ -60,6 +60,7 @@ void GridArea::ShowSheet() {
   ScrollTo(place.scroll);
   if (sheet.selection != place.selection.Ranges()) TakeSelection();
   model_.Refresh();
+  TellCurrent();
   setAccessibleName(QStringLiteral("Sheet ") + QtText(sheet.SheetName));
   viewport()->update();
 }
@@ -118,14 +119,17 @@ void GridArea::ShowCell(GridCell cell) {
   Place().scroll = {geometry_.ScrolledPixels(), geometry_.ScrolledRows()};
 }
 
-// Writes the selection to the sheet and tells assistive tools where the current cell is.
 void GridArea::Commit() {
-  const GridSelection& chosen = Chosen();
-  table_.Active().selection = chosen.Ranges();
-  const GridCell cell = chosen.Current();
+  table_.Active().selection = Chosen().Ranges();
+  TellCurrent();
+  viewport()->update();
+}
+
+// Assistive tools follow the model's current cell.
+void GridArea::TellCurrent() {
+  const GridCell cell = Chosen().Current();
   selectionModel()->setCurrentIndex(model_.index(cell.row - 1, cell.col - 1),
                                     QItemSelectionModel::NoUpdate);
-  viewport()->update();
 }
 
 QString GridArea::SelectedText() const {

@@ -83,7 +83,8 @@ class GridArea : public QTableView {
   void UpdateBars();
   void ScrollTo(QPoint scroll);
   void ShowCell(GridCell cell);
-  void Commit();
+  void Commit();  ///< writes the user's selection to the sheet
+  void TellCurrent();
 
   bool IsHeading(GridCell cell) const;
   bool IsCell(GridCell cell) const;
