@@ -10,9 +10,9 @@ namespace vistaplot {
 
 FrmGraph::FrmGraph(const Context& context)
     : Form("frmGraph", "Graph", FormStyle::kScreen, context.host), context_(context) {
-  Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 6720)},
+  Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 6810)},
        {&lblboxdate, "lblboxdate", "", At(7200, 60, 2280, 255)},
-       {&HScroll1, "HScroll1", "", At(120, 6810, 9360, 300)}});
+       {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
   HScroll1.Change = [this] { HScroll1_Change(); };
   VtChart1.PointSelected = [this](PointSelection& selection) { VtChart1_PointSelected(selection); };
 }
@@ -33,7 +33,11 @@ void FrmGraph::VtChart1_PointSelected(PointSelection& selection) {
   const Sheet& prices = context_.state.table.SheetAt(1);
   const int row = selection.DataPoint + context_.state.selection.FirstDay;
   const auto date = ParseDate(prices.CellText(row, 1));
-  const std::string day = date ? DateText(*date, DatePattern::kMonthDayShortYear) : std::string();
+  if (!date) {
+    selection.Cancel = true;  // the prices behind this chart are gone
+    return;
+  }
+  const std::string day = DateText(*date, DatePattern::kMonthDayShortYear);
   context_.dialogs.Say("NAV on " + day + " was " + prices.CellText(row, selection.Series + 1));
 }
 

@@ -8,9 +8,9 @@ namespace vistaplot {
 FrmPer::FrmPer(const Context& context)
     : Form("frmPer", "Graph", FormStyle::kScreen, context.host), context_(context) {
   Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 3420)},
-       {&VtChart2, "VtChart2", "", At(0, 3420, 9600, 3300)},
+       {&VtChart2, "VtChart2", "", At(0, 3420, 9600, 3390)},
        {&VtChart3, "VtChart3", "", At(8100, 60, 1500, 3000)},
-       {&HScroll1, "HScroll1", "", At(120, 6810, 9360, 300)}});
+       {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
   VtChart3.SetVisible(false);
   HScroll1.Change = [this] { HScroll1_Change(); };
 }

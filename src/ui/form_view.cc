@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kTwipsPerPixel = 15.0;
 constexpr int kDialogMargin = 12;        ///< pixels between a dialog's last controls and its edge
-constexpr int kButtonGrowth = 130;       ///< percent of a button's natural height
+constexpr int kTargetGrowth = 130;       ///< percent of the natural height
 constexpr QSize kLeastScreen(600, 440);  ///< screens with fields scroll below this
 constexpr QSize kLeastPicture(160, 120);
 
@@ -30,11 +30,13 @@ QRect WithHeight(const QRect& place, int height) {
   return {place.left(), place.top() + (place.height() - height) / 2, place.width(), height};
 }
 
-/// Widgets of one line keep their natural height; buttons may grow a little with their place.
+/// Widgets of one line keep their natural height; those that the mouse aims at may grow a little
+/// with their place.
 int OneLineHeight(const ControlAdapter& adapter, int room) {
   const int natural = adapter.Widget()->sizeHint().height();
-  if (adapter.Source().Kind() != ControlKind::kButton) return natural;
-  return std::clamp(room, natural, natural * kButtonGrowth / 100);
+  const ControlKind kind = adapter.Source().Kind();
+  if (kind != ControlKind::kButton && kind != ControlKind::kScrollBar) return natural;
+  return std::clamp(room, natural, natural * kTargetGrowth / 100);
 }
 
 /// Nothing of the control itself says what it is for.
