@@ -108,14 +108,23 @@ void ChartWidget::PaintChart() {
   paint_anew_ = false;
 }
 
-void ChartWidget::paintEvent(QPaintEvent* /*event*/) {
+void ChartWidget::paintEvent(QPaintEvent* event) {
   if (painted_.devicePixelRatio() != devicePixelRatioF()) stale_ = true;
   Prepare();
   if (paint_anew_) PaintChart();
   QPainter painter(this);
-  painter.drawPixmap(0, 0, painted_);
-  if (cross_hair_.Shown()) PaintMarks(painter, marks_, theme_);
-  if (!hasFocus()) return;
+  // Within a plain rectangle the pixels are copied; a region of several is blended line by line.
+  for (const QRect& part : event->region()) {
+    painter.setClipRect(part);
+    painter.drawPixmap(0, 0, painted_);
+    if (cross_hair_.Shown()) PaintLines(painter, marks_, theme_);
+  }
+  painter.setClipping(false);
+  if (cross_hair_.Shown()) PaintRings(painter, marks_, theme_);
+  if (hasFocus()) PaintFocusFrame(painter);
+}
+
+void ChartWidget::PaintFocusFrame(QPainter& painter) const {
   painter.setRenderHint(QPainter::Antialiasing, false);
   const QRect frame(QPoint(), ChartSize());
   const QRegion inside = frame.adjusted(kFocusFrame, kFocusFrame, -kFocusFrame, -kFocusFrame);

@@ -8,6 +8,7 @@
 namespace vistaplot {
 namespace {
 
+constexpr int kLineAlpha = 150;
 constexpr double kRing = 4.0;  // radius
 constexpr double kChosenRing = 5.5;
 constexpr int kReach = 8;  // of a ring with its outline, in whole pixels
@@ -42,7 +43,9 @@ CrossHairMarks MarksOf(const ChartView& view,
                        const ChartPicture& picture,
                        const CrossHair& cross_hair,
                        const ReadOut& read_out) {
-  CrossHairMarks marks{picture.plot, picture.scale.X(cross_hair.Position()), {}, 0};
+  PictureBox plot = picture.plot;
+  plot.left = picture.scale.box.left;  // beside the values of the axis
+  CrossHairMarks marks{plot, picture.scale.X(cross_hair.Position()), {}, 0};
   const int row = cross_hair.Row();
   std::size_t entry = 0;
   for (const DrawnSeries& series : SeriesOf(view)) {
@@ -64,7 +67,8 @@ QRegion AreaOf(const CrossHairMarks& marks) {
   const int top = static_cast<int>(std::floor(plot.top));
   const int width = static_cast<int>(std::ceil(plot.right)) - left;
   const int height = static_cast<int>(std::ceil(plot.bottom)) - top;
-  QRegion area(static_cast<int>(std::floor(marks.x)) - 1, top, 3, height);
+  // As wide as the rings on it: a region of few rectangles is painted much faster.
+  QRegion area(static_cast<int>(std::floor(marks.x)) - kReach, top, 2 * kReach + 1, height);
   if (const CrossHairPoint* chosen = marks.Chosen()) {
     area += QRect(left, static_cast<int>(std::floor(chosen->at.y)) - 1, width, 3);
   }
@@ -77,22 +81,26 @@ QRegion AreaOf(const CrossHairMarks& marks) {
   return area;
 }
 
-void PaintMarks(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
+void PaintLines(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
   const double ratio = painter.device()->devicePixelRatioF();
   const PictureBox& plot = marks.plot;
-  const QColor line = ToQt(theme.title, 150);
+  const QColor line = ToQt(theme.title, kLineAlpha);
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.fillRect(QRectF(Snapped(marks.x, ratio), plot.top, 1.0, plot.Height()), line);
   if (const CrossHairPoint* chosen = marks.Chosen()) {
     painter.fillRect(QRectF(plot.left, Snapped(chosen->at.y, ratio), plot.Width(), 1.0), line);
   }
+}
+
+void PaintRings(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
   painter.setRenderHint(QPainter::Antialiasing, true);
   painter.setPen(QPen(ToQt(theme.background), 1.5));
-  for (const CrossHairPoint& point : marks.points) {
-    const double radius = point.series == marks.chosen_series ? kChosenRing : kRing;
+  const auto paint = [&painter](const CrossHairPoint& point, double radius) {
     painter.setBrush(ToQt(point.color));
     painter.drawEllipse(QPointF(point.at.x, point.at.y), radius, radius);
-  }
+  };
+  for (const CrossHairPoint& point : marks.points) paint(point, kRing);
+  if (const CrossHairPoint* chosen = marks.Chosen()) paint(*chosen, kChosenRing);
 }
 
 }  // namespace vistaplot

@@ -40,9 +40,10 @@ CrossHairMarks MarksOf(const ChartView& view,
                        const CrossHair& cross_hair,
                        const ReadOut& read_out);
 
-/// All pixels that PaintMarks may touch.
+/// All pixels that PaintLines and PaintRings may touch.
 QRegion AreaOf(const CrossHairMarks& marks);
 
-void PaintMarks(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme);
+void PaintLines(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme);
+void PaintRings(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme);
 
 }  // namespace vistaplot

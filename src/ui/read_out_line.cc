@@ -16,11 +16,11 @@ constexpr int kSideMargin = 10;
 constexpr int kLinePadding = 3;  ///< above and below the text of a line
 constexpr int kMark = 9;         ///< side of a series' colour mark
 constexpr int kMarkGap = 6;
-constexpr int kCellGap = 18;
+constexpr int kCellGap = 16;
 constexpr int kLongestLabel = 20;  ///< average characters; longer ones are cut in their middle
 constexpr const char* kUsualHeading = "00/00/00";
-constexpr const char* kWidestChange = " +1234.56%";
-constexpr const char* kWidestPrice = " 12345.678";
+constexpr const char* kWidestChange = " +999.99%";
+constexpr const char* kWidestPrice = " 1234.56";
 constexpr const char* kHint = "Point at the chart, or press \u2190 and \u2192, to read off values";
 
 QColor ToQt(const PictureColor& color) {
@@ -146,26 +146,42 @@ void ReadOutLine::PlaceCells() {
 void ReadOutLine::Show(const ReadOut& read_out, int chosen) {
   heading_.SetShown(QtText(read_out.heading));
   heading_.show();
-  const std::size_t room = std::min(marks_.size(), read_out.entries.size());
-  const std::size_t left_over = read_out.entries.size() - room;
+  const std::vector<const ReadOutEntry*> entries = EntriesInRoom(read_out, chosen);
   int chosen_cell = -1;
-  for (std::size_t i = 0; i < room; ++i) {
-    const ReadOutEntry& entry = read_out.entries[i];
-    if (i + 1 == room && left_over > 0) {
-      marks_[i] = QColor();
-      cells_[i]->SetShown(QStringLiteral("+%1 more").arg(left_over + 1));
-    } else {
-      if (entry.series == chosen) chosen_cell = static_cast<int>(i);
-      marks_[i] = ToQt(entry.mark);
-      cells_[i]->SetShown(CellText(entry, cells_[i]->width()));
-    }
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (entries[i]->series == chosen) chosen_cell = static_cast<int>(i);
+    marks_[i] = ToQt(entries[i]->mark);
+    cells_[i]->SetShown(CellText(*entries[i], cells_[i]->width()));
     cells_[i]->show();
+  }
+  if (entries.size() < marks_.size()) {
+    const std::size_t hidden = read_out.entries.size() - entries.size();
+    marks_[entries.size()] = QColor();
+    cells_[entries.size()]->SetShown(QStringLiteral("+%1 more").arg(hidden));
+    cells_[entries.size()]->show();
   }
   setToolTip(QtText(ListText(read_out)));
   if (chosen_cell == chosen_cell_ && shown_) return;
   chosen_cell_ = chosen_cell;
   shown_ = true;
   update();
+}
+
+// All entries, or as many as leave a cell for the number of the others. The chosen one is always
+// among them.
+std::vector<const ReadOutEntry*> ReadOutLine::EntriesInRoom(const ReadOut& read_out,
+                                                            int chosen) const {
+  std::vector<const ReadOutEntry*> entries;
+  for (const ReadOutEntry& entry : read_out.entries) entries.push_back(&entry);
+  if (entries.size() <= marks_.size()) return entries;
+  const std::size_t room = std::max<std::size_t>(marks_.size(), 2) - 1;
+  const auto is_chosen = [chosen](const ReadOutEntry* entry) { return entry->series == chosen; };
+  const auto found = std::find_if(entries.begin(), entries.end(), is_chosen);
+  if (found != entries.end() && found - entries.begin() >= static_cast<std::ptrdiff_t>(room)) {
+    entries[room - 1] = *found;
+  }
+  entries.resize(room);
+  return entries;
 }
 
 QString ReadOutLine::CellText(const ReadOutEntry& entry, int width) const {

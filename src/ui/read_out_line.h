@@ -51,6 +51,7 @@ class ReadOutLine : public QWidget {
   int CellsWidth(int width) const;
   QRect CellPlace(int cell) const;
   void PlaceCells();
+  std::vector<const ReadOutEntry*> EntriesInRoom(const ReadOut& read_out, int chosen) const;
   QString CellText(const ReadOutEntry& entry, int width) const;
 
   ReadOutCell& heading_;
