@@ -16,6 +16,7 @@
 
 extern "C" {
 
+// NOLINTBEGIN(readability-identifier-naming): the prefix of the functions, as C callers know it
 inline constexpr std::int32_t QL_NO_DATABASE = -1;       ///< unable to open database file
 inline constexpr std::int32_t QL_DATABASE_CORRUPT = -2;  ///< database file corrupt
 inline constexpr std::int32_t QL_BAD_INI = -3;           ///< bad INI file
@@ -26,6 +27,7 @@ inline constexpr std::int32_t QL_SYMBOLS_MISMATCH = -7;  ///< symbols file-datab
 inline constexpr std::int32_t QL_OUT_OF_BOUNDS = -8;     ///< index out of bounds
 inline constexpr std::int32_t QL_GENERAL_FAILURE = -99;  ///< general failure
 inline constexpr std::int32_t QL_SYSTEM_FAILURE = -999;  ///< system failure
+// NOLINTEND(readability-identifier-naming)
 
 /// Names the service directory that the next QLopen opens. Without it QLopen takes
 /// $QUOTELINE_DIR, else $XDG_DATA_HOME/quoteline (~/.local/share/quoteline).

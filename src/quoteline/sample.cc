@@ -106,6 +106,7 @@ std::string SignalFileBytes(const SignalPlan& plan, const SampleMarket& market) 
 
 std::vector<SampleFile> MakeSignals(const SampleMarket& market) {
   std::vector<SampleFile> files;
+  files.reserve(kSignals.size());
   for (const SignalPlan& plan : kSignals) {
     files.push_back({std::string("SIG/") + plan.name + ".SIG", SignalFileBytes(plan, market)});
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -156,8 +157,7 @@ std::vector<double> MakeMarketMoves(std::size_t days) {
 }
 
 float Cents(double price) {
-  return static_cast<float>(static_cast<double>(static_cast<std::int64_t>(price * 100.0 + 0.5)) /
-                            100.0);
+  return static_cast<float>(std::floor(price * 100.0 + 0.5) / 100.0);
 }
 
 // Prices from day `first` on (from 0); a stock that grew dear is split, one that fell stays alive.

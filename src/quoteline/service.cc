@@ -62,7 +62,7 @@ void RepeatLast(float* element_zero, int last_day, std::size_t days) {
 }  // namespace
 
 std::string DefaultServiceDirectory() {
-  if (const std::string named = Environment("QUOTELINE_DIR"); !named.empty()) return named;
+  if (std::string named = Environment("QUOTELINE_DIR"); !named.empty()) return named;
   if (const std::string data = Environment("XDG_DATA_HOME"); !data.empty()) {
     return data + "/quoteline";
   }
@@ -197,7 +197,7 @@ std::int32_t Service::Fetch(const SymbolKey& symbol, float* element_zero) {
 
 std::int32_t Service::FetchStored(const IssueEntry& entry, float* element_zero) {
   float* first = element_zero + entry.first_day;
-  const auto days = static_cast<std::size_t>(entry.last_day - entry.first_day + 1);
+  const std::size_t days = std::size_t{entry.last_day} - entry.first_day + 1;
   if (!ReadStored(entry, element_zero) || PriceChecksum({first, days}) != entry.checksum) {
     blob_.reset();
     std::fill(first, element_zero + state_.days.size() + 1, -1.0F);

@@ -193,7 +193,8 @@ std::optional<History> LoadHistory(Database& database, const IssueRow& issue) {
   History history{.first_day = issue.first_day,
                   .prices = Unpacked<float>(query.Blob(1)),
                   .priced = Unpacked<std::uint8_t>(query.Blob(0))};
-  const auto days = static_cast<std::size_t>(issue.last_day - issue.first_day + 1);
+  const std::size_t days =
+      static_cast<std::size_t>(issue.last_day) - static_cast<std::size_t>(issue.first_day) + 1;
   const bool fits =
       query.Blob(1).size() == days * sizeof(float) && history.priced.size() == PricedBytes(days);
   if (!fits) return std::nullopt;
