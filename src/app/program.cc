@@ -7,8 +7,8 @@ namespace vistaplot {
 Program::Program(const ProgramParts& parts) {
   state_.directories.ProgramDir = parts.program_dir;
   state_.roots = parts.roots;
-  screens_ = std::make_unique<Screens>(
-      ScreenParts{parts.quoteline, parts.settings, parts.dialogs, parts.host, state_});
+  screens_ = std::make_unique<Screens>(ScreenParts{
+      parts.quoteline, parts.settings, parts.dialogs, parts.host, parts.output, state_});
   forms_ = screens_->All();
 }
 

@@ -24,6 +24,7 @@ struct ProgramParts {
   Settings& settings;
   Dialogs& dialogs;
   FormHost& host;
+  Output& output;
   std::string program_dir;  ///< folder of the executable
   PathRoots roots;
 };

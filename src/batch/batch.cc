@@ -10,6 +10,7 @@
 #include "batch/answer_queue.h"
 #include "batch/script_dialogs.h"
 #include "batch/script_host.h"
+#include "batch/script_output.h"
 #include "batch/script_runner.h"
 #include "batch/script_world.h"
 #include "batch/state_dump.h"
@@ -28,10 +29,12 @@ int RunProgram(const Options& options,
   AnswerQueue answers;
   ScriptDialogs dialogs(answers, streams.out);
   ScriptHost host(DisplayInTwips(options.display.value_or(kBatchDisplay)));
+  ScriptOutput output(exporter);
   Program program({.quoteline = quoteline,
                    .settings = settings,
                    .dialogs = dialogs,
                    .host = host,
+                   .output = output,
                    .program_dir = ProgramFolder(),
                    .roots = RootsFromEnvironment()});
   ScriptWorld world{.forms = program.Forms(),

@@ -20,15 +20,19 @@ class ScriptHost : public FormHost {
   Form* Modal() const { return modal_.empty() ? nullptr : modal_.back(); }
 
   DisplaySize Display() const override { return display_; }
-  void FormShown(Form& /*form*/) override {}
-  void FormHidden(Form& /*form*/) override {}
+  void FormShown(Form& form) override { front_ = &form; }
+  void FormHidden(Form& form) override {
+    if (front_ == &form) front_ = nullptr;
+  }
   void FormRepaint(Form& /*form*/) override {}
   void PointerChanged(Form& /*form*/) override {}
   void RunModal(Form& form) override;
+  Form* FrontScreen() const override { return front_; }
   void Arrange(WindowArrangement /*arrangement*/) override {}
 
  private:
   DisplaySize display_;
+  Form* front_ = nullptr;     ///< the form shown last
   std::vector<Form*> modal_;  ///< innermost last
 };
 

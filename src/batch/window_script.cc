@@ -29,6 +29,7 @@ class PlayingHost : public ScriptHost {
   void FormHidden(Form& form) override { windows_.FormHidden(form); }
   void FormRepaint(Form& form) override { windows_.FormRepaint(form); }
   void PointerChanged(Form& form) override { windows_.PointerChanged(form); }
+  Form* FrontScreen() const override { return windows_.FrontScreen(); }
   void Arrange(WindowArrangement arrangement) override { windows_.Arrange(arrangement); }
   void RunModal(Form& form) override {
     playing ? ScriptHost::RunModal(form) : windows_.RunModal(form);

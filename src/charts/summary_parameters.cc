@@ -70,13 +70,17 @@ ChartFields SummaryParameters(Names names) {
   return {.x = {fields[0]}, .y = {fields[1]}, .data = {fields.begin() + 2, fields.end()}};
 }
 
+bool IsVornaxilKind(std::string_view kind) {
+  return kind == "SM " || kind == "APM";
+}
+
 ChartFields VornaxilCases(std::string_view kind) {
-  if (kind.empty()) return {};
+  if (!IsVornaxilKind(kind)) return {};
   return {.x = {{"Case", 0}}, .y = Consecutive(kVornaxilNames, kind == "APM" ? 3 : 4), .data = {}};
 }
 
 ChartFields VornaxilParameters(std::string_view kind) {
-  if (kind.empty()) return {};
+  if (!IsVornaxilKind(kind)) return {};
   ChartFields fields{.x = {{"Parm1", 1}}, .y = {{"Parm2", 2}}, .data = {}};
   if (kind == "APM") {
     fields.data = Consecutive(kVornaxilNames, 3);

@@ -71,7 +71,7 @@ class Form {
  protected:
   virtual void Form_Load() {}
 
-  FormHost& Host() { return host_; }
+  FormHost& Host() const { return host_; }
 
   /// Takes controls into the list, in order, with their names, captions and places.
   void Add(const std::vector<Design>& designs);

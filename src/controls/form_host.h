@@ -28,6 +28,9 @@ class FormHost {
   /// Lets the user work on a form that is already shown, and nowhere else, until it is hidden.
   virtual void RunModal(Form& form) = 0;
 
+  /// The screen that the user looks at; null when none is shown.
+  virtual Form* FrontScreen() const = 0;
+
   virtual void Arrange(WindowArrangement arrangement) = 0;
 };
 

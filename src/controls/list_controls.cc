@@ -82,13 +82,14 @@ std::vector<int> ListBox::SelectedPositions() const {
   return positions;
 }
 
-void ListBox::Select(const std::vector<int>& positions) {
+void ListBox::Select(const std::vector<int>& positions, int current) {
   selected_.assign(static_cast<std::size_t>(Count()), false);
   for (const int position : positions) {
     if (position < 0 || position >= Count()) continue;
     selected_[static_cast<std::size_t>(position)] = true;
     StoreListIndex(position);
   }
+  if (current >= 0 && current < Count()) StoreListIndex(current);
   Tell(ControlAspect::kValue);
   if (Click) Click();
 }

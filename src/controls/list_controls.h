@@ -80,8 +80,9 @@ class ListBox : public EntryControl {
   bool Selected(int position) const;
   /// Positions of the selected entries, ascending.
   std::vector<int> SelectedPositions() const;
-  /// Selects exactly these (positions outside are ignored) and raises Click.
-  void Select(const std::vector<int>& positions);
+  /// Selects exactly these (positions outside are ignored) and raises Click. The current entry is
+  /// `current`, or the last of them where it is not given.
+  void Select(const std::vector<int>& positions, int current = -1);
 
  private:
   std::vector<bool> selected_;

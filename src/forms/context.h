@@ -4,6 +4,7 @@
 #include "base/dialogs.h"
 #include "base/settings.h"
 #include "controls/form_host.h"
+#include "forms/output.h"
 #include "forms/shared_state.h"
 #include "marketdata/quoteline_api.h"
 
@@ -16,6 +17,7 @@ struct Context {
   Settings& settings;
   Dialogs& dialogs;
   FormHost& host;
+  Output& output;
   SharedState& state;
   Screens& screens;  ///< all screens; for calls from one to another, not for construction
 };

@@ -18,14 +18,21 @@ FrmDir::FrmDir(const Context& context)
   cmdOK.Click = [this] { cmdOK_Click(); };
 }
 
+void FrmDir::Form_Load() {
+  Drive1.SetText("");
+  Dir1.SetText("");
+}
+
 void FrmDir::Drive1_Change() {
   // A drive that cannot be read leaves the directory as it was, without a word.
-  const std::string root = std::string(TrimBlanks(Drive1.Text())) + "/";
+  const std::string_view drive = TrimBlanks(Drive1.Text());
+  if (drive.size() != 2 || drive[1] != ':') return;
+  const std::string root = std::string(drive) + "/";
   if (FolderExists(HostPath(root, context_.state.roots))) Dir1.SetText(root);
 }
 
 void FrmDir::cmdOK_Click() {
-  if (!(Dir1.Text() > " ")) {
+  if (!(Dir1.Text() > " ") || !FolderExists(HostPath(Dir1.Text(), context_.state.roots))) {
     context_.dialogs.Say("Please choose a directory");
     return;
   }

@@ -20,6 +20,9 @@ class FrmDir : public Form {
   void Drive1_Change();
   void cmdOK_Click();
 
+ protected:
+  void Form_Load() override;  ///< no directory is chosen
+
  private:
   const Context& context_;
 };

@@ -1,5 +1,6 @@
 #include "forms/frm_fam.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -20,9 +21,9 @@ std::string TextOr(const std::string& text, std::string_view fallback) {
   return text.empty() ? std::string(fallback) : text;
 }
 
-/// The market day of a box, rounded to 16 bits.
-Result<std::int16_t> DayOfBox(const TextBox& box) {
-  return ToInt16(LeadingNumber(box.Text()), box.Name());
+/// The market day of a day box; the summary brings it into the calendar.
+int DayOfBox(const TextBox& box) {
+  return RoundHalfEven(std::clamp(LeadingNumber(box.Text()), 1.0, 32767.0));
 }
 
 }  // namespace
@@ -69,11 +70,19 @@ void FrmFam::txtEndDate_LostFocus() {
   CheckDateEntry(txtEndDate, txtEndDate2, context_.state.market.calendar);
 }
 
+// A button that Enter pressed does not take the focus from the box.
+void FrmFam::CheckDates() {
+  txtbegDate_LostFocus();
+  txtEndDate_LostFocus();
+}
+
 void FrmFam::cmdOK_Click() {
+  CheckDates();
   Hide();
 }
 
 void FrmFam::cmdSave_Click() {
+  CheckDates();
   Status saved = context_.settings.Save("begdate", txtBegDate2.Text());
   for (std::size_t i = 0; i < txtDays.size() && saved; ++i) {
     saved = context_.settings.Save(kGainKeys[i], txtDays[i].Text());
@@ -81,12 +90,10 @@ void FrmFam::cmdSave_Click() {
   if (!saved) context_.dialogs.Say("Settings not saved: " + PlainText(saved.Error()));
 }
 
-Result<FamilyWindow> FrmFam::Window() const {
-  const auto begin = DayOfBox(txtBegDate2);
-  if (!begin) return begin.Error();
-  const auto end = DayOfBox(txtEndDate2);
-  if (!end) return end.Error();
-  FamilyWindow window{.begin_day = begin.Value(), .end_day = end.Value(), .gain_days = {}};
+FamilyWindow FrmFam::Window() {
+  CheckDates();
+  FamilyWindow window{
+      .begin_day = DayOfBox(txtBegDate2), .end_day = DayOfBox(txtEndDate2), .gain_days = {}};
   for (std::size_t i = 0; i < txtDays.size(); ++i) window.gain_days[i] = txtDays[i].Text();
   return window;
 }

@@ -31,13 +31,16 @@ class FrmFam : public Form {
   void cmdOK_Click();
   void cmdSave_Click();
 
-  /// What the boxes hold, for a summary. Error 6 names the box whose day is beyond 16 bits.
-  Result<FamilyWindow> Window() const;
+  /// What the boxes hold, for a summary; a date that was typed last counts also when its box was
+  /// not left.
+  FamilyWindow Window();
 
  protected:
   void Form_Load() override;
 
  private:
+  void CheckDates();
+
   const Context& context_;
 };
 

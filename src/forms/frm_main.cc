@@ -36,6 +36,8 @@ constexpr std::array<std::string_view, 12> kTips = {"Graph",
                                                     "Graph Screen",
                                                     "Calculations Screen"};
 
+constexpr int kTipInterval = 500;  ///< milliseconds
+
 /// A tool button's place by its position in the bar, in twips.
 Place ToolPlace(int position) {
   return At(60.0F + 420.0F * static_cast<float>(position), 30.0F, 390.0F, 390.0F);
@@ -55,8 +57,12 @@ FrmMain::FrmMain(const Context& context)
 void FrmMain::DesignMenus() {
   Add({{&mnuFile, "mnuFile", "&File", {}},
        {&mnuFileGraph, "mnuFileGraph", "&Graph", {}, &mnuFile},
+       {&mnuFileSaveChart, "mnuFileSaveChart", "Save &Chart As...", {}, &mnuFile},
+       {&mnuFileSaveSheet, "mnuFileSaveSheet", "Save S&heet As...", {}, &mnuFile},
+       {&mnuFilePrint, "mnuFilePrint", "&Print...", {}, &mnuFile},
        {&mnuFileExit, "mnuFileExit", "E&xit", {}, &mnuFile},
        {&mnuEdit, "mnuEdit", "&Edit", {}},
+       {&mnuEditCopy, "mnuEditCopy", "&Copy", {}, &mnuEdit},
        {&mnuEditSort, "mnuEditSort", "&Sort", {}, &mnuEdit},
        {&mnuEditSortAll, "mnuEditSortAll", "Sort &All", {}, &mnuEdit},
        {&mnuTime, "mnuTime", "&Time Period", {}}});
@@ -90,6 +96,7 @@ void FrmMain::DesignToolBar() {
        {&cmdShowCalc, "cmdShowCalc", kTips[11], ToolPlace(12), &pnlTool},
        {&TxtToolTip, "TxtToolTip", "", At(5640, 75, 2100, 300), &pnlTool},
        {&Timer1, "Timer1", "", {}}});
+  Timer1.interval = kTipInterval;
   for (Button* button : {&cmdPrev, &cmdNext, &cmdSpectBack, &cmdSpectFwd, &cmdClear}) {
     button->SetVisible(false);
   }
@@ -106,6 +113,10 @@ void FrmMain::DesignPanels() {
 
 void FrmMain::ConnectMenus() {
   mnuFileGraph.Click = [this] { mnuFileGraph_Click(); };
+  mnuFileSaveChart.Click = [this] { mnuFileSaveChart_Click(); };
+  mnuFileSaveSheet.Click = [this] { mnuFileSaveSheet_Click(); };
+  mnuFilePrint.Click = [this] { mnuFilePrint_Click(); };
+  mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
   mnuFileExit.Click = [this] { mnuFileExit_Click(); };
   for (std::size_t i = 0; i < mnuTimePeriod.size(); ++i) {
     mnuTimePeriod[i].Click = [this, i] { mnuTimePeriod_Click(static_cast<int>(i)); };

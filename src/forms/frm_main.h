@@ -2,10 +2,12 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "controls/form.h"
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
+#include "controls/view_controls.h"
 #include "forms/context.h"
 #include "forms/panel_progress.h"
 
@@ -17,8 +19,12 @@ class FrmMain : public Form {
 
   MenuItem mnuFile;
   MenuItem mnuFileGraph;
+  MenuItem mnuFileSaveChart;
+  MenuItem mnuFileSaveSheet;
+  MenuItem mnuFilePrint;
   MenuItem mnuFileExit;
   MenuItem mnuEdit;
+  MenuItem mnuEditCopy;
   MenuItem mnuEditSort;
   MenuItem mnuEditSortAll;
   MenuItem mnuTime;
@@ -56,6 +62,10 @@ class FrmMain : public Form {
   PanelProgress progress{pnlAction, pnlMeter};
 
   void mnuFileGraph_Click();
+  void mnuFileSaveChart_Click();
+  void mnuFileSaveSheet_Click();
+  void mnuFilePrint_Click();
+  void mnuEditCopy_Click();
   void mnuTimePeriod_Click(int index);
   void cmdNext_Click();
   void cmdPrev_Click();
@@ -86,6 +96,10 @@ class FrmMain : public Form {
   void ConnectMenus();
   void ConnectTools();
   void StepFund(int step);
+  ChartBox& ShownChart() const;  ///< of the graph screen that is in front, or was last
+  bool DataInFront() const;
+  /// A box that says what failed and why; nothing when all went well.
+  void Tell(const Status& status, std::string_view what);
 
   const Context& context_;
 };

@@ -20,10 +20,11 @@ void FrmMain::mnuFileGraph_Click() {
     return;
   }
   {
-    const ProgressScope action(progress, kGraphingAction);
+    const BusyScope busy(frmTab, progress, kGraphingAction);
     state.table.SetActiveSheet(1);
     context_.screens.price_graph.Graph();
   }
+  // A refused chart has had its message; the user stays where it can be mended.
   if (!context_.screens.price_graph.Drawn()) return;
   if (!frmTab.AnalysisTicked()) context_.screens.frmGraph.lblboxdate.SetCaption("");
   cmdShowGraph_Click();
@@ -38,8 +39,8 @@ void FrmMain::mnuTimePeriod_Click(int index) {
     mnuTimePeriod[static_cast<std::size_t>(index)].SetChecked(true);
     context_.state.selection.TimePeriodIndex = static_cast<std::int16_t>(index);
     context_.screens.price_graph.Redraw();
+    frmTab.Refresh();
   }
-  frmTab.Refresh();
 }
 
 void FrmMain::cmdNext_Click() {

@@ -1,6 +1,8 @@
 #include "forms/frm_tab.h"
 
+#include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 
 #include "base/number_text.h"
@@ -42,9 +44,13 @@ constexpr std::array<NumberSetting, 5> kBoxSettings = {
 
 constexpr NumberSetting kReversalSetting = {"pfrev", 2.0F};
 
-/// A text that is no number counts as never written.
-double ReadNumber(const Settings& settings, const NumberSetting& setting) {
-  return WholeNumber(settings.Get(setting.key)).value_or(static_cast<double>(setting.fallback));
+constexpr double kLargestSingle = std::numeric_limits<float>::max();
+
+/// A text that is no number, or none that single precision can hold, counts as never written.
+float ReadNumber(const Settings& settings, const NumberSetting& setting) {
+  const auto number = WholeNumber(settings.Get(setting.key));
+  const bool held = number && std::abs(*number) <= kLargestSingle;
+  return held ? static_cast<float>(*number) : setting.fallback;
 }
 
 template <std::size_t N>
@@ -136,6 +142,7 @@ void FrmTab::Connect() {
   OptSelect.Click = [this](int index) { OptSelect_Click(index); };
   optOneAll.Click = [this](int index) { optOneAll_Click(index); };
   txtIndex.Change = [this] { txtIndex_Change(); };
+  cmdFileName.Click = [this] { cmdFileName_Click(); };
   cmdLoadData.Click = [this] { cmdLoadData_Click(); };
 }
 
@@ -164,15 +171,15 @@ void FrmTab::Form_Load() {
 void FrmTab::ReadPointAndFigureSettings() {
   PointAndFigureSettings& settings = context_.state.point_and_figure;
   for (std::size_t i = 0; i < kRangeSettings.size(); ++i) {
-    settings.PfRange[i] = static_cast<float>(ReadNumber(context_.settings, kRangeSettings[i]));
+    settings.PfRange[i] = ReadNumber(context_.settings, kRangeSettings[i]);
   }
   for (std::size_t i = 0; i < kBoxSettings.size(); ++i) {
-    settings.PfBox[i] = static_cast<float>(ReadNumber(context_.settings, kBoxSettings[i]));
+    settings.PfBox[i] = ReadNumber(context_.settings, kBoxSettings[i]);
   }
-  const double stored = ReadNumber(context_.settings, kReversalSetting);
-  const bool known = stored >= 1.0 && stored <= 3.0;
-  const double option = known ? stored : static_cast<double>(kReversalSetting.fallback);
-  settings.PfReversal = static_cast<std::int16_t>(RoundHalfEven(option) - 1);
+  const float stored = ReadNumber(context_.settings, kReversalSetting);
+  const bool known = stored >= 1.0F && stored <= 3.0F;
+  const float option = known ? stored : kReversalSetting.fallback;
+  settings.PfReversal = static_cast<std::int16_t>(RoundHalfEven(static_cast<double>(option)) - 1);
 }
 
 }  // namespace vistaplot

@@ -45,7 +45,7 @@ class FrmTab : public Form {
   TextBox txtIndex;
   ListBox lstIndex;
   ListBox lstIndex2;
-  ListBox File1;  ///< file names of the folder listed last; never shown
+  ListBox File1;  ///< names of the signal files listed last; never shown
   Button cmdLoadData;
 
   CheckBox chkMoveAvg;
@@ -61,6 +61,7 @@ class FrmTab : public Form {
   void OptSelect_Click(int index);
   void optOneAll_Click(int index);
   void txtIndex_Change();
+  void cmdFileName_Click();
   void cmdLoadData_Click();
 
   /// Fills lstIndex with the families of the three folders; empties lstIndex2. A folder that cannot
@@ -103,6 +104,7 @@ class FrmTab : public Form {
 
   std::vector<std::string> SelectedEntries() const;
   void LoadSelection();
+  void ForgetLoad();
   void SummariseLoad();
   std::vector<std::string> SummarySymbols() const;
 

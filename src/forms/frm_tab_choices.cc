@@ -84,8 +84,11 @@ void FrmTab::ShowPriceControls(bool prices) {
        std::initializer_list<Control*>{&cmdFileName, &lblFileName, &lblPercent, &cboPercent}) {
     control->SetVisible(!prices);
   }
-  context_.screens.frmMain.mnuTime.SetEnabled(prices);
-  context_.screens.frmMain.mnuFamily.SetEnabled(prices);
+  FrmMain& frmMain = context_.screens.frmMain;
+  frmMain.mnuTime.SetEnabled(prices);
+  frmMain.mnuFamily.SetEnabled(prices);
+  frmMain.cmdNext.SetVisible(prices && OneAtATime());
+  frmMain.cmdPrev.SetVisible(prices && OneAtATime());
 }
 
 void FrmTab::ResetTable(int spare_sheets) {

@@ -27,19 +27,17 @@ void FrmTab::ListAllIssues() {
 
 void FrmTab::OptSelect_Click(int /*index*/) {
   ResetTable(1);
+  ForgetLoad();
   RefreshIssueList();
 }
 
 void FrmTab::optOneAll_Click(int index) {
   FrmMain& frmMain = context_.screens.frmMain;
-  if (index == 1 && chkCorrelation.Checked()) {
-    optOneAll.SetListIndex(0);  // correlation needs all funds
-  } else if (index == 0 && chkMem.Checked()) {
-    optOneAll.SetListIndex(1);  // the spectrum works on one fund at a time
-  } else {
-    frmMain.cmdNext.SetVisible(index == 1);
-    frmMain.cmdPrev.SetVisible(index == 1);
-  }
+  // Correlation needs all funds, the spectrum works on one at a time.
+  if (index == 1 && chkCorrelation.Checked()) optOneAll.Preset(0);
+  if (index == 0 && chkMem.Checked()) optOneAll.Preset(1);
+  frmMain.cmdNext.SetVisible(OneAtATime());
+  frmMain.cmdPrev.SetVisible(OneAtATime());
 }
 
 void FrmTab::txtIndex_Change() {
@@ -55,16 +53,21 @@ std::vector<std::string> FrmTab::SelectedEntries() const {
   return entries;
 }
 
+void FrmTab::cmdFileName_Click() {
+  context_.dialogs.Say("This version loads Quoteline issues only");
+}
+
 void FrmTab::cmdLoadData_Click() {
   const bool prices = ChosenDataType() == DataType::kPrices;
   {
     const BusyScope busy(*this, context_.screens.frmMain.progress, "Loading Data...");
-    LoadSelection();
+    if (prices) LoadSelection();
     if (context_.state.load.IssueColumnCount > 0) {
       SummariseLoad();
       return;
     }
   }
+  ForgetLoad();
   if (FamiliesChosen()) {
     context_.dialogs.Say("Please select a Family");
   } else if (prices) {
@@ -76,6 +79,7 @@ void FrmTab::cmdLoadData_Click() {
 void FrmTab::LoadSelection() {
   SharedState& state = context_.state;
   const LoadServices services{context_.quoteline, state.market, state.table, context_.dialogs};
+  state.family_records.Resize(0, 0);
   BeginPriceLoad(services, state.load);
   if (FamiliesChosen()) {
     LoadSelectedFamilies(services, state.roots, state.load, SelectedEntries());
@@ -84,22 +88,32 @@ void FrmTab::LoadSelection() {
   }
 }
 
+// The sheet of prices is empty: nothing on it can be drawn or selected until the next load.
+void FrmTab::ForgetLoad() {
+  SharedState& state = context_.state;
+  Sheet& prices = state.table.SheetAt(1);
+  prices.MaxRow = 0;
+  prices.MaxCol = 0;
+  prices.selection.clear();
+  state.table.NotifyContent(1);
+  state.flags.ResultFileLoaded = false;
+  state.selection.SelectedCount = 0;
+  state.selection.CurrentFund = 0;
+}
+
 void FrmTab::SummariseLoad() {
   SharedState& state = context_.state;
   FrmFam& frmFam = context_.screens.frmFam;
   const LoadServices services{context_.quoteline, state.market, state.table, context_.dialogs};
   FinishPriceSheet(services, state.load);
   frmFam.Load();
-  const auto window = frmFam.Window();
-  if (window) {
+  {
     const BusyScope busy(frmFam, context_.screens.frmMain.progress, "Calculating Family Info...");
     ComputeFamilySummary(services,
                          SummarySymbols(),
-                         window.Value(),
+                         frmFam.Window(),
                          state.family_records,
                          context_.screens.frmMain.progress);
-  } else {
-    context_.dialogs.Say("error: " + NumberedText(window.Error()));
   }
   frmFam.Unload();
   FinishPriceLoad(state.table);

@@ -3,7 +3,13 @@
 namespace vistaplot {
 
 Screens::Screens(const ScreenParts& parts)
-    : context{parts.quoteline, parts.settings, parts.dialogs, parts.host, parts.state, *this},
+    : context{parts.quoteline,
+              parts.settings,
+              parts.dialogs,
+              parts.host,
+              parts.output,
+              parts.state,
+              *this},
       frmMain(context),
       frmTab(context),
       frmData(context),

@@ -25,6 +25,7 @@ struct ScreenParts {
   Settings& settings;
   Dialogs& dialogs;
   FormHost& host;
+  Output& output;
   SharedState& state;
 };
 

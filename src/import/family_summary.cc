@@ -40,14 +40,14 @@ std::vector<std::string> RowTexts(const FamilyRecords& records,
           FixedText(figures.ulcer_performance, 2)};
 }
 
-std::string GainText(std::span<const float> prices, int end_day, const std::string& period) {
-  const std::optional<float> gain = TrailingGain(prices, end_day, LeadingNumber(period));
-  return gain ? FixedText(*gain, 3) : "0";
-}
-
 /// 0 in place of a value that is not finite in single precision.
 double FiniteOrZero(double value) {
   return std::isfinite(static_cast<float>(value)) ? value : 0.0;
+}
+
+std::string GainText(std::span<const float> prices, int end_day, const std::string& period) {
+  const std::optional<float> gain = TrailingGain(prices, end_day, LeadingNumber(period));
+  return gain && std::isfinite(*gain) ? FixedText(*gain, 3) : "0";
 }
 float FiniteOrZero(float value) {
   return std::isfinite(value) ? value : 0.0F;

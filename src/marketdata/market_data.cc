@@ -33,6 +33,8 @@ void LoadMarketCalendar(QuotelineApi& api, MarketData& market, Dialogs& dialogs)
   calendar.MaxDays = TakeCount(api.QLgetMaxDays(), "Unable to get max days", market, dialogs);
   calendar.MaxNumDays =
       TakeCount(api.QLgetMaxNumDays(), "Unable to get max num days", market, dialogs);
+  // Days without a date cannot be shown: they come from a service that broke between the two calls.
+  calendar.MaxNumDays = std::min(calendar.MaxNumDays, calendar.MaxDays);
   calendar.DayDates.assign(static_cast<std::size_t>(calendar.MaxDays) + 1, 0);
   for (int day = 1; day <= calendar.MaxDays; ++day) {
     const DateSerial serial = api.QLgetJulian(day);

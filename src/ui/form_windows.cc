@@ -67,10 +67,8 @@ void DialogWindow::CloseForm() {
     Button* cancel = CancelButton(form_);
     if (cancel != nullptr && cancel->Usable()) {
       cancel->RaiseClick();
-    } else if (form_.Style() == FormStyle::kDialog) {
-      form_.Unload();
     } else {
-      form_.Hide();
+      form_.Unload();
     }
   });
 }

@@ -90,7 +90,7 @@ class ListBoxAdapter : public ControlAdapter {
     user_selects_ = true;
     Act([this, &rows] {
       if (list_.multi_select) {
-        list_.Select(rows);
+        list_.Select(rows, view_->currentIndex().row());
       } else {
         list_.SetListIndex(rows.empty() ? -1 : rows.front());
       }

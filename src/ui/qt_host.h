@@ -38,7 +38,7 @@ class QtHost : public FormHost {
   FormView* ViewOf(const Form& form) const;
 
   /// The child screen in front; null when there is none.
-  Form* FrontScreen() const;
+  Form* FrontScreen() const override;
 
   DisplaySize Display() const override { return display_; }
   void FormShown(Form& form) override;

@@ -22,6 +22,9 @@ struct CommandKey {
 constexpr const char* kKeyList =
     "Alt with an underlined letter\tmenus, fields, buttons\n"
     "Ctrl+Tab, Ctrl+Shift+Tab\tnext, previous screen\n"
+    "Ctrl+S\tsave the chart as a picture\n"
+    "Ctrl+P\tprint the chart or the sheet\n"
+    "Ctrl+C\tcopy the selected cells\n"
     "F1\tthis list\n"
     "F11\tthe chart on the whole display, and back\n"
     "Ctrl+Q\tend the program\n";
@@ -47,10 +50,12 @@ WindowProgram::WindowProgram(const WindowParts& parts)
                 .settings = parts.settings,
                 .dialogs = player_ == nullptr ? dialogs_ : player_->Over(dialogs_),
                 .host = player_ == nullptr ? host_ : player_->Over(host_),
+                .output = output_,
                 .program_dir = ProgramFolder(),
                 .roots = RootsFromEnvironment()}),
       window_(program_.AllScreens().frmMain, factory_, guard_) {
   guard_.ReportTo(&dialogs_);
+  output_.Use(&window_);
   dialogs_.Use(&window_, program_.State().roots);
   host_.Use(window_, program_.AllScreens().frmMain, program_.State().table);
   connect(&window_, &MainWindow::CloseAsked, this, [this] {
@@ -96,6 +101,8 @@ void WindowProgram::SizeWindow() {
 
 void WindowProgram::SetUpKeys() {
   window_.SetShortcut("mnuFileExit", QKeySequence(QStringLiteral("Ctrl+Q")));
+  window_.SetShortcut("mnuFileSaveChart", QKeySequence(QStringLiteral("Ctrl+S")));
+  window_.SetShortcut("mnuFilePrint", QKeySequence(QStringLiteral("Ctrl+P")));
   window_.ListScreensIn("mnuWindow");
   const auto key = [this](const char* keys, auto action) {
     auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window_);

@@ -10,6 +10,7 @@
 #include "ui/main_window.h"
 #include "ui/qt_dialogs.h"
 #include "ui/qt_host.h"
+#include "ui/qt_output.h"
 
 namespace vistaplot {
 
@@ -56,6 +57,7 @@ class WindowProgram : public QObject {
   QtDialogs dialogs_{guard_};
   AdapterFactory factory_;
   QtHost host_{guard_, factory_};
+  QtOutput output_{guard_};
   Program program_;
   MainWindow window_;
 };

@@ -14,6 +14,7 @@
 #include "marketdata/family_file.h"
 #include "support/fake_quoteline.h"
 #include "support/memory_settings.h"
+#include "support/recording_output.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {
@@ -33,10 +34,12 @@ struct ScriptedProgram {
   AnswerQueue answers;
   ScriptDialogs dialogs{answers, out};
   ScriptHost host{DisplayInTwips(kBatchDisplay)};
+  test::RecordingOutput output;
   Program program{{.quoteline = quoteline,
                    .settings = settings,
                    .dialogs = dialogs,
                    .host = host,
+                   .output = output,
                    .program_dir = "/opt/vistaplot",
                    .roots = {}}};
   ScriptWorld world{program.Forms(),
@@ -108,7 +111,7 @@ TEST(Batch, ScreensFillTheDisplayOfTheRun) {
   const ParsedJson half = ParseJson(batch.out.str());
   ScriptedProgram design;
   ScriptHost host(DisplayInTwips({640, 480}));
-  Program program({design.quoteline, design.settings, design.dialogs, host, "", {}});
+  Program program({design.quoteline, design.settings, design.dialogs, host, design.output, "", {}});
   program.Start();
   const Place& place = program.FindForm("frmTab")->Find("cboDataType")->Where();
   EXPECT_EQ(half.value.Find("left")->number, static_cast<double>(2.0F * *place.Left));

@@ -85,6 +85,38 @@ TEST(FrmMain, CalculationsScreenListsTheSignalFiles) {
   EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Entries(), (Texts{"GOLD    ", "LONGSIGN"}));
 }
 
+TEST(FrmMain, SavesPrintsAndCopiesWhatIsInFront) {
+  ScreenWorld world;
+  world.Start();
+  FrmMain& frmMain = world.screens.frmMain;
+  frmMain.mnuFileSaveChart.RaiseClick();
+  frmMain.cmdShowData.RaiseClick();
+  frmMain.mnuFilePrint.RaiseClick();
+  ASSERT_EQ(world.dialogs.messages.size(), 2U);
+  world.LoadTrio();
+  world.SelectColumns(2, 3);
+  frmMain.mnuFilePrint.RaiseClick();
+  world.state.table.SheetAt(1).Select({1, 2, 2, 3});
+  frmMain.mnuEditCopy.RaiseClick();
+  world.dialogs.save_answers = {world.folder.Path("sheet.csv"), "/pictures/chart.svg"};
+  frmMain.mnuFileSaveSheet.RaiseClick();
+  EXPECT_EQ(world.folder.Read("sheet.csv").substr(0, 36),
+            ",AAA,BBB,CCC\r\n01/01/2001,100,50,-1\r\n");
+  frmMain.mnuFileGraph.RaiseClick();
+  frmMain.mnuFileSaveChart.RaiseClick();
+  frmMain.mnuEditCopy.RaiseClick();
+  world.output.answer = MakeError(kErrorDiskFull, "/dev/printer");
+  frmMain.mnuFilePrint.RaiseClick();
+  EXPECT_EQ(world.output.calls,
+            (Texts{"print TRIO",
+                   "copy AAA\tBBB\n100\t50\n",
+                   "save /pictures/chart.svg 640 454",
+                   "copy chart",
+                   "print chart"}));
+  EXPECT_EQ(world.dialogs.messages.back().text,
+            "The chart was not printed: /dev/printer: Disk full");
+}
+
 TEST(FrmMain, TipsAboutAndExit) {
   ScreenWorld world;
   world.Start();

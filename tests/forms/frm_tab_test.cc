@@ -148,15 +148,28 @@ TEST(FrmTab, OpenedFamilyAnalysisRulesOneLoadOnly) {
   EXPECT_EQ(world.state.table.SheetAt(2).CellText(1, 13), "77 day");
 }
 
-TEST(FrmTab, DayBeyondSixteenBitsIsReportedAndThePricesStay) {
+TEST(FrmTab, DateTypedLastCountsAlsoWhenItsBoxWasNotLeft) {
   ScreenWorld world;
   world.Start();
   world.screens.frmMain.mnuFamilySelect.RaiseClick();
-  world.screens.frmFam.txtBegDate2.SetText("40000");
+  world.screens.frmFam.txtEndDate.SetText("01/31/2001");
   world.screens.frmTab.lstIndex.Select({0});
   world.screens.frmTab.cmdLoadData.RaiseClick();
-  EXPECT_EQ(world.dialogs.Texts(), (Texts{"error: 6 Overflow"}));
-  EXPECT_EQ(world.state.table.SheetAt(1).MaxCol, 4);
+  // AAA rises by 1 a day from 100: 130 on 31 January, 129 the day before.
+  EXPECT_EQ(world.state.table.SheetAt(2).CellText(2, 8), "0.775");
+}
+
+TEST(FrmTab, LoadWithoutASelectionLeavesNothingToGraph) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 2);
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  world.screens.frmTab.lstIndex.Select({});
+  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  ASSERT_EQ(world.dialogs.messages.size(), 2U);
+  EXPECT_EQ(world.dialogs.messages[1].text.substr(0, 11), "Please load");
+  EXPECT_EQ(world.state.table.SheetAt(1).MaxCol, 0);
 }
 
 TEST(FrmTab, TypingFindsTheEntryAndItIsLoaded) {

@@ -10,6 +10,7 @@
 #include "support/fake_quoteline.h"
 #include "support/memory_settings.h"
 #include "support/recording_dialogs.h"
+#include "support/recording_output.h"
 #include "support/silent_host.h"
 #include "support/temporary_folder.h"
 
@@ -23,8 +24,9 @@ struct ScreenWorld {
   MemorySettings settings;
   RecordingDialogs dialogs;
   SilentHost host;
+  RecordingOutput output;
   SharedState state;
-  Screens screens{{quoteline, settings, dialogs, host, state}};
+  Screens screens{{quoteline, settings, dialogs, host, output, state}};
 
   ScreenWorld() {
     quoteline.directory = folder.Path();

@@ -24,6 +24,7 @@ class SilentHost : public FormHost {
   void RunModal(Form& form) override {
     if (on_modal) on_modal(form);
   }
+  Form* FrontScreen() const override { return front; }
   void Arrange(WindowArrangement /*arrangement*/) override {}
 };
 
