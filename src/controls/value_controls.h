@@ -11,10 +11,14 @@
 
 namespace vistaplot {
 
+/// What a text box is filled with, for skins that can offer more than typing.
+enum class TextContent { kPlain, kDrive, kFolder };
+
 class TextBox : public Control {
  public:
   TextBox() : Control(ControlKind::kTextBox) {}
 
+  TextContent content = TextContent::kPlain;
   std::function<void()> Change;
   std::function<void()> LostFocus;
 

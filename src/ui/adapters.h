@@ -8,6 +8,8 @@
 
 namespace vistaplot {
 
+class TextBox;
+
 std::unique_ptr<ControlAdapter> MakeLabel(Control& control, const AdapterParts& parts);
 std::unique_ptr<ControlAdapter> MakeTextBox(Control& control, const AdapterParts& parts);
 std::unique_ptr<ControlAdapter> MakeCheckBox(Control& control, const AdapterParts& parts);
@@ -19,5 +21,9 @@ std::unique_ptr<ControlAdapter> MakeFrame(Control& control, const AdapterParts& 
 std::unique_ptr<ControlAdapter> MakePanel(Control& control, const AdapterParts& parts);
 std::unique_ptr<ControlAdapter> MakeScrollBar(Control& control, const AdapterParts& parts);
 std::unique_ptr<ControlAdapter> MakeTimer(Control& control, const AdapterParts& parts);
+
+/// Text boxes by what they hold; MakeTextBox chooses. `parts.roots` is given.
+std::unique_ptr<ControlAdapter> MakeFolderBox(TextBox& box, const AdapterParts& parts);
+std::unique_ptr<ControlAdapter> MakeDriveBox(TextBox& box, const AdapterParts& parts);
 
 }  // namespace vistaplot

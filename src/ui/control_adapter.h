@@ -15,11 +15,13 @@ namespace vistaplot {
 class DataTable;
 class ScrollBar;
 struct ChartServices;
+struct PathRoots;
 
 /// What an adapter is made from.
 struct AdapterParts {
   EventGuard& guard;
   QWidget* parent = nullptr;              ///< owns the widget
+  const PathRoots* roots = nullptr;       ///< where folders by name lie
   DataTable* table = nullptr;             ///< what grids show
   const ChartServices* charts = nullptr;  ///< what charts ask for; outlives the adapters
 };

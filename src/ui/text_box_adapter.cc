@@ -49,7 +49,12 @@ class TextBoxAdapter : public ControlAdapter {
 }  // namespace
 
 std::unique_ptr<ControlAdapter> MakeTextBox(Control& control, const AdapterParts& parts) {
-  return std::make_unique<TextBoxAdapter>(static_cast<TextBox&>(control), parts);
+  auto& box = static_cast<TextBox&>(control);
+  if (parts.roots != nullptr && box.content == TextContent::kFolder) {
+    return MakeFolderBox(box, parts);
+  }
+  if (parts.roots != nullptr && box.content == TextContent::kDrive) return MakeDriveBox(box, parts);
+  return std::make_unique<TextBoxAdapter>(box, parts);
 }
 
 }  // namespace vistaplot
