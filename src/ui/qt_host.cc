@@ -18,10 +18,11 @@ QSize InPixels(const DisplaySize& display) {
 
 }  // namespace
 
-void QtHost::Use(MainWindow& window, const Form& frame, DataTable& table) {
+void QtHost::Use(MainWindow& window, const Form& frame, DataTable& table, const PathRoots& roots) {
   window_ = &window;
   frame_ = &frame;
   table_ = &table;
+  roots_ = &roots;
 }
 
 void QtHost::Close() {
@@ -54,7 +55,7 @@ QtHost::Entry& QtHost::EntryOf(Form& form) {
 }
 
 AdapterParts QtHost::PartsFor(QWidget* parent) const {
-  return {.guard = guard_, .parent = parent, .table = table_, .charts = &charts_};
+  return {.guard = guard_, .parent = parent, .roots = roots_, .table = table_, .charts = &charts_};
 }
 
 void QtHost::BuildScreen(Form& form, Entry& entry) {

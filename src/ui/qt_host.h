@@ -22,9 +22,9 @@ class QtHost : public FormHost {
   /// Both outlive the host.
   QtHost(EventGuard& guard, const AdapterFactory& factory) : guard_(guard), factory_(factory) {}
 
-  /// Where the forms are shown from now on, and what their grids show. `frame` is the form that the
-  /// window itself skins.
-  void Use(MainWindow& window, const Form& frame, DataTable& table);
+  /// Where the forms are shown from now on, and what their grids and folder boxes show. `frame` is
+  /// the form that the window itself skins.
+  void Use(MainWindow& window, const Form& frame, DataTable& table, const PathRoots& roots);
 
   /// Takes all forms' widgets away; to be called before the window or a form goes.
   void Close();
@@ -65,6 +65,7 @@ class QtHost : public FormHost {
   MainWindow* window_ = nullptr;
   const Form* frame_ = nullptr;
   DataTable* table_ = nullptr;
+  const PathRoots* roots_ = nullptr;
   ChartServices charts_;
   DisplaySize display_;
   std::map<const Form*, Entry> entries_;

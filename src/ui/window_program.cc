@@ -57,7 +57,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
   guard_.ReportTo(&dialogs_);
   output_.Use(&window_);
   dialogs_.Use(&window_, program_.State().roots);
-  host_.Use(window_, program_.AllScreens().frmMain, program_.State().table);
+  host_.Use(window_, program_.AllScreens().frmMain, program_.State().table, program_.State().roots);
   connect(&window_, &MainWindow::CloseAsked, this, [this] {
     guard_.Run([this] { program_.AllScreens().frmMain.mnuFileExit_Click(); });
   });

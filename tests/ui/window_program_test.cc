@@ -144,11 +144,11 @@ TEST(WindowProgram, AModalFormKeepsTheCallerUntilItsButton) {
   FrmDir& chooser = windows.screens.frmDir;
   QTimer::singleShot(0, [&] {
     EXPECT_NE(QApplication::activeModalWidget(), nullptr);
-    chooser.Dir1.SetText("/data");
+    chooser.Dir1.SetText(windows.world.folder.Path());
     windows.program.Host().ViewOf(chooser)->findChild<QPushButton*>("cmdOK")->click();
   });
   chooser.ShowModal();
-  EXPECT_EQ(windows.program.Screens().State().directories.ChosenDir, "/data");
+  EXPECT_EQ(windows.program.Screens().State().directories.ChosenDir, windows.world.folder.Path());
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
