@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -71,6 +72,17 @@ QString Description(std::string_view text) {
 
 bool IsPattern(const std::string& name) {
   return name.find_first_of("*?") != std::string::npos;
+}
+
+/// The file name's ending becomes the chosen filter's first one; filters of all names leave it.
+void FollowFilter(QFileDialog& dialog, const QString& filter) {
+  const qsizetype dot = filter.indexOf(QStringLiteral("(*."));
+  const QStringList files = dialog.selectedFiles();
+  if (dot < 0 || files.isEmpty()) return;
+  const QString suffix = filter.mid(dot + 3).section(u' ', 0, 0).section(u')', 0, 0);
+  const QFileInfo file(files.front());
+  dialog.setDefaultSuffix(suffix);
+  if (!file.isDir()) dialog.selectFile(file.completeBaseName() + u'.' + suffix);
 }
 
 std::vector<std::string> Paths(const QStringList& files) {
@@ -163,6 +175,10 @@ std::optional<std::string> QtDialogs::ChooseFileToSave(const FileRequest& reques
   if (!request.default_extension.empty() && !IsPattern(request.default_extension)) {
     dialog.setDefaultSuffix(QtText(request.default_extension));
   }
+  QObject::connect(
+      &dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        FollowFilter(dialog, filter);
+      });
   const bool chosen = dialog.exec() == QDialog::Accepted;
   guard_.ThrowIfEnded();
   if (!chosen) return std::nullopt;

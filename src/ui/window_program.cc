@@ -24,7 +24,7 @@ constexpr const char* kKeyList =
     "Ctrl+Tab, Ctrl+Shift+Tab\tnext, previous screen\n"
     "Ctrl+S\tsave the chart as a picture\n"
     "Ctrl+P\tprint the chart or the sheet\n"
-    "Ctrl+C\tcopy the selected cells\n"
+    "Ctrl+C\tcopy the chart or the selected cells\n"
     "F1\tthis list\n"
     "F11\tthe chart on the whole display, and back\n"
     "Ctrl+Q\tend the program\n";
@@ -102,6 +102,7 @@ void WindowProgram::SizeWindow() {
 void WindowProgram::SetUpKeys() {
   window_.SetShortcut("mnuFileExit", QKeySequence(QStringLiteral("Ctrl+Q")));
   window_.SetShortcut("mnuFileSaveChart", QKeySequence(QStringLiteral("Ctrl+S")));
+  window_.SetShortcut("mnuEditCopy", QKeySequence(QStringLiteral("Ctrl+C")));
   window_.SetShortcut("mnuFilePrint", QKeySequence(QStringLiteral("Ctrl+P")));
   window_.ListScreensIn("mnuWindow");
   const auto key = [this](const char* keys, auto action) {

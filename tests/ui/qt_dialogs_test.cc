@@ -104,6 +104,24 @@ TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
   EXPECT_EQ(chosen, std::vector({folder.Path("lower.sum"), folder.Path("UPPER.SUM")}));
 }
 
+TEST(QtDialogs, TheSavedNameTakesTheChosenFiltersEnding) {
+  const test::TemporaryFolder folder;
+  Boxes boxes;
+  OnNextBox<QFileDialog>([](QFileDialog& box) {
+    box.selectNameFilter("SVG drawing (*.svg)");
+    emit box.filterSelected("SVG drawing (*.svg)");
+    QMetaObject::invokeMethod(&box, "accept");
+  });
+  const auto path = boxes.dialogs.ChooseFileToSave(
+      {.title = "Save Chart As",
+       .filter = "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg",
+       .file_name = "chart.png",
+       .default_extension = "png",
+       .initial_folder = folder.Path(),
+       .overwrite_prompt = true});
+  EXPECT_EQ(path, folder.Path("chart.svg"));
+}
+
 TEST(QtDialogs, EndOfTheProgramUnwindsThroughAnOpenBox) {
   Boxes boxes;
   OnNextBox<QMessageBox>([&boxes](QMessageBox& box) {
