@@ -1,6 +1,6 @@
 #include "ui/main_window.h"
 
-#include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -31,7 +31,7 @@ QSize MainWindow::ClientSize() {
 }
 
 void MainWindow::SetShortcut(std::string_view command, const QKeySequence& key) {
-  if (QAction* action = menus_.Find(command)) action->setShortcut(key);
+  if (auto* action = findChild<QAction*>(QtText(command))) action->setShortcut(key);
 }
 
 void MainWindow::ListScreensIn(std::string_view menu) {
@@ -54,6 +54,19 @@ void MainWindow::FillScreenList(QMenu& menu) {
     connect(
         entry, &QAction::triggered, &area_, [this, screen] { area_.setActiveSubWindow(screen); });
     listed_screens_ += entry;
+  }
+}
+
+void MainWindow::ToggleToolFocus() {
+  const auto* bar = findChild<QToolBar*>();
+  if (bar == nullptr) return;
+  if (bar->isAncestorOf(QApplication::focusWidget())) {
+    if (QMdiSubWindow* front = area_.activeSubWindow()) front->setFocus(Qt::ShortcutFocusReason);
+    return;
+  }
+  for (QAction* tool : bar->actions()) {
+    if (tool->isSeparator() || !tool->isVisible() || !tool->isEnabled()) continue;
+    return bar->widgetForAction(tool)->setFocus(Qt::ShortcutFocusReason);
   }
 }
 

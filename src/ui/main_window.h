@@ -24,11 +24,14 @@ class MainWindow : public QMainWindow {
   /// The room that the child screens have at the window's present size, in pixels.
   QSize ClientSize();
 
-  /// A key for the menu command of that control name; no command, no key.
+  /// A key for the menu command or tool of that control name; no command, no key.
   void SetShortcut(std::string_view command, const QKeySequence& key);
 
   /// Lists the child screens at the end of the menu of that control name.
   void ListScreensIn(std::string_view menu);
+
+  /// Gives the keyboard to the tool bar, or back to the front screen.
+  void ToggleToolFocus();
 
   void Arrange(WindowArrangement arrangement);
 

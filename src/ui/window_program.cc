@@ -6,22 +6,28 @@
 #include <QTimer>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vistaplot {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
-
-struct CommandKey {
-  std::string_view command;  ///< control name of a menu item
-  QKeySequence::StandardKey key;
-  const char* text;  ///< where the desktop has no such key
-};
+/// Keys of the frame's menu commands and tools, by control name.
+constexpr std::array<std::pair<std::string_view, const char*>, 8> kCommandKeys = {
+    {{"mnuFileSaveChart", "Ctrl+S"},
+     {"mnuFilePrint", "Ctrl+P"},
+     {"mnuFileExit", "Ctrl+Q"},
+     {"mnuEditCopy", "Ctrl+C"},
+     {"cmdShowMain", "Ctrl+1"},
+     {"cmdShowData", "Ctrl+2"},
+     {"cmdShowGraph", "Ctrl+3"},
+     {"cmdShowCalc", "Ctrl+4"}}};
 
 constexpr const char* kKeyList =
     "Alt with an underlined letter\tmenus, fields, buttons\n"
+    "Ctrl+1 to Ctrl+4\tparameter, data, graph and calculations screen\n"
     "Ctrl+Tab, Ctrl+Shift+Tab\tnext, previous screen\n"
+    "F6\ttool bar, and back to the screen\n"
     "Ctrl+S\tsave the chart as a picture\n"
     "Ctrl+P\tprint the chart or the sheet\n"
     "Ctrl+C\tcopy the chart or the selected cells\n"
@@ -100,10 +106,9 @@ void WindowProgram::SizeWindow() {
 }
 
 void WindowProgram::SetUpKeys() {
-  window_.SetShortcut("mnuFileExit", QKeySequence(QStringLiteral("Ctrl+Q")));
-  window_.SetShortcut("mnuFileSaveChart", QKeySequence(QStringLiteral("Ctrl+S")));
-  window_.SetShortcut("mnuEditCopy", QKeySequence(QStringLiteral("Ctrl+C")));
-  window_.SetShortcut("mnuFilePrint", QKeySequence(QStringLiteral("Ctrl+P")));
+  for (const auto& [command, keys] : kCommandKeys) {
+    window_.SetShortcut(command, QKeySequence(QString::fromLatin1(keys)));
+  }
   window_.ListScreensIn("mnuWindow");
   const auto key = [this](const char* keys, auto action) {
     auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window_);
@@ -112,6 +117,7 @@ void WindowProgram::SetUpKeys() {
   key("Ctrl+Tab", [this] { NextScreen(true); });
   key("Ctrl+Shift+Tab", [this] { NextScreen(false); });
   key("F1", [this] { guard_.Run([this] { ShowKeys(); }); });
+  key("F6", [this] { window_.ToggleToolFocus(); });
   key("F11", [this] { FullScreen(); });
 }
 

@@ -64,6 +64,20 @@ TEST(WindowProgram, AFamilyIsLoadedWithTheKeyboardAlone) {
   EXPECT_TRUE(QTest::qWaitFor([&loaded] { return loaded; }));  // the button is seen to go down
 }
 
+TEST(WindowProgram, KeysReachScreensAndTools) {
+  Windows windows;
+  windows.Start();
+  QTest::keyClick(&windows.program.Window(), Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmData);
+  QTest::keyClick(&windows.program.Window(), Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmTab);
+  const QToolBar& bar = *windows.program.Window().findChild<QToolBar*>();
+  QTest::keyClick(&windows.program.Window(), Qt::Key_F6);
+  EXPECT_EQ(QApplication::focusWidget(), bar.widgetForAction(&windows.Command("cmdGraph")));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+  EXPECT_FALSE(bar.isAncestorOf(QApplication::focusWidget()));
+}
+
 TEST(WindowProgram, MenusAndToolsFollowTheirControls) {
   Windows windows;
   windows.Start();
