@@ -31,7 +31,24 @@ QSize MainWindow::ClientSize() {
 }
 
 void MainWindow::SetShortcut(std::string_view command, const QKeySequence& key) {
-  if (auto* action = findChild<QAction*>(QtText(command))) action->setShortcut(key);
+  auto* action = findChild<QAction*>(QtText(command));
+  if (action == nullptr) return;
+  action->setShortcut(key);
+  addAction(action);  // the key works while the menu bar is away
+}
+
+QAction* MainWindow::AddCommand(std::string_view menu,
+                                const QString& caption,
+                                const QKeySequence& key) {
+  QAction* above = menus_.Find(menu);
+  QWidget* holder = above == nullptr || above->menu() == nullptr
+                        ? menuBar()
+                        : static_cast<QWidget*>(above->menu());
+  auto* command = new QAction(caption, this);
+  command->setShortcut(key);
+  addAction(command);
+  holder->addAction(command);
+  return command;
 }
 
 void MainWindow::ListScreensIn(std::string_view menu) {

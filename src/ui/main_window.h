@@ -27,6 +27,10 @@ class MainWindow : public QMainWindow {
   /// A key for the menu command or tool of that control name; no command, no key.
   void SetShortcut(std::string_view command, const QKeySequence& key);
 
+  /// A command of the windows alone, at the end of the menu of that control name; on the bar itself
+  /// when there is no such menu.
+  QAction* AddCommand(std::string_view menu, const QString& caption, const QKeySequence& key);
+
   /// Lists the child screens at the end of the menu of that control name.
   void ListScreensIn(std::string_view menu);
 

@@ -8,6 +8,8 @@
 #include <array>
 #include <utility>
 
+#include "ui/key_list.h"
+
 namespace vistaplot {
 
 namespace {
@@ -22,18 +24,6 @@ constexpr std::array<std::pair<std::string_view, const char*>, 8> kCommandKeys =
      {"cmdShowData", "Ctrl+2"},
      {"cmdShowGraph", "Ctrl+3"},
      {"cmdShowCalc", "Ctrl+4"}}};
-
-constexpr const char* kKeyList =
-    "Alt with an underlined letter\tmenus, fields, buttons\n"
-    "Ctrl+1 to Ctrl+4\tparameter, data, graph and calculations screen\n"
-    "Ctrl+Tab, Ctrl+Shift+Tab\tnext, previous screen\n"
-    "F6\ttool bar, and back to the screen\n"
-    "Ctrl+S\tsave the chart as a picture\n"
-    "Ctrl+P\tprint the chart or the sheet\n"
-    "Ctrl+C\tcopy the chart or the selected cells\n"
-    "F1\tthis list\n"
-    "F11\tthe chart on the whole display, and back\n"
-    "Ctrl+Q\tend the program\n";
 
 QSize AvailableSize() {
   const QScreen* screen = QApplication::primaryScreen();
@@ -116,7 +106,8 @@ void WindowProgram::SetUpKeys() {
   };
   key("Ctrl+Tab", [this] { NextScreen(true); });
   key("Ctrl+Shift+Tab", [this] { NextScreen(false); });
-  key("F1", [this] { guard_.Run([this] { ShowKeys(); }); });
+  QAction* keys = window_.AddCommand("mnuHelp", QStringLiteral("&Keys"), QKeySequence(Qt::Key_F1));
+  connect(keys, &QAction::triggered, this, [this] { ShowKeyList(&window_); });
   key("F6", [this] { window_.ToggleToolFocus(); });
   key("F11", [this] { FullScreen(); });
 }
@@ -162,14 +153,6 @@ void WindowProgram::FullScreen() {
   if (window_.isFullScreen() || (front != nullptr && ShowsChart(*front))) {
     window_.ToggleFullScreen();
   }
-}
-
-void WindowProgram::ShowKeys() {
-  dialogs_.ShowMessage({.text = kKeyList,
-                        .title = "Keys",
-                        .buttons = Buttons::kOk,
-                        .icon = Icon::kNone,
-                        .default_answer = Answer::kOk});
 }
 
 }  // namespace vistaplot

@@ -49,7 +49,6 @@ class WindowProgram : public QObject {
   void SizeWindow();
   void NextScreen(bool forward);
   void FullScreen();
-  void ShowKeys();
 
   std::optional<PixelSize> display_;
   ScriptPlayer* player_;
