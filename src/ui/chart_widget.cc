@@ -56,7 +56,7 @@ void ChartWidget::SetHooks(ChartHooks hooks) {
 }
 
 void ChartWidget::ViewChanged() {
-  update();
+  update(QRect(QPoint(), ChartSize()));  // the read-out sees to itself
   if (std::exchange(stale_, true) || !isVisible()) return;
   // Ahead of the painting, so that the read-out is in step when that begins; once for many changes.
   QMetaObject::invokeMethod(

@@ -8,13 +8,12 @@
 namespace vistaplot {
 namespace {
 
-constexpr int kLineAlpha = 150;
 constexpr double kRing = 4.0;  // radius
 constexpr double kChosenRing = 5.5;
 constexpr int kReach = 8;  // of a ring with its outline, in whole pixels
 
-QColor ToQt(const PictureColor& color, int alpha = 255) {
-  return {color.red, color.green, color.blue, alpha};
+QColor ToQt(const PictureColor& color) {
+  return {color.red, color.green, color.blue};
 }
 
 // A line of one device pixel lies sharp.
@@ -84,7 +83,7 @@ QRegion AreaOf(const CrossHairMarks& marks) {
 void PaintLines(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
   const double ratio = painter.device()->devicePixelRatioF();
   const PictureBox& plot = marks.plot;
-  const QColor line = ToQt(theme.title, kLineAlpha);
+  const QColor line = ToQt(theme.label);  // opaque: filled at once, not blended line by line
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.fillRect(QRectF(Snapped(marks.x, ratio), plot.top, 1.0, plot.Height()), line);
   if (const CrossHairPoint* chosen = marks.Chosen()) {

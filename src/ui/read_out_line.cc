@@ -69,6 +69,7 @@ void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme, bool w
     colors.setColor(QPalette::WindowText, ink);
     setPalette(colors);
   }
+  if (theme.dark != theme_.dark) update();
   theme_ = theme;
   const ReadOut last = ReadRow(view, view.rowcount(), {}, theme.dark);
   const int series = view.rowcount() > 0 ? static_cast<int>(last.entries.size()) : 0;
@@ -161,10 +162,9 @@ void ReadOutLine::Show(const ReadOut& read_out, int chosen) {
     cells_[entries.size()]->show();
   }
   setToolTip(QtText(ListText(read_out)));
-  if (chosen_cell == chosen_cell_ && shown_) return;
   chosen_cell_ = chosen_cell;
   shown_ = true;
-  update();
+  update();  // one rectangle is painted faster than those of the labels
 }
 
 // All entries, or as many as leave a cell for the number of the others. The chosen one is always
@@ -194,6 +194,7 @@ QString ReadOutLine::CellText(const ReadOutEntry& entry, int width) const {
 }
 
 void ReadOutLine::ShowHint() {
+  if (!shown_) return;
   heading_.hide();
   for (ReadOutCell* cell : cells_) cell->hide();
   setToolTip(QString());
@@ -224,9 +225,8 @@ void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
       painter.drawRoundedRect(place.adjusted(-kMarkGap, 2, -kCellGap / 2, -1), 4, 4);
     }
     if (!marks_[i].isValid()) continue;
-    painter.setBrush(marks_[i]);
     const int top = place.top() + (place.height() - kMark) / 2;
-    painter.drawRoundedRect(QRect(place.left(), top, kMark, kMark), 2, 2);
+    painter.fillRect(QRect(place.left(), top, kMark, kMark), marks_[i]);
   }
 }
 
