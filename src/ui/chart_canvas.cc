@@ -141,7 +141,7 @@ class Replay {
 
   void operator()(const StrokeLine& item) {
     painter_.setRenderHint(QPainter::Antialiasing, true);
-    if (pixels_ && item.width > 1.0) {
+    if (pixels_ && item.width * place_.m11() > 1.0) {
       DrawStretches(item);
       return;
     }
