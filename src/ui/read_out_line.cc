@@ -12,11 +12,11 @@ namespace vistaplot {
 
 namespace {
 
-constexpr int kSideMargin = 10;
+constexpr int kSideMargin = 8;
 constexpr int kLinePadding = 3;  ///< above and below the text of a line
 constexpr int kMark = 9;         ///< side of a series' colour mark
-constexpr int kMarkGap = 6;
-constexpr int kCellGap = 16;
+constexpr int kMarkGap = 5;
+constexpr int kCellGap = 12;
 constexpr int kLongestLabel = 20;  ///< average characters; longer ones are cut in their middle
 constexpr const char* kUsualHeading = "00/00/00";
 constexpr const char* kWidestChange = " +999.99%";
