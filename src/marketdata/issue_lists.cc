@@ -86,11 +86,10 @@ std::optional<std::vector<std::string>> ListFamilies(const std::string& quotelin
                                                      const PathRoots& roots,
                                                      Dialogs& dialogs,
                                                      Progress& progress) {
-  const ProgressScope scope(progress, kFolders.front().action);
   std::vector<std::string> entries;
   for (const FamilyFolder& folder : kFolders) {
+    const ProgressScope scope(progress, folder.action);
     progress.ShowMeter(0.0);
-    progress.ShowAction(folder.action);
     const std::string path = HostPath(quoteline_dir + std::string(folder.path), roots);
     if (!ListFolder(path, entries, progress)) {
       dialogs.Say(std::string(folder.message));
