@@ -22,7 +22,7 @@ void MakeService(const std::string& directory, const std::string& csv) {
 BenchProgram::BenchProgram(const std::string& directory)
     : quoteline_(directory),
       settings_(directory + "/settings.ini"),
-      program_({quoteline_, settings_, dialogs_, host_, directory, {}}) {
+      program_({quoteline_, settings_, dialogs_, host_, output_, directory, {}}) {
   program_.Start();
   FrmTab& tab = AllScreens().frmTab;
   tab.cboDataType.SetListIndex(static_cast<int>(DataType::kPrices));

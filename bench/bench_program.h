@@ -8,6 +8,7 @@
 #include "forms/screens.h"
 #include "marketdata/quoteline_library.h"
 #include "support/recording_dialogs.h"
+#include "support/recording_output.h"
 #include "support/silent_host.h"
 
 namespace vistaplot::bench {
@@ -34,6 +35,7 @@ class BenchProgram {
   IniSettings settings_;
   test::RecordingDialogs dialogs_;
   test::SilentHost host_;
+  test::RecordingOutput output_;
   Program program_;
 };
 
