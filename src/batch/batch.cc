@@ -45,7 +45,13 @@ int RunProgram(const Options& options,
                     .exporter = exporter,
                     .out = streams.out,
                     .err = streams.err};
-  return ScriptRunner(world, *options.batch_script).Run(script, [&program] { program.Start(); });
+  const int status =
+      ScriptRunner(world, *options.batch_script).Run(script, [&program] { program.Start(); });
+  if (status == kRunFatal) {
+    streams.err << "vistaplot: ended by a fatal error; the service directory was "
+                << options.quoteline_dir << '\n';
+  }
+  return status;
 }
 
 }  // namespace

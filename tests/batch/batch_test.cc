@@ -132,8 +132,11 @@ TEST(Batch, AServiceThatIsNotThereEndsTheRunWithStatus3) {
             "{\"message\": {\"title\": \"Error\", \"text\": \"Unable to open Quoteline "
             "DLL\\runable to open database file\\r(error -1)\", \"buttons\": \"ok\", "
             "\"answer\": \"ok\"}}\n");
-  EXPECT_EQ(err.str(), "");
+  EXPECT_EQ(
+      err.str(),
+      "vistaplot: ended by a fatal error; the service directory was " + folder.Path("none") + "\n");
 
+  err.str("");
   options.batch_script = folder.Path("no.txt");
   EXPECT_EQ(RunBatch(options, {}, {in, out, err}), 2);
   EXPECT_EQ(err.str(),
