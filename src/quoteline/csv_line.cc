@@ -53,18 +53,24 @@ std::string_view CsvCursor::NextField() {
 }
 
 std::string_view CsvCursor::QuotedField() {
+  const char* const start = at_;
+  bool closed = false;
   unquoted_.clear();
   ++at_;
   while (at_ != end_ && !IsLineEnd(*at_)) {
     if (*at_ == '"') {
       ++at_;
-      if (at_ == end_ || *at_ != '"') break;  // not a doubled quote: the closing one
+      closed = at_ == end_ || *at_ != '"';  // else a doubled quote
+      if (closed) break;
     }
     unquoted_ += *at_++;
   }
-  while (at_ != end_ && *at_ != delimiter_ && !IsLineEnd(*at_)) unquoted_ += *at_++;
+  const char* const behind = at_;
+  while (at_ != end_ && *at_ != delimiter_ && !IsLineEnd(*at_)) ++at_;
+  const std::string_view rest(behind, static_cast<std::size_t>(at_ - behind));
+  const std::string_view whole(start, static_cast<std::size_t>(at_ - start));
   PassDelimiter();
-  return TrimWhite(unquoted_);
+  return closed && TrimWhite(rest).empty() ? TrimWhite(unquoted_) : TrimWhite(whole);
 }
 
 void CsvCursor::NextLine() {

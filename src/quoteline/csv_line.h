@@ -11,7 +11,8 @@
 namespace vistaplot {
 
 /// Walks over the lines of a text and the fields of each line. Fields may be quoted; a quoted
-/// field ends with its line at the latest. Lines end with CR LF, LF or CR.
+/// field ends with its line at the latest. One that is not closed, or goes on behind its closing
+/// quote, keeps its quotes and so is no date, price or symbol. Lines end with CR LF, LF or CR.
 class CsvCursor {
  public:
   /// `line` is the number of the first line in `bytes`.

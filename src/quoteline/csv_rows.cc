@@ -48,7 +48,11 @@ class RowReader : public LineReader {
   bool ReadLine() {
     std::size_t column = 0;
     for (; !cursor_->AtLineEnd(); ++column) {
-      if (!ReadField(cursor_->NextField(), column)) return false;
+      const std::string_view field = cursor_->NextField();
+      if (column >= header_.columns && !field.empty()) {
+        return Refuse("more fields than the header names");
+      }
+      if (!ReadField(field, column)) return false;
     }
     if (column >= header_.columns) return true;
     AddTooFewFields(file_.bad_lines, cursor_->Line(), column, header_.columns);
