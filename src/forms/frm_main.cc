@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "base/text.h"
 #include "controls/scaling.h"
 #include "forms/screens.h"
 #include "forms/signal_names.h"
