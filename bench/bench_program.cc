@@ -19,12 +19,7 @@ void MakeService(const std::string& directory, const std::string& csv) {
   if (!report.faults.empty()) throw std::runtime_error(report.faults.front());
 }
 
-BenchProgram::BenchProgram(const std::string& directory)
-    : quoteline_(directory),
-      settings_(directory + "/settings.ini"),
-      program_({quoteline_, settings_, dialogs_, host_, output_, directory, {}}) {
-  program_.Start();
-  FrmTab& tab = AllScreens().frmTab;
+void ChooseAllIssues(FrmTab& tab) {
   tab.cboDataType.SetListIndex(static_cast<int>(DataType::kPrices));
   tab.OptSelect.SetListIndex(1);
   std::vector<int> all(static_cast<std::size_t>(tab.lstIndex.Count()));
@@ -32,20 +27,28 @@ BenchProgram::BenchProgram(const std::string& directory)
   tab.lstIndex.Select(all);
 }
 
-void BenchProgram::Load() {
-  AllScreens().frmTab.cmdLoadData_Click();
-  if (!State().flags.ResultFileLoaded) throw std::runtime_error("nothing was loaded");
-}
-
-void BenchProgram::SelectFunds(int count) {
-  State().table.SetActiveSheet(1);
-  Sheet& sheet = State().table.SheetAt(1);
+void SelectFunds(DataTable& table, int count) {
+  table.SetActiveSheet(1);
+  Sheet& sheet = table.SheetAt(1);
   sheet.selection.clear();
   for (int col = 2; col <= sheet.MaxCol && count > 0; ++col) {
     if (sheet.CellNumber(2, col) <= 0) continue;
     sheet.selection.push_back({1, col, sheet.MaxRow, col});
     --count;
   }
+}
+
+BenchProgram::BenchProgram(const std::string& directory)
+    : quoteline_(directory),
+      settings_(directory + "/settings.ini"),
+      program_({quoteline_, settings_, dialogs_, host_, output_, directory, {}}) {
+  program_.Start();
+  ChooseAllIssues(AllScreens().frmTab);
+}
+
+void BenchProgram::Load() {
+  AllScreens().frmTab.cmdLoadData_Click();
+  if (!State().flags.ResultFileLoaded) throw std::runtime_error("nothing was loaded");
 }
 
 }  // namespace vistaplot::bench

@@ -16,6 +16,12 @@ namespace vistaplot::bench {
 /// Makes an empty service in `directory` and imports a price file. Throws std::runtime_error.
 void MakeService(const std::string& directory, const std::string& csv);
 
+/// Chooses the price type and selects every issue of the service.
+void ChooseAllIssues(FrmTab& tab);
+
+/// Selects the first `count` loaded issues that have a price on market day 1.
+void SelectFunds(DataTable& table, int count);
+
 class BenchProgram {
  public:
   /// Starts on the price type, with every issue of the service listed and selected.
@@ -27,8 +33,7 @@ class BenchProgram {
   /// Loads what is selected. Throws std::runtime_error when there is nothing then.
   void Load();
 
-  /// Selects the first `count` loaded issues that have a price on market day 1.
-  void SelectFunds(int count);
+  void SelectFunds(int count) { bench::SelectFunds(State().table, count); }
 
  private:
   QuotelineLibrary quoteline_;

@@ -3,6 +3,7 @@
 
 #include "figures.h"
 
+#include <QApplication>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -26,9 +27,19 @@ int Run(const std::string& dir) {
     }
   }
   bench::MeasureLoading(wide_csv);
-  vistaplot::OffscreenApplication application;
-  application.Ensure();
-  bench::MeasureCharts();
+  {
+    vistaplot::OffscreenApplication application;
+    application.Ensure();
+    bench::MeasureCharts();
+  }
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  int argc = 1;
+  std::string name = "figures";
+  char* argv[] = {name.data(), nullptr};
+  const QApplication application(argc, argv);
+  // The platform without a display complains of each window.
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  bench::MeasureWindows();
   return 0;
 }
 

@@ -12,4 +12,9 @@ void MeasureLoading(const std::string& wide_csv);
 /// QGuiApplication.
 void MeasureCharts();
 
+/// The windows: shown at start (beside a bare main window), a step of the chart's scroll bar, a
+/// move of the cross-hair, a page of the grid (beside the toolkit's own table view). Each from the
+/// event to the painted window of 1280 by 960 pixels. Needs a running QApplication.
+void MeasureWindows();
+
 }  // namespace vistaplot::bench

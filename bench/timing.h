@@ -11,9 +11,10 @@
 namespace vistaplot::bench {
 
 /// Runs `operation` once unmeasured, then `runs` times (at least 3). It returns its check value, a
-/// number that depends on all it did; the last one is printed.
+/// number that depends on all it did; the last one is printed. `who` is "ours" or the reference
+/// that the line beside it is compared with.
 template <class Operation>
-void Measure(const char* name, int runs, Operation operation) {
+void Measure(const char* name, int runs, Operation operation, const char* who = "ours") {
   using Clock = std::chrono::steady_clock;
   std::vector<double> times;
   auto check = static_cast<double>(operation());
@@ -26,8 +27,9 @@ void Measure(const char* name, int runs, Operation operation) {
   const std::size_t middle = times.size() / 2;
   const double median =
       times.size() % 2 == 1 ? times[middle] : (times[middle - 1] + times[middle]) / 2.0;
-  std::printf("%s\tours\t%.4f\t%.4f\t%.4f\t%d\t%.9g\n",
+  std::printf("%s\t%s\t%.4f\t%.4f\t%.4f\t%d\t%.9g\n",
               name,
+              who,
               median,
               times.front(),
               times.back(),
