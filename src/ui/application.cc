@@ -76,13 +76,16 @@ void KeepPlainLocale() {
 
 }  // namespace
 
-int RunWindows(const Options& options, ScriptPlayer* player, int& argc, char** argv) {
+int RunWindows(const Options& options, ScriptPlayer* player, int& /*argc*/, char** argv) {
   if (!DisplayNamed()) {
     TellNoDisplay();
     return kNoDisplay;
   }
   const QtMessageHandler usual = qInstallMessageHandler(EndOnFatalMessage);
-  GuardedApplication application(argc, argv);
+  // The options are read; the toolkit would take --display for one of its own.
+  int name_alone = 1;
+  char* name[] = {argv[0], nullptr};
+  GuardedApplication application(name_alone, name);
   qInstallMessageHandler(usual);
   KeepPlainLocale();
   QApplication::setApplicationName(QStringLiteral("vistaplot"));

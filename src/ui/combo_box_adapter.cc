@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QStringList>
+#include <QWheelEvent>
 
 #include "controls/list_controls.h"
 #include "ui/adapters.h"
@@ -9,10 +10,20 @@ namespace vistaplot {
 
 namespace {
 
+/// Changes by intent alone: a choice can drop all that is loaded, a wheel on its way over the
+/// screen must not make one. The open list scrolls as usual.
+class SteadyComboBox : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
 class ComboBoxAdapter : public ControlAdapter {
  public:
   ComboBoxAdapter(ComboBox& list, const AdapterParts& parts)
-      : ControlAdapter(list, parts.guard), list_(list), combo_(new QComboBox(parts.parent)) {
+      : ControlAdapter(list, parts.guard), list_(list), combo_(new SteadyComboBox(parts.parent)) {
     combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo_->setMaxVisibleItems(kRowsShown);
     SetWidget(combo_);

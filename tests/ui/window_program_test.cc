@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "support/screen_world.h"
 #include "ui/panel_field.h"
@@ -62,6 +63,18 @@ TEST(WindowProgram, AFamilyIsLoadedWithTheKeyboardAlone) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_L, Qt::AltModifier);
   const bool& loaded = windows.program.Screens().State().flags.ResultFileLoaded;
   EXPECT_TRUE(QTest::qWaitFor([&loaded] { return loaded; }));  // the button is seen to go down
+}
+
+TEST(WindowProgram, TheWheelOverAClosedListChoosesNothing) {
+  Windows windows;
+  windows.Start();
+  QWidget* types = QApplication::focusWidget();
+  const int chosen = windows.screens.frmTab.cboDataType.ListIndex();
+  const QPointF at(5, 5);
+  QWheelEvent wheel(
+      at, types->mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, /*inverted=*/false);
+  QApplication::sendEvent(types, &wheel);
+  EXPECT_EQ(windows.screens.frmTab.cboDataType.ListIndex(), chosen);
 }
 
 TEST(WindowProgram, KeysReachScreensAndTools) {
