@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QScrollArea>
+#include <QStyleOptionTitleBar>
 #include <QVBoxLayout>
 
 #include "controls/simple_controls.h"
@@ -23,7 +24,7 @@ Button* CancelButton(const Form& form) {
 }  // namespace
 
 ScreenWindow::ScreenWindow(Form& form, FormView& view, EventGuard& guard)
-    : form_(form), guard_(guard) {
+    : form_(form), view_(view), guard_(guard) {
   auto* area = new QScrollArea(this);
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
@@ -33,6 +34,27 @@ ScreenWindow::ScreenWindow(Form& form, FormView& view, EventGuard& guard)
   setWindowIcon(ProgramIcon());
   setWindowTitle(QtText(form.Caption()));
   setObjectName(QtText(form.Name()));
+}
+
+void ScreenWindow::GiveFocus() {
+  QWidget* last = kept_focus_ != nullptr ? kept_focus_.data() : view_.focusWidget();
+  if (last != nullptr && last->isVisible() && last->isEnabled()) {
+    last->setFocus(Qt::ActiveWindowFocusReason);
+  } else {
+    view_.FocusFirst();
+  }
+}
+
+int ScreenWindow::TitleHeight() const {
+  QStyleOptionTitleBar bar;
+  bar.initFrom(this);
+  return style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, this) +
+         style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, &bar, this);
+}
+
+void ScreenWindow::showEvent(QShowEvent* event) {
+  was_shown_ = true;
+  QMdiSubWindow::showEvent(event);
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

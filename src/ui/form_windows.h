@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QMdiSubWindow>
+#include <QPointer>
 
 #include "controls/form.h"
 #include "ui/event_guard.h"
@@ -18,12 +19,31 @@ class ScreenWindow : public QMdiSubWindow {
  public:
   ScreenWindow(Form& form, FormView& view, EventGuard& guard);
 
+  Form& Source() const { return form_; }
+
+  /// False until it is shown for the first time.
+  bool WasShown() const { return was_shown_; }
+
+  /// Remembers which widget has the keyboard, before another screen takes it.
+  void KeepFocus() { kept_focus_ = view_.focusWidget(); }
+
+  /// Gives the keyboard to the widget that had it last; at first, or when that one is away, to the
+  /// first that can be worked.
+  void GiveFocus();
+
+  /// In pixels; of a screen that does not fill its area.
+  int TitleHeight() const;
+
  protected:
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   Form& form_;
+  FormView& view_;
   EventGuard& guard_;
+  QPointer<QWidget> kept_focus_;
+  bool was_shown_ = false;
 };
 
 /// A window of its own. Closing it is what its button "Cancel" does; without one, a modal form is

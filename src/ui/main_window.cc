@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QStatusBar>
 
@@ -14,12 +13,13 @@
 namespace vistaplot {
 
 MainWindow::MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard)
-    : area_(*new QMdiArea(this)),
+    : area_(*new ScreenArea(this)),
       menus_(frame, *menuBar(), guard),
       tools_(frame, factory, *this, guard) {
   setWindowTitle(QtText(frame.Caption()));
   setWindowIcon(ProgramIcon());
   setCentralWidget(&area_);
+  setAttribute(Qt::WA_CanHostQMdiSubWindowTitleBar);  // no title bar inside, even without menus
   statusBar()->setSizeGripEnabled(false);
   connect(&tools_, &FrameTools::ToolsLeft, this, &MainWindow::ToolsLeft);
 }
@@ -60,16 +60,17 @@ void MainWindow::ListScreensIn(std::string_view menu) {
 
 void MainWindow::FillScreenList(QMenu& menu) {
   qDeleteAll(listed_screens_);
-  listed_screens_ = {menu.addSeparator()};
+  listed_screens_.clear();
+  const QList<ScreenWindow*> screens = area_.Visible();
+  if (screens.isEmpty()) return;
+  listed_screens_ += menu.addSeparator();
   int number = 0;
-  for (QMdiSubWindow* screen : area_.subWindowList()) {
-    if (screen->isHidden()) continue;
+  for (ScreenWindow* screen : screens) {
     QAction* entry =
         menu.addAction(QStringLiteral("&%1 %2").arg(++number).arg(screen->windowTitle()));
     entry->setCheckable(true);
-    entry->setChecked(screen == area_.activeSubWindow());
-    connect(
-        entry, &QAction::triggered, &area_, [this, screen] { area_.setActiveSubWindow(screen); });
+    entry->setChecked(screen == area_.Front());
+    connect(entry, &QAction::triggered, &area_, [this, screen] { area_.BringToFront(*screen); });
     listed_screens_ += entry;
   }
 }
@@ -78,7 +79,7 @@ void MainWindow::ToggleToolFocus() {
   const auto* bar = findChild<QToolBar*>();
   if (bar == nullptr) return;
   if (bar->isAncestorOf(QApplication::focusWidget())) {
-    if (QMdiSubWindow* front = area_.activeSubWindow()) front->setFocus(Qt::ShortcutFocusReason);
+    if (ScreenWindow* front = area_.Front()) front->GiveFocus();
     return;
   }
   for (QAction* tool : bar->actions()) {
@@ -87,39 +88,15 @@ void MainWindow::ToggleToolFocus() {
   }
 }
 
-void MainWindow::Arrange(WindowArrangement arrangement) {
-  switch (arrangement) {
-    case WindowArrangement::kCascade:
-      return area_.cascadeSubWindows();
-    case WindowArrangement::kTile:
-      return area_.tileSubWindows();
-    case WindowArrangement::kArrangeIcons:
-      return ArrangeIcons();
-  }
-}
-
-void MainWindow::ArrangeIcons() {
-  QPoint corner(0, area_.viewport()->height());
-  for (QMdiSubWindow* screen : area_.subWindowList()) {
-    if (!screen->isMinimized()) continue;
-    if (corner.x() + screen->width() > area_.viewport()->width()) {
-      corner = QPoint(0, corner.y() - screen->height());
-    }
-    screen->move(corner - QPoint(0, screen->height()));
-    corner.rx() += screen->width();
-  }
-}
-
 void MainWindow::ToggleFullScreen() {
   if (isFullScreen()) {
     ShowFrameParts(true);
     setWindowState(states_before_full_screen_);
+    area_.Unfill();
     return;
   }
-  QMdiSubWindow* front = area_.activeSubWindow();
-  if (front == nullptr) return;
+  if (!area_.Fill()) return;
   states_before_full_screen_ = windowState();
-  front->showMaximized();
   ShowFrameParts(false);
   showFullScreen();
 }

@@ -3,13 +3,12 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QMdiArea>
 #include <string_view>
 
 #include "controls/form.h"
-#include "controls/form_host.h"
 #include "ui/frame_menus.h"
 #include "ui/frame_tools.h"
+#include "ui/screen_area.h"
 
 namespace vistaplot {
 
@@ -19,7 +18,7 @@ class MainWindow : public QMainWindow {
  public:
   MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard);
 
-  QMdiArea& Area() { return area_; }
+  ScreenArea& Area() { return area_; }
 
   /// The room that the child screens have at the window's present size, in pixels.
   QSize ClientSize();
@@ -37,8 +36,6 @@ class MainWindow : public QMainWindow {
   /// Gives the keyboard to the tool bar, or back to the front screen.
   void ToggleToolFocus();
 
-  void Arrange(WindowArrangement arrangement);
-
   /// The front screen alone on the whole display, or back.
   void ToggleFullScreen();
 
@@ -53,10 +50,9 @@ class MainWindow : public QMainWindow {
 
  private:
   void FillScreenList(QMenu& menu);
-  void ArrangeIcons();
   void ShowFrameParts(bool shown);
 
-  QMdiArea& area_;
+  ScreenArea& area_;
   FrameMenus menus_;
   FrameTools tools_;
   QList<QAction*> listed_screens_;

@@ -36,11 +36,8 @@ FormView* QtHost::ViewOf(const Form& form) const {
 }
 
 Form* QtHost::FrontScreen() const {
-  const QMdiSubWindow* front = window_ == nullptr ? nullptr : window_->Area().activeSubWindow();
-  for (const auto& [form, entry] : entries_) {
-    if (front != nullptr && entry.window == front) return &entry.view->Source();
-  }
-  return nullptr;
+  const ScreenWindow* front = window_ == nullptr ? nullptr : window_->Area().Front();
+  return front == nullptr ? nullptr : &front->Source();
 }
 
 QtHost::Entry& QtHost::EntryOf(Form& form) {
@@ -61,8 +58,9 @@ AdapterParts QtHost::PartsFor(QWidget* parent) const {
 void QtHost::BuildScreen(Form& form, Entry& entry) {
   entry.view = new FormView(form, factory_, PartsFor(nullptr), InPixels(display_));
   auto* window = new ScreenWindow(form, *entry.view, guard_);
-  window_->Area().addSubWindow(window);
+  window_->Area().Add(*window);
   entry.window = window;
+  entry.screen = window;
 }
 
 void QtHost::BuildDialog(Form& form, Entry& entry) {
@@ -76,23 +74,10 @@ void QtHost::FormShown(Form& form) {
   if (&form == frame_) return window_->show();
   const bool first = ViewOf(form) == nullptr;
   const Entry& entry = EntryOf(form);
-  if (form.Style() != FormStyle::kScreen) {
-    entry.window->show();
-    entry.window->raise();
-    entry.window->activateWindow();
-    if (first) entry.view->FocusFirst();
-    return;
-  }
-  const QMdiSubWindow* front = window_->Area().activeSubWindow();
-  const bool fill = first && (front == nullptr || front->isMaximized());
-  if (fill) {
-    entry.window->showMaximized();
-  } else if (entry.window->isMinimized()) {
-    entry.window->showNormal();
-  } else {
-    entry.window->show();
-  }
-  window_->Area().setActiveSubWindow(static_cast<QMdiSubWindow*>(entry.window));
+  if (entry.screen != nullptr) return window_->Area().BringToFront(*entry.screen);
+  entry.window->show();
+  entry.window->raise();
+  entry.window->activateWindow();
   if (first) entry.view->FocusFirst();
 }
 
@@ -103,8 +88,10 @@ void QtHost::FormHidden(Form& form) {
   }
   const auto found = entries_.find(&form);
   if (found == entries_.end()) return;
-  found->second.window->hide();
-  if (found->second.modal_loop != nullptr) found->second.modal_loop->quit();
+  const Entry& entry = found->second;
+  if (entry.screen != nullptr) return window_->Area().TakeAway(*entry.screen);
+  entry.window->hide();
+  if (entry.modal_loop != nullptr) entry.modal_loop->quit();
 }
 
 void QtHost::FormRepaint(Form& form) {
@@ -138,7 +125,7 @@ void QtHost::RunModal(Form& form) {
 }
 
 void QtHost::Arrange(WindowArrangement arrangement) {
-  window_->Arrange(arrangement);
+  window_->Area().Arrange(arrangement);
 }
 
 }  // namespace vistaplot

@@ -50,7 +50,8 @@ class QtHost : public FormHost {
 
  private:
   struct Entry {
-    QWidget* window = nullptr;  ///< sub-window or dialog
+    QWidget* window = nullptr;       ///< sub-window or dialog
+    ScreenWindow* screen = nullptr;  ///< the same as a sub-window; null for a dialog
     FormView* view = nullptr;
     QEventLoop* modal_loop = nullptr;  ///< runs while the form is modal
   };

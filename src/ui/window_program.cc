@@ -91,6 +91,8 @@ void WindowProgram::SizeWindow() {
   }
   window_.resize(AvailableSize());
   const QSize client = window_.ClientSize();
+  constexpr double kRestoredShare = 0.8;  // of the display, so that its frame has room too
+  window_.resize(AvailableSize() * kRestoredShare);
   window_.setWindowState(Qt::WindowMaximized);
   host_.SetDisplay(DisplayInTwips({client.width(), client.height()}));
 }
@@ -104,8 +106,8 @@ void WindowProgram::SetUpKeys() {
     auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window_);
     connect(shortcut, &QShortcut::activated, this, action);
   };
-  key("Ctrl+Tab", [this] { NextScreen(true); });
-  key("Ctrl+Shift+Tab", [this] { NextScreen(false); });
+  key("Ctrl+Tab", [this] { window_.Area().Step(true); });
+  key("Ctrl+Shift+Tab", [this] { window_.Area().Step(false); });
   QAction* keys = window_.AddCommand("mnuHelp", QStringLiteral("&Keys"), QKeySequence(Qt::Key_F1));
   connect(keys, &QAction::triggered, this, [this] { ShowKeyList(&window_); });
   key("F6", [this] { window_.ToggleToolFocus(); });
@@ -138,14 +140,6 @@ std::string WindowProgram::PriceText(const ChartView& view, int series, int poin
     return prices.CellText(state.selection.FirstDay + point, column);
   }
   return {};  // an overlay, or a chart of something else
-}
-
-void WindowProgram::NextScreen(bool forward) {
-  if (forward) {
-    window_.Area().activateNextSubWindow();
-  } else {
-    window_.Area().activatePreviousSubWindow();
-  }
 }
 
 void WindowProgram::FullScreen() {

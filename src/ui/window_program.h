@@ -47,7 +47,6 @@ class WindowProgram : public QObject {
   std::string PriceText(const ChartView& view, int series, int point);
   void SetUpKeys();
   void SizeWindow();
-  void NextScreen(bool forward);
   void FullScreen();
 
   std::optional<PixelSize> display_;

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListView>
-#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
@@ -15,32 +14,13 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
-#include "support/screen_world.h"
 #include "ui/panel_field.h"
+#include "ui/program_windows.h"
 
 namespace vistaplot {
 namespace {
 
-/// The whole program with windows over the service of the test world.
-struct Windows {
-  test::ScreenWorld world;
-  WindowProgram program{{.quoteline = world.quoteline,
-                         .settings = world.settings,
-                         .display = PixelSize{1280, 960},
-                         .player = nullptr}};
-  Screens& screens = program.Screens().AllScreens();
-
-  void Start() {
-    ASSERT_TRUE(program.Start());
-    QApplication::processEvents();
-  }
-
-  QMdiSubWindow& Child(const Form& form) {
-    return *program.Window().findChild<QMdiSubWindow*>(QString::fromStdString(form.Name()));
-  }
-
-  QAction& Command(const char* name) { return *program.Window().findChild<QAction*>(name); }
-};
+using test::Windows;
 
 TEST(WindowProgram, StartsWithTheParameterScreenFillingTheWindow) {
   Windows windows;

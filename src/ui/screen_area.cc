@@ -1,0 +1,127 @@
+#include "ui/screen_area.h"
+
+#include <QTimer>
+#include <algorithm>
+
+namespace vistaplot {
+
+namespace {
+
+constexpr double kRestoredShare = 0.75;  ///< of the area, for a screen that no longer fills it
+constexpr double kCascadeShare = 2.0 / 3.0;
+
+}  // namespace
+
+void ScreenArea::Add(ScreenWindow& screen) {
+  addSubWindow(&screen);
+  screen.hide();
+  screen.resize(viewport()->size() * kRestoredShare);
+}
+
+ScreenWindow* ScreenArea::Front() const {
+  auto* front = qobject_cast<ScreenWindow*>(currentSubWindow());
+  return front == nullptr || front->isHidden() ? nullptr : front;
+}
+
+QList<ScreenWindow*> ScreenArea::Visible() const {
+  return InOrder(CreationOrder);
+}
+
+QList<ScreenWindow*> ScreenArea::InOrder(WindowOrder order) const {
+  QList<ScreenWindow*> screens;
+  for (QMdiSubWindow* window : subWindowList(order)) {
+    auto* screen = qobject_cast<ScreenWindow*>(window);
+    if (screen != nullptr && !screen->isHidden()) screens += screen;
+  }
+  return screens;
+}
+
+void ScreenArea::BringToFront(ScreenWindow& screen) {
+  ScreenWindow* before = Front();
+  if (before != nullptr) before->KeepFocus();
+  const bool fill = before == nullptr || before->isMaximized();
+  if (screen.isMinimized()) {
+    screen.showNormal();
+  } else if (!screen.WasShown() && fill) {
+    screen.showMaximized();
+  } else {
+    screen.show();
+  }
+  setActiveSubWindow(&screen);
+  screen.GiveFocus();
+  // A menu gives the keyboard back to where it was only after its command has run.
+  QTimer::singleShot(0, &screen, [this, &screen] {
+    if (Front() == &screen) screen.GiveFocus();
+  });
+}
+
+void ScreenArea::TakeAway(ScreenWindow& screen) {
+  screen.KeepFocus();
+  const bool was_front = Front() == &screen;
+  const bool filled = screen.isMaximized();
+  screen.hide();
+  const QList<ScreenWindow*> left = InOrder(ActivationHistoryOrder);
+  if (!was_front || left.isEmpty()) return;
+  if (filled) left.back()->showMaximized();
+  BringToFront(*left.back());
+}
+
+void ScreenArea::Step(bool forward) {
+  const QList<ScreenWindow*> screens = Visible();
+  const qsizetype now = screens.indexOf(Front());
+  if (screens.isEmpty()) return;
+  const qsizetype count = screens.size();
+  BringToFront(*screens[(now + (forward ? 1 : count - 1)) % count]);
+}
+
+void ScreenArea::Arrange(WindowArrangement arrangement) {
+  switch (arrangement) {
+    case WindowArrangement::kCascade:
+      return Cascade();
+    case WindowArrangement::kTile:
+      return tileSubWindows();
+    case WindowArrangement::kArrangeIcons:
+      return ArrangeIcons();
+  }
+}
+
+void ScreenArea::Cascade() {
+  const QList<ScreenWindow*> screens = InOrder(ActivationHistoryOrder);
+  const QSize size = viewport()->size() * kCascadeShare;
+  QPoint corner;
+  for (ScreenWindow* screen : screens) {
+    if (screen->isMinimized()) continue;
+    screen->showNormal();
+    screen->setGeometry(QRect(corner, size));
+    screen->raise();
+    corner += QPoint(1, 1) * screen->TitleHeight();
+  }
+}
+
+void ScreenArea::ArrangeIcons() {
+  QPoint corner(0, viewport()->height());
+  for (ScreenWindow* screen : Visible()) {
+    if (!screen->isMinimized()) continue;
+    if (corner.x() + screen->width() > viewport()->width()) {
+      corner = QPoint(0, corner.y() - screen->height());
+    }
+    screen->move(corner - QPoint(0, screen->height()));
+    corner.rx() += screen->width();
+  }
+}
+
+bool ScreenArea::Fill() {
+  ScreenWindow* front = Front();
+  if (front == nullptr) return false;
+  filled_by_us_ = !front->isMaximized();
+  front->showMaximized();
+  return true;
+}
+
+void ScreenArea::Unfill() {
+  ScreenWindow* front = Front();
+  if (filled_by_us_ && front != nullptr) front->showNormal();
+  filled_by_us_ = false;
+}
+
+}  // namespace vistaplot

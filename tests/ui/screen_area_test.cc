@@ -1,0 +1,92 @@
+// Which screen is in front, where the keyboard goes with it, and how the screens lie.
+#include "ui/screen_area.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "ui/grid_area.h"
+#include "ui/program_windows.h"
+
+namespace vistaplot {
+namespace {
+
+using test::Windows;
+
+class Screening : public testing::Test {
+ protected:
+  void SetUp() override { windows_.Start(); }
+
+  void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::ControlModifier) {
+    QTest::keyClick(&windows_.program.Window(), key, with);
+    QApplication::processEvents();
+  }
+
+  void Arrange(const char* command) {
+    windows_.Command(command).trigger();
+    QApplication::processEvents();
+  }
+
+  ScreenWindow& Child(const Form& form) {
+    return dynamic_cast<ScreenWindow&>(windows_.Child(form));
+  }
+
+  Windows windows_;
+  Screens& screens_ = windows_.screens;
+};
+
+TEST_F(Screening, AScreenHasTheKeyboardAgainWhereItHadItLast) {
+  auto* find = windows_.program.Window().findChild<QWidget*>("txtIndex");
+  ASSERT_NE(find, nullptr);
+  screens_.frmTab.cboDataType.SetListIndex(1);
+  find->setFocus();
+  for (int turn = 0; turn < 2; ++turn) {
+    Press(Qt::Key_2);
+    EXPECT_NE(qobject_cast<GridArea*>(QApplication::focusWidget()), nullptr) << turn;
+    Press(turn == 0 ? Qt::Key_1 : Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), find) << turn;
+  }
+}
+
+TEST_F(Screening, TheScreenBehindTakesTheKeyboardAndTheRoomOfAClosedOne) {
+  Press(Qt::Key_4);
+  Press(Qt::Key_2);
+  Child(screens_.frmData).close();
+  QApplication::processEvents();
+  EXPECT_EQ(windows_.program.Host().FrontScreen(), &screens_.frmCalc);
+  EXPECT_TRUE(Child(screens_.frmCalc).isMaximized());
+  EXPECT_TRUE(Child(screens_.frmCalc).isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(Screening, TiledScreensAreAsBeforeAfterTheFullScreen) {
+  Press(Qt::Key_3);
+  Arrange("mnuwindowTile");
+  const QRect before = Child(screens_.frmGraph).geometry();
+  const QRect other = Child(screens_.frmTab).geometry();
+  EXPECT_FALSE(before.intersects(other));
+  Press(Qt::Key_F11, Qt::NoModifier);
+  EXPECT_GT(Child(screens_.frmGraph).widget()->height(),
+            windows_.program.Window().height() - 10);  // no title bar, no frame parts
+  Press(Qt::Key_F11, Qt::NoModifier);
+  EXPECT_EQ(Child(screens_.frmGraph).geometry(), before);
+  EXPECT_EQ(Child(screens_.frmTab).geometry(), other);
+}
+
+TEST_F(Screening, ACascadeShowsEveryTitle) {
+  Press(Qt::Key_3);
+  Press(Qt::Key_4);
+  Press(Qt::Key_1);
+  Arrange("mnuWindowCascade");
+  const ScreenArea& area = windows_.program.Window().Area();
+  ASSERT_EQ(area.Visible().size(), 3);
+  EXPECT_EQ(windows_.program.Host().FrontScreen(), &screens_.frmTab);
+  for (const ScreenWindow* screen : area.Visible()) {
+    EXPECT_TRUE(area.rect().contains(screen->geometry()));
+    const QPoint title = screen->geometry().topLeft() + QPoint(4, screen->TitleHeight() / 2);
+    EXPECT_TRUE(screen->rect().contains(screen->mapFrom(&area, title)));
+    EXPECT_EQ(area.viewport()->childAt(title), screen) << screen->windowTitle().toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace vistaplot
