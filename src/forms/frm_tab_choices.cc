@@ -35,7 +35,7 @@ void Offer(ComboBox& list, const std::vector<ChartField>& fields, int chosen = 0
 
 void FrmTab::cboDataType_Click() {
   cboGraphType.Clear();
-  context_.state.flags.ResultFileLoaded = false;
+  ForgetLoad();
   context_.state.flags.KestrelixLoaded = false;
   context_.state.flags.ComputedSummaryShown = false;
   context_.screens.frmMain.EnableSorting(false);

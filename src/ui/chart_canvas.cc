@@ -8,12 +8,10 @@
 #include <cmath>
 #include <numbers>
 
+#include "ui/qt_color.h"
+
 namespace vistaplot {
 namespace {
-
-QColor ToQt(const PictureColor& color) {
-  return QColor(color.red, color.green, color.blue, color.alpha);
-}
 
 QRectF ToQt(const PictureBox& box) {
   return {box.left, box.top, box.Width(), box.Height()};
@@ -91,9 +89,9 @@ void PrepareFor(QPainter& painter, const MarkerPath& marker, const StampMarkers&
   painter.setRenderHint(QPainter::Antialiasing, true);
   if (marker.filled) {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ToQt(item.color));
+    painter.setBrush(QtColor(item.color));
   } else {
-    painter.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::RoundCap));
     painter.setBrush(Qt::NoBrush);
   }
 }
@@ -136,7 +134,7 @@ class Replay {
 
   void operator()(const FillBox& item) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
-    painter_.fillRect(ToQt(item.box), ToQt(item.color));
+    painter_.fillRect(ToQt(item.box), QtColor(item.color));
   }
 
   void operator()(const StrokeLine& item) {
@@ -145,15 +143,16 @@ class Replay {
       DrawStretches(item);
       return;
     }
-    painter_.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    painter_.setPen(
+        QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
     CopyTo(polygon_, item.points);
     painter_.drawPolyline(polygon_);
   }
 
   void operator()(const FillShape& item) {
     painter_.setRenderHint(QPainter::Antialiasing, true);
-    painter_.setBrush(ToQt(item.fill));
-    painter_.setPen(item.width > 0.0 ? QPen(ToQt(item.outline), item.width) : QPen(Qt::NoPen));
+    painter_.setBrush(QtColor(item.fill));
+    painter_.setPen(item.width > 0.0 ? QPen(QtColor(item.outline), item.width) : QPen(Qt::NoPen));
     CopyTo(polygon_, item.points);
     painter_.drawPolygon(polygon_);
   }
@@ -169,7 +168,7 @@ class Replay {
 
   void operator()(const DrawText& item) {
     painter_.setFont(PictureFont(item.pixel_size, item.bold));
-    painter_.setPen(ToQt(item.color));
+    painter_.setPen(QtColor(item.color));
     const QString text = ToQt(item.text);
     double shift = 0.0;
     if (item.align != TextAlign::kLeft) {
@@ -194,7 +193,7 @@ class Replay {
   // A wide line stretch by stretch, each a little longer so that corners close: the raster engine
   // fills single stretches ten times faster than the outline of a long line.
   void DrawStretches(const StrokeLine& item) {
-    painter_.setPen(QPen(ToQt(item.color), item.width, Qt::SolidLine, Qt::FlatCap));
+    painter_.setPen(QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::FlatCap));
     const std::vector<PicturePoint>& points = item.points;
     stretches_.clear();
     double before = 0.0;
@@ -262,7 +261,7 @@ QFont PictureFont(int pixel_size, bool bold) {
 void PaintPicture(QPainter& painter, const ChartPicture& picture) {
   const QRectF ground(0.0, 0.0, picture.width, picture.height);
   painter.save();
-  painter.fillRect(ground, ToQt(picture.background));
+  painter.fillRect(ground, QtColor(picture.background));
   painter.setClipRect(ground);
   Replay replay(painter);
   for (const PictureItem& item : picture.items) std::visit(replay, item);

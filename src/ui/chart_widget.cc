@@ -10,6 +10,7 @@
 
 #include "charts/hit_test.h"
 #include "ui/chart_canvas.h"
+#include "ui/qt_color.h"
 #include "ui/qt_text.h"
 #include "ui/read_out_line.h"
 
@@ -23,6 +24,7 @@ constexpr double kPlotReach = 12.0;  ///< how far beside the plot the pointer st
 constexpr double kClickReach = 4.0;  ///< a click whose pointer moved farther is none
 constexpr int kFocusFrame = 2;
 constexpr int kDarkest = 128;  ///< lightness below which a desktop counts as dark
+constexpr int kHintFont = 11;  ///< points
 
 /// Whole notches of `rest` and `delta` together; `rest` keeps what is left.
 int TakeNotches(int& rest, int delta) {
@@ -104,8 +106,27 @@ void ChartWidget::PaintChart() {
   if (painted_.size() != pixels) painted_ = QPixmap(pixels);
   painted_.setDevicePixelRatio(ratio);
   QPainter painter(&painted_);
-  PaintPicture(painter, picture_);
+  if (control_.view.ColumnCount() == 0) {
+    PaintNoChart(painter);
+  } else {
+    PaintPicture(painter, picture_);
+  }
   paint_anew_ = false;
+}
+
+// A view without series has nothing on its axes; how to get a chart helps more.
+void ChartWidget::PaintNoChart(QPainter& painter) const {
+  const QRect all(QPoint(), ChartSize());
+  painter.fillRect(all, QtColor(theme_.background));
+  QFont font = painter.font();
+  font.setPointSize(kHintFont);
+  painter.setFont(font);
+  painter.setPen(QtColor(theme_.label));
+  painter.drawText(
+      all,
+      Qt::AlignCenter | Qt::TextWordWrap,
+      tr("No chart yet: load data, select funds on the data screen, then choose "
+         "File > Graph.\nToo much data? Choose a shorter time period or fewer funds."));
 }
 
 void ChartWidget::paintEvent(QPaintEvent* event) {

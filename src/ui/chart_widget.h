@@ -72,6 +72,7 @@ class ChartWidget : public QWidget {
   void Prepare();
   void LayOut();
   void PaintChart();
+  void PaintNoChart(QPainter& painter) const;
   void PaintFocusFrame(QPainter& painter) const;
   bool DoKey(int key);
   bool ChooseNext(int step);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "charts/layout_parts.h"
+#include "ui/qt_color.h"
 
 namespace vistaplot {
 namespace {
@@ -11,10 +12,6 @@ namespace {
 constexpr double kRing = 4.0;  // radius
 constexpr double kChosenRing = 5.5;
 constexpr int kReach = 8;  // of a ring with its outline, in whole pixels
-
-QColor ToQt(const PictureColor& color) {
-  return {color.red, color.green, color.blue};
-}
 
 // A line of one device pixel lies sharp.
 double Snapped(double place, double ratio) {
@@ -83,7 +80,7 @@ QRegion AreaOf(const CrossHairMarks& marks) {
 void PaintLines(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
   const double ratio = painter.device()->devicePixelRatioF();
   const PictureBox& plot = marks.plot;
-  const QColor line = ToQt(theme.label);  // opaque: filled at once, not blended line by line
+  const QColor line = QtColor(theme.label);  // opaque: filled at once, not blended line by line
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.fillRect(QRectF(Snapped(marks.x, ratio), plot.top, 1.0, plot.Height()), line);
   if (const CrossHairPoint* chosen = marks.Chosen()) {
@@ -93,9 +90,9 @@ void PaintLines(QPainter& painter, const CrossHairMarks& marks, const ChartTheme
 
 void PaintRings(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
   painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.setPen(QPen(ToQt(theme.background), 1.5));
+  painter.setPen(QPen(QtColor(theme.background), 1.5));
   const auto paint = [&painter](const CrossHairPoint& point, double radius) {
-    painter.setBrush(ToQt(point.color));
+    painter.setBrush(QtColor(point.color));
     painter.drawEllipse(QPointF(point.at.x, point.at.y), radius, radius);
   };
   for (const CrossHairPoint& point : marks.points) paint(point, kRing);

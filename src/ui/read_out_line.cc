@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "ui/qt_color.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {
@@ -22,10 +23,6 @@ constexpr const char* kUsualHeading = "00/00/00";
 constexpr const char* kWidestChange = " +999.99%";
 constexpr const char* kWidestPrice = " 1234.56";
 constexpr const char* kHint = "Point at the chart, or press \u2190 and \u2192, to read off values";
-
-QColor ToQt(const PictureColor& color) {
-  return {color.red, color.green, color.blue, color.alpha};
-}
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -63,7 +60,7 @@ ReadOutLine::ReadOutLine(QWidget* parent) : QWidget(parent), heading_(*new ReadO
 }
 
 void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme, bool with_prices) {
-  const QColor ink = ToQt(theme.title);
+  const QColor ink = QtColor(theme.title);
   if (palette().color(QPalette::WindowText) != ink) {
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, ink);
@@ -151,7 +148,7 @@ void ReadOutLine::Show(const ReadOut& read_out, int chosen) {
   int chosen_cell = -1;
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (entries[i]->series == chosen) chosen_cell = static_cast<int>(i);
-    marks_[i] = ToQt(entries[i]->mark);
+    marks_[i] = QtColor(entries[i]->mark);
     cells_[i]->SetShown(CellText(*entries[i], cells_[i]->width()));
     cells_[i]->show();
   }
@@ -205,10 +202,10 @@ void ReadOutLine::ShowHint() {
 
 void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), ToQt(theme_.background));
-  painter.fillRect(QRect(0, 0, width(), 1), ToQt(theme_.guide));
+  painter.fillRect(rect(), QtColor(theme_.background));
+  painter.fillRect(QRect(0, 0, width(), 1), QtColor(theme_.guide));
   if (!shown_) {
-    painter.setPen(ToQt(theme_.label));
+    painter.setPen(QtColor(theme_.label));
     const QRect line(kSideMargin, kLinePadding, width() - 2 * kSideMargin, LineHeight());
     const QString hint = QString::fromUtf8(kHint);
     painter.drawText(line,
@@ -221,7 +218,7 @@ void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
   for (std::size_t i = 0; i < marks_.size(); ++i) {
     const QRect place = CellPlace(static_cast<int>(i));
     if (static_cast<int>(i) == chosen_cell_) {
-      painter.setBrush(ToQt(theme_.guide));
+      painter.setBrush(QtColor(theme_.guide));
       painter.drawRoundedRect(place.adjusted(-kMarkGap, 2, -kCellGap / 2, -1), 4, 4);
     }
     if (!marks_[i].isValid()) continue;

@@ -96,6 +96,19 @@ TEST(PriceGraph, NothingSelectedIsToldAndNothingDrawn) {
   EXPECT_EQ(world.Chart().ColumnCount(), 0);
 }
 
+TEST(PriceGraph, AnotherKindOfDataForgetsTheFundsOfTheChart) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 3);
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  const int days = world.Chart().rowcount();
+  world.screens.frmTab.cboDataType.SetListIndex(0);
+  world.screens.frmGraph.HScroll1.SetValue(150);
+  EXPECT_EQ(world.dialogs.Texts(), (Texts{"Please select a fund on the Graph Data tab"}));
+  EXPECT_EQ(world.Chart().ColumnCount(), 2);  // not drawn again from an empty sheet
+  EXPECT_EQ(world.Chart().rowcount(), days);
+}
+
 TEST(PriceGraph, StepsThroughTheFundsAroundTheEnds) {
   ScreenWorld world;
   world.LoadTrio();

@@ -83,6 +83,23 @@ std::string Heading(const std::string& read_out) {
   return read_out.substr(0, read_out.find(','));
 }
 
+TEST(ChartWidget, WithoutSeriesItTellsTheWayToAChart) {
+  ChartWorld world;
+  world.box.view.ToDefaults();  // what a build leaves that is refused for its size
+  world.box.view.TitleText = "NAV";
+  world.box.view.rowcount(12000);
+  world.box.view.Refresh();
+  world.chart.grab();
+  const QImage painted = world.chart.Painted().toImage();
+  const QImage middle =
+      painted.copy(0, painted.height() / 4, painted.width(), painted.height() / 2);
+  QImage blank = painted;
+  blank.fill(painted.pixelColor(0, 0));
+  EXPECT_NE(middle, blank.copy(middle.rect()));
+  blank = blank.copy(0, 0, blank.width(), blank.height() / 4);
+  EXPECT_EQ(painted.copy(blank.rect()), blank);  // no title, no guides
+}
+
 TEST(ChartWidget, KeysMoveTheCrossHairByDays) {
   ChartWorld world;
   struct Case {
