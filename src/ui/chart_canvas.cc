@@ -1,6 +1,5 @@
 #include "ui/chart_canvas.h"
 
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainterPath>
@@ -167,12 +166,13 @@ class Replay {
   }
 
   void operator()(const DrawText& item) {
-    painter_.setFont(PictureFont(item.pixel_size, item.bold));
+    const PictureFonts::Face& face = fonts_.Get(item.pixel_size, item.bold);
+    painter_.setFont(face.font);
     painter_.setPen(QtColor(item.color));
     const QString text = ToQt(item.text);
     double shift = 0.0;
     if (item.align != TextAlign::kLeft) {
-      const double width = QFontMetricsF(painter_.font()).horizontalAdvance(text);
+      const double width = face.metrics.horizontalAdvance(text);
       shift = item.align == TextAlign::kRight ? -width : -width / 2.0;
     }
     if (!item.upwards) {
@@ -239,7 +239,8 @@ class Replay {
 
   QPainter& painter_;
   bool pixels_;
-  QTransform place_;   // to device pixels
+  QTransform place_;  // to device pixels
+  PictureFonts fonts_;
   QPolygonF polygon_;  // its memory serves line after line
   QList<QLineF> stretches_;
 };
@@ -248,7 +249,7 @@ class Replay {
 
 double QtTextMeasure::Width(std::string_view text, int pixel_size, bool bold) const {
   const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-  return QFontMetricsF(PictureFont(pixel_size, bold)).horizontalAdvance(shown);
+  return fonts_.Get(pixel_size, bold).metrics.horizontalAdvance(shown);
 }
 
 QFont PictureFont(int pixel_size, bool bold) {
@@ -256,6 +257,14 @@ QFont PictureFont(int pixel_size, bool bold) {
   font.setPixelSize(pixel_size);
   font.setBold(bold);
   return font;
+}
+
+const PictureFonts::Face& PictureFonts::Get(int pixel_size, bool bold) {
+  const std::pair<int, bool> key(pixel_size, bold);
+  const auto found = faces_.find(key);
+  if (found != faces_.end()) return found->second;
+  const QFont font = PictureFont(pixel_size, bold);
+  return faces_.emplace(key, Face{font, QFontMetricsF(font)}).first->second;
 }
 
 void PaintPicture(QPainter& painter, const ChartPicture& picture) {

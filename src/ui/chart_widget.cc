@@ -100,17 +100,21 @@ void ChartWidget::LayOut() {
   ShowCrossHair();
 }
 
-void ChartWidget::PaintChart() {
-  const double ratio = devicePixelRatioF();
-  const QSize pixels = (QSizeF(ChartSize()) * ratio).toSize();
-  if (painted_.size() != pixels) painted_ = QPixmap(pixels);
-  painted_.setDevicePixelRatio(ratio);
-  QPainter painter(&painted_);
+void ChartWidget::PaintChart(QPainter& painter) const {
   if (control_.view.ColumnCount() == 0) {
     PaintNoChart(painter);
   } else {
     PaintPicture(painter, picture_);
   }
+}
+
+void ChartWidget::KeepPainted() {
+  const double ratio = devicePixelRatioF();
+  const QSize pixels = (QSizeF(ChartSize()) * ratio).toSize();
+  if (painted_.size() != pixels) painted_ = QPixmap(pixels);
+  painted_.setDevicePixelRatio(ratio);
+  QPainter painter(&painted_);
+  PaintChart(painter);
   paint_anew_ = false;
 }
 
@@ -129,20 +133,31 @@ void ChartWidget::PaintNoChart(QPainter& painter) const {
          "File > Graph.\nToo much data? Choose a shorter time period or fewer funds."));
 }
 
+// While there is a cross-hair the chart below it is kept, so that a move copies pixels; without one
+// each step of the scroll bar would copy all of them in vain.
 void ChartWidget::paintEvent(QPaintEvent* event) {
-  if (painted_.devicePixelRatio() != devicePixelRatioF()) stale_ = true;
+  if (painted_ratio_ != devicePixelRatioF()) stale_ = true;
+  painted_ratio_ = devicePixelRatioF();
   Prepare();
-  if (paint_anew_) PaintChart();
   QPainter painter(this);
+  if (cross_hair_.Shown()) {
+    PaintWithCrossHair(painter, event->region());
+  } else {
+    PaintChart(painter);
+  }
+  if (hasFocus()) PaintFocusFrame(painter);
+}
+
+void ChartWidget::PaintWithCrossHair(QPainter& painter, const QRegion& region) {
+  if (paint_anew_) KeepPainted();
   // Within a plain rectangle the pixels are copied; a region of several is blended line by line.
-  for (const QRect& part : event->region()) {
+  for (const QRect& part : region) {
     painter.setClipRect(part);
     painter.drawPixmap(0, 0, painted_);
-    if (cross_hair_.Shown()) PaintLines(painter, marks_, theme_);
+    PaintLines(painter, marks_, theme_);
   }
   painter.setClipping(false);
-  if (cross_hair_.Shown()) PaintRings(painter, marks_, theme_);
-  if (hasFocus()) PaintFocusFrame(painter);
+  PaintRings(painter, marks_, theme_);
 }
 
 void ChartWidget::PaintFocusFrame(QPainter& painter) const {

@@ -50,7 +50,10 @@ class ChartWidget : public QWidget {
   /// What the cross-hair reads off, as one line; empty while there is none.
   const QString& ReadOutText() const { return read_out_text_; }
 
-  /// The chart as it was last painted, without the cross-hair; keeps its key until it is painted
+  /// The room of the chart, above the read-out.
+  QSize ChartSize() const;
+
+  /// The chart below the cross-hair as it was last painted; keeps its key until it is painted
   /// again.
   const QPixmap& Painted() const { return painted_; }
 
@@ -71,7 +74,9 @@ class ChartWidget : public QWidget {
  private:
   void Prepare();
   void LayOut();
-  void PaintChart();
+  void PaintChart(QPainter& painter) const;
+  void KeepPainted();
+  void PaintWithCrossHair(QPainter& painter, const QRegion& region);
   void PaintNoChart(QPainter& painter) const;
   void PaintFocusFrame(QPainter& painter) const;
   bool DoKey(int key);
@@ -83,7 +88,6 @@ class ChartWidget : public QWidget {
   void HideCrossHair();
   void ReplaceMarks(const CrossHairMarks& marks);
   void PlaceReadOut();
-  QSize ChartSize() const;
 
   ChartBox& control_;
   EventGuard& guard_;
@@ -94,7 +98,8 @@ class ChartWidget : public QWidget {
   ChartPicture picture_;
   int picture_rows_ = 0;
   QPixmap painted_;
-  bool paint_anew_ = true;  ///< painted_ does not show picture_
+  bool paint_anew_ = true;      ///< painted_ does not show picture_
+  double painted_ratio_ = 0.0;  ///< device pixels a pixel when it was last seen
   CrossHair cross_hair_;
   CrossHairMarks marks_;
   int chosen_series_ = 1;  ///< from 1; the cross-hair's horizontal line goes through its point

@@ -1,8 +1,8 @@
-#include <QScrollBar>
 #include <algorithm>
 
 #include "controls/value_controls.h"
 #include "ui/adapters.h"
+#include "ui/plain_scroll_bar.h"
 
 namespace vistaplot {
 
@@ -18,7 +18,7 @@ class ScrollBarAdapter : public ControlAdapter {
   ScrollBarAdapter(ScrollBar& bar, const AdapterParts& parts)
       : ControlAdapter(bar, parts.guard),
         bar_(bar),
-        slider_(new QScrollBar(OrientationOf(bar), parts.parent)) {
+        slider_(new PlainScrollBar(OrientationOf(bar), parts.parent)) {
     slider_->setFocusPolicy(Qt::StrongFocus);
     SetWidget(slider_);
     connect(slider_, &QScrollBar::valueChanged, this, [this](int value) {
@@ -39,7 +39,7 @@ class ScrollBarAdapter : public ControlAdapter {
   static constexpr int kPages = 20;  ///< clicks beside the slider that lead from end to end
 
   ScrollBar& bar_;
-  QScrollBar* slider_;
+  PlainScrollBar* slider_;
 };
 
 }  // namespace
