@@ -1,7 +1,7 @@
 #include "ui/screen_area.h"
 
 #include <QTimer>
-#include <algorithm>
+#include <utility>
 
 namespace vistaplot {
 
@@ -48,6 +48,10 @@ void ScreenArea::BringToFront(ScreenWindow& screen) {
     screen.show();
   }
   setActiveSubWindow(&screen);
+  GiveFocusTo(screen);
+}
+
+void ScreenArea::GiveFocusTo(ScreenWindow& screen) {
   screen.GiveFocus();
   // A menu gives the keyboard back to where it was only after its command has run.
   QTimer::singleShot(0, &screen, [this, &screen] {
@@ -75,14 +79,21 @@ void ScreenArea::Step(bool forward) {
 }
 
 void ScreenArea::Arrange(WindowArrangement arrangement) {
+  ScreenWindow* front = Front();
+  if (front == nullptr) return;
+  front->KeepFocus();
   switch (arrangement) {
     case WindowArrangement::kCascade:
-      return Cascade();
+      Cascade();
+      break;
     case WindowArrangement::kTile:
-      return tileSubWindows();
+      tileSubWindows();
+      break;
     case WindowArrangement::kArrangeIcons:
-      return ArrangeIcons();
+      ArrangeIcons();
+      break;
   }
+  GiveFocusTo(*front);
 }
 
 void ScreenArea::Cascade() {
@@ -114,14 +125,19 @@ bool ScreenArea::Fill() {
   ScreenWindow* front = Front();
   if (front == nullptr) return false;
   filled_by_us_ = !front->isMaximized();
+  front->KeepFocus();
   front->showMaximized();
+  GiveFocusTo(*front);
   return true;
 }
 
 void ScreenArea::Unfill() {
   ScreenWindow* front = Front();
-  if (filled_by_us_ && front != nullptr) front->showNormal();
-  filled_by_us_ = false;
+  const bool restore = std::exchange(filled_by_us_, false);
+  if (front == nullptr) return;
+  front->KeepFocus();
+  if (restore) front->showNormal();
+  GiveFocusTo(*front);
 }
 
 }  // namespace vistaplot

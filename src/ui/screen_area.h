@@ -45,6 +45,7 @@ class ScreenArea : public QMdiArea {
 
  private:
   QList<ScreenWindow*> InOrder(WindowOrder order) const;
+  void GiveFocusTo(ScreenWindow& screen);
   void Cascade();
   void ArrangeIcons();
 

@@ -64,9 +64,12 @@ TEST_F(Screening, TiledScreensAreAsBeforeAfterTheFullScreen) {
   const QRect before = Child(screens_.frmGraph).geometry();
   const QRect other = Child(screens_.frmTab).geometry();
   EXPECT_FALSE(before.intersects(other));
+  QWidget* chart = QApplication::focusWidget();
+  EXPECT_TRUE(Child(screens_.frmGraph).isAncestorOf(chart));
   Press(Qt::Key_F11, Qt::NoModifier);
   EXPECT_GT(Child(screens_.frmGraph).widget()->height(),
             windows_.program.Window().height() - 10);  // no title bar, no frame parts
+  EXPECT_EQ(QApplication::focusWidget(), chart);
   Press(Qt::Key_F11, Qt::NoModifier);
   EXPECT_EQ(Child(screens_.frmGraph).geometry(), before);
   EXPECT_EQ(Child(screens_.frmTab).geometry(), other);
