@@ -76,10 +76,13 @@ int ShowWindows(const Options& options,
     std::cerr << "vistaplot: cannot open windows: " << ToolkitModule::Problem() << "\n";
     return kRunWrongUse;
   }
-  std::unique_ptr<ScriptPlayer> player;
-  if (options.window_script)
-    player = MakeWindowScript(*options.window_script, ExporterOf(toolkit), streams);
-  return run_windows(options, player.get(), argc, argv);
+  if (!options.window_script) return run_windows(options, nullptr, argc, argv);
+  auto player = MakeWindowScript(*options.window_script, ExporterOf(toolkit), streams);
+  if (!player) {
+    std::cerr << "vistaplot: cannot read the script " << PlainText(player.Error()) << "\n";
+    return kRunWrongUse;
+  }
+  return run_windows(options, player.Value().get(), argc, argv);
 }
 
 }  // namespace

@@ -170,6 +170,11 @@ std::string_view VersionText() {
   return kVersion;
 }
 
+std::string FatalEndText(const Options& options) {
+  return "vistaplot: ended by a fatal error; the service directory was " + options.quoteline_dir +
+         "\n";
+}
+
 DisplaySize DisplayInTwips(const PixelSize& pixels) {
   constexpr float kTwipsPerPixel = 15.0F;
   return {.width = static_cast<float>(pixels.width) * kTwipsPerPixel,

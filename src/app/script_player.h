@@ -3,6 +3,7 @@
 
 #include "base/dialogs.h"
 #include "controls/form_host.h"
+#include "forms/output.h"
 
 namespace vistaplot {
 
@@ -14,13 +15,14 @@ class ScriptPlayer {
 
   /// What the program is to be built with in place of its windows and boxes: passes everything on
   /// to `windows`, which outlive the player; but while the script plays it answers the questions
-  /// and works on the modal forms.
+  /// and works on the modal forms, and does not print.
   virtual FormHost& Over(FormHost& windows) = 0;
   virtual Dialogs& Over(Dialogs& windows) = 0;
+  virtual Output& Over(Output& windows) = 0;
 
-  /// Plays the script, once, on a program that was built with both and is started. What is wrong is
-  /// told where the player's maker said. A script that ends the program does so through
-  /// EndProgram of the boxes.
+  /// Plays the script, once, on a program that was built with these and is started. What is wrong
+  /// is told in a box, and where the player's maker said. A script that ends the program does so
+  /// through EndProgram of the boxes.
   virtual void Play(Program& program) = 0;
 };
 

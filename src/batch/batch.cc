@@ -47,10 +47,7 @@ int RunProgram(const Options& options,
                     .err = streams.err};
   const int status =
       ScriptRunner(world, *options.batch_script).Run(script, [&program] { program.Start(); });
-  if (status == kRunFatal) {
-    streams.err << "vistaplot: ended by a fatal error; the service directory was "
-                << options.quoteline_dir << '\n';
-  }
+  if (status == kRunFatal) streams.err << FatalEndText(options);
   return status;
 }
 

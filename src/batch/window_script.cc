@@ -6,6 +6,7 @@
 
 #include "app/program.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "batch/answer_queue.h"
 #include "batch/script_dialogs.h"
 #include "batch/script_host.h"
@@ -75,38 +76,74 @@ class PlayingDialogs : public Dialogs {
   ScriptDialogs script_;
 };
 
+/// The desktop's files and clipboard; a printer's dialog would wait for somebody at the desk.
+class PlayingOutput : public Output {
+ public:
+  explicit PlayingOutput(Output& windows) : windows_(windows) {}
+
+  bool playing = false;
+
+  Status SaveChart(const ChartView& view, const std::string& path, int width, int height) override {
+    return windows_.SaveChart(view, path, width, height);
+  }
+  Status PrintChart(const ChartView& view) override {
+    return playing ? NoPrinter() : windows_.PrintChart(view);
+  }
+  Status PrintSheet(const Sheet& sheet) override {
+    return playing ? NoPrinter() : windows_.PrintSheet(sheet);
+  }
+  Status CopyChart(const ChartView& view, int width, int height) override {
+    return windows_.CopyChart(view, width, height);
+  }
+  Status CopyText(const std::string& text) override { return windows_.CopyText(text); }
+
+ private:
+  static Status NoPrinter() {
+    return RuntimeError{
+        .number = kErrorPathFileAccess, .description = "a script has no printer", .subject = {}};
+  }
+
+  Output& windows_;
+};
+
 class WindowScript : public ScriptPlayer {
  public:
-  WindowScript(std::string path, ChartExporter exporter, const BatchStreams& streams)
-      : path_(std::move(path)), exporter_(std::move(exporter)), streams_(streams) {}
+  WindowScript(std::string path,
+               std::string content,
+               ChartExporter exporter,
+               const BatchStreams& streams)
+      : path_(std::move(path)),
+        script_(std::move(content)),
+        exporter_(std::move(exporter)),
+        streams_(streams) {}
 
   FormHost& Over(FormHost& windows) override { return host_.emplace(windows); }
   Dialogs& Over(Dialogs& windows) override {
     return dialogs_.emplace(windows, answers_, streams_.out);
   }
+  Output& Over(Output& windows) override { return output_.emplace(windows); }
   void Play(Program& program) override;
 
  private:
   void SetPlaying(bool playing) {
     host_->playing = playing;
     dialogs_->playing = playing;
+    output_->playing = playing;
   }
+  void Tell(const std::string& errors);
 
   std::string path_;
+  std::istringstream script_;
   ChartExporter exporter_;
   BatchStreams streams_;
   AnswerQueue answers_;
   std::optional<PlayingHost> host_;
   std::optional<PlayingDialogs> dialogs_;
+  std::optional<PlayingOutput> output_;
 };
 
 void WindowScript::Play(Program& program) {
-  Result<std::string> content = ReadWholeFile(path_);
-  if (!content) {
-    streams_.err << "vistaplot: cannot read the script " << PlainText(content.Error()) << '\n';
-    return;
-  }
-  std::istringstream script(std::move(content.Value()));
+  std::ostringstream errors;
   ScriptWorld world{.forms = program.Forms(),
                     .table = program.State().table,
                     .host = *host_,
@@ -114,19 +151,34 @@ void WindowScript::Play(Program& program) {
                     .state_json = [&program] { return StateJson(program.State()); },
                     .exporter = exporter_,
                     .out = streams_.out,
-                    .err = streams_.err};
+                    .err = errors};
   SetPlaying(true);
-  ScriptRunner(world, path_).Run(script, {});
+  ScriptRunner(world, path_).Run(script_, {});
   SetPlaying(false);
+  Tell(std::move(errors).str());
   if (dialogs_->ended_fatally) dialogs_->Windows().EndProgram(*dialogs_->ended_fatally);
+}
+
+// Whoever started the program from a desktop sees no standard error.
+void WindowScript::Tell(const std::string& errors) {
+  if (errors.empty()) return;
+  streams_.err << errors << std::flush;
+  dialogs_->Windows().ShowMessage({.text = std::string(TrimWhite(errors)),
+                                   .title = "Script",
+                                   .buttons = Buttons::kOk,
+                                   .icon = Icon::kNone,
+                                   .default_answer = Answer::kOk});
 }
 
 }  // namespace
 
-std::unique_ptr<ScriptPlayer> MakeWindowScript(std::string path,
-                                               ChartExporter exporter,
-                                               const BatchStreams& streams) {
-  return std::make_unique<WindowScript>(std::move(path), std::move(exporter), streams);
+Result<std::unique_ptr<ScriptPlayer>> MakeWindowScript(const std::string& path,
+                                                       ChartExporter exporter,
+                                                       const BatchStreams& streams) {
+  Result<std::string> content = ReadWholeFile(path);
+  if (!content) return content.Error();
+  return std::unique_ptr<ScriptPlayer>(std::make_unique<WindowScript>(
+      path, std::move(content.Value()), std::move(exporter), streams));
 }
 
 }  // namespace vistaplot

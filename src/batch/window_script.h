@@ -5,14 +5,15 @@
 #include <string>
 
 #include "app/script_player.h"
+#include "base/result.h"
 #include "batch/batch.h"
 
 namespace vistaplot {
 
-/// Plays the host file `path` once; errors and the script's output go to `streams`, of which `in`
-/// is not used. A file that cannot be read is told when the script should play.
-std::unique_ptr<ScriptPlayer> MakeWindowScript(std::string path,
-                                               ChartExporter exporter,
-                                               const BatchStreams& streams);
+/// Reads the host file `path` and plays it once; errors and the script's output go to `streams`, of
+/// which `in` is not used. Fails on a file that cannot be read.
+Result<std::unique_ptr<ScriptPlayer>> MakeWindowScript(const std::string& path,
+                                                       ChartExporter exporter,
+                                                       const BatchStreams& streams);
 
 }  // namespace vistaplot

@@ -97,6 +97,7 @@ int RunWindows(const Options& options, ScriptPlayer* player, int& /*argc*/, char
   application.SetGuard(&program.Guard());
   const int status = program.Run();
   application.SetGuard(nullptr);
+  if (status == kExitFatal) std::cerr << FatalEndText(options) << std::flush;
   return status;
 }
 

@@ -46,7 +46,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
                 .settings = parts.settings,
                 .dialogs = player_ == nullptr ? dialogs_ : player_->Over(dialogs_),
                 .host = player_ == nullptr ? host_ : player_->Over(host_),
-                .output = output_,
+                .output = player_ == nullptr ? output_ : player_->Over(output_),
                 .program_dir = ProgramFolder(),
                 .roots = RootsFromEnvironment()}),
       window_(program_.AllScreens().frmMain, factory_, guard_) {
