@@ -83,6 +83,9 @@ class FrmMain : public Form {
   /// The pointer left the tool bar: no tip.
   void HideTip();
 
+  /// The command that saves what the user looks at: the sheet of the data screen, else the chart.
+  const MenuItem& SaveCommand() const;
+
   /// Enables or disables the four sort commands.
   void EnableSorting(bool enabled);
 

@@ -42,6 +42,10 @@ bool FrmMain::DataInFront() const {
   return Host().FrontScreen() == &context_.screens.frmData;
 }
 
+const MenuItem& FrmMain::SaveCommand() const {
+  return DataInFront() ? mnuFileSaveSheet : mnuFileSaveChart;
+}
+
 void FrmMain::Tell(const Status& status, std::string_view what) {
   if (!status) context_.dialogs.Say(std::string(what) + ": " + PlainText(status.Error()));
 }

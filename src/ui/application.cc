@@ -68,9 +68,17 @@ class GuardedApplication : public QApplication {
   EventGuard* guard_ = nullptr;
 };
 
-/// Numbers and dates look the same on every desktop.
+/// Numbers and dates look the same on every desktop, in the toolkit's own dialogs too; letters and
+/// input methods stay the desktop's. To be called before the toolkit reads the environment.
 void KeepPlainLocale() {
-  std::setlocale(LC_NUMERIC, "C");
+  if (const char* all = std::getenv("LC_ALL"); all != nullptr && *all != '\0') {
+    const std::string locale = all;
+    unsetenv("LC_ALL");
+    for (const char* category : {"LC_CTYPE", "LC_MESSAGES", "LC_COLLATE", "LC_MEASUREMENT"}) {
+      setenv(category, locale.c_str(), 1);
+    }
+  }
+  for (const char* category : {"LC_NUMERIC", "LC_TIME"}) setenv(category, "C", 1);
   QLocale::setDefault(QLocale::c());
 }
 
@@ -81,13 +89,14 @@ int RunWindows(const Options& options, ScriptPlayer* player, int& /*argc*/, char
     TellNoDisplay();
     return kNoDisplay;
   }
+  KeepPlainLocale();
   const QtMessageHandler usual = qInstallMessageHandler(EndOnFatalMessage);
   // The options are read; the toolkit would take --display for one of its own.
   int name_alone = 1;
   char* name[] = {argv[0], nullptr};
   GuardedApplication application(name_alone, name);
   qInstallMessageHandler(usual);
-  KeepPlainLocale();
+  std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName(QStringLiteral("vistaplot"));
   QApplication::setQuitOnLastWindowClosed(false);
   QuotelineLibrary quoteline(options.quoteline_dir);

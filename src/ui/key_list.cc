@@ -27,7 +27,7 @@ constexpr std::array<KeyText, 15> kKeys = {
      {"Up, Down", "chart: next series"},
      {"Enter, Escape", "chart: the day's value, no cross-hair"},
      {"F11", "chart on the whole display, and back"},
-     {"Ctrl+S", "save the chart"},
+     {"Ctrl+S", "save the chart; on the data screen the sheet"},
      {"Ctrl+P", "print the chart or the sheet"},
      {"Ctrl+C", "copy the chart or the selected cells"},
      {"Ctrl+Q", "end the program"}}};

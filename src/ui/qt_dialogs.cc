@@ -1,10 +1,13 @@
 #include "ui/qt_dialogs.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QRegularExpression>
 
 #include "base/text.h"
 #include "ui/pointer_pause.h"
@@ -74,15 +77,28 @@ bool IsPattern(const std::string& name) {
   return name.find_first_of("*?") != std::string::npos;
 }
 
-/// The file name's ending becomes the chosen filter's first one; filters of all names leave it.
+/// The file name's ending becomes that of the chosen filter's first pattern; filters of all names
+/// leave it.
 void FollowFilter(QFileDialog& dialog, const QString& filter) {
-  const qsizetype dot = filter.indexOf(QStringLiteral("(*."));
+  static const QRegularExpression first_ending(QStringLiteral("\\(\\*\\.([^*?\\s)]+)"));
+  const QRegularExpressionMatch ending = first_ending.match(filter);
   const QStringList files = dialog.selectedFiles();
-  if (dot < 0 || files.isEmpty()) return;
-  const QString suffix = filter.mid(dot + 3).section(u' ', 0, 0).section(u')', 0, 0);
+  if (!ending.hasMatch() || files.isEmpty()) return;
+  const QString suffix = ending.captured(1);
   const QFileInfo file(files.front());
   dialog.setDefaultSuffix(suffix);
-  if (!file.isDir()) dialog.selectFile(file.completeBaseName() + u'.' + suffix);
+  if (file.isDir()) return;
+  dialog.selectFile(file.absoluteDir().filePath(file.completeBaseName() + u'.' + suffix));
+}
+
+/// The list of filters shows their own texts: the toolkit's form of "All (*.*)" reads "All (*)".
+void ShowFiltersAsGiven(QFileDialog& dialog, std::string_view old_style) {
+  auto* list = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+  const std::vector<std::string_view> parts = Split(old_style, '|');
+  if (list == nullptr || static_cast<std::size_t>(list->count()) != parts.size() / 2) return;
+  for (int i = 0; i < list->count(); ++i) {
+    list->setItemText(i, QtText(TrimBlanks(parts[2 * static_cast<std::size_t>(i)])));
+  }
 }
 
 std::vector<std::string> Paths(const QStringList& files) {
@@ -144,6 +160,7 @@ void QtDialogs::SetUp(QFileDialog& dialog, const FileRequest& request) const {
   dialog.setWindowTitle(Title(request.title));
   const QStringList filters = NameFilters(request.filter);
   if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  ShowFiltersAsGiven(dialog, request.filter);
   if (!request.initial_folder.empty()) {
     const std::string& text = request.initial_folder;
     const std::string folder = roots_ == nullptr ? text : HostPath(text, *roots_);

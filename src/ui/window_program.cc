@@ -15,9 +15,8 @@ namespace vistaplot {
 namespace {
 
 /// Keys of the frame's menu commands and tools, by control name.
-constexpr std::array<std::pair<std::string_view, const char*>, 8> kCommandKeys = {
-    {{"mnuFileSaveChart", "Ctrl+S"},
-     {"mnuFilePrint", "Ctrl+P"},
+constexpr std::array<std::pair<std::string_view, const char*>, 7> kCommandKeys = {
+    {{"mnuFilePrint", "Ctrl+P"},
      {"mnuFileExit", "Ctrl+Q"},
      {"mnuEditCopy", "Ctrl+C"},
      {"cmdShowMain", "Ctrl+1"},
@@ -102,6 +101,7 @@ void WindowProgram::SetUpKeys() {
     window_.SetShortcut(command, QKeySequence(QString::fromLatin1(keys)));
   }
   window_.ListScreensIn("mnuWindow");
+  connect(&window_.Area(), &QMdiArea::subWindowActivated, this, [this] { FollowFront(); });
   const auto key = [this](const char* keys, auto action) {
     auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window_);
     connect(shortcut, &QShortcut::activated, this, action);
@@ -112,6 +112,16 @@ void WindowProgram::SetUpKeys() {
   connect(keys, &QAction::triggered, this, [this] { ShowKeyList(&window_); });
   key("F6", [this] { window_.ToggleToolFocus(); });
   key("F11", [this] { FullScreen(); });
+}
+
+// Ctrl+S stands in the menu beside the command that it means on this screen.
+void WindowProgram::FollowFront() {
+  FrmMain& frmMain = program_.AllScreens().frmMain;
+  const MenuItem& save = frmMain.SaveCommand();
+  for (const MenuItem* command : {&frmMain.mnuFileSaveChart, &frmMain.mnuFileSaveSheet}) {
+    window_.SetShortcut(command->Name(),
+                        command == &save ? QKeySequence(Qt::CTRL | Qt::Key_S) : QKeySequence());
+  }
 }
 
 void WindowProgram::SetUpCharts() {

@@ -46,6 +46,7 @@ class WindowProgram : public QObject {
   void ChangePeriod(int steps);
   std::string PriceText(const ChartView& view, int series, int point);
   void SetUpKeys();
+  void FollowFront();
   void SizeWindow();
   void FullScreen();
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QInputDialog>
@@ -90,6 +91,7 @@ TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
     ASSERT_NE(box, nullptr);
     const auto* model = box->findChild<QFileSystemModel*>();
     EXPECT_EQ(model->rowCount(model->index(QtText(folder.Path()))), 2);
+    EXPECT_EQ(box->findChild<QComboBox*>("fileTypeCombo")->itemText(1), "All (*.*)");
     box->findChild<QLineEdit*>("fileNameEdit")->setText("\"lower.sum\" \"UPPER.SUM\"");
     QMetaObject::invokeMethod(box, "accept");
   });
@@ -104,22 +106,24 @@ TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
   EXPECT_EQ(chosen, std::vector({folder.Path("lower.sum"), folder.Path("UPPER.SUM")}));
 }
 
-TEST(QtDialogs, TheSavedNameTakesTheChosenFiltersEnding) {
+TEST(QtDialogs, TheSavedNameTakesTheChosenFiltersEndingAndKeepsItsFolder) {
   const test::TemporaryFolder folder;
+  const std::string elsewhere = folder.MakeFolder("elsewhere");
   Boxes boxes;
-  OnNextBox<QFileDialog>([](QFileDialog& box) {
-    box.selectNameFilter("SVG drawing (*.svg)");
+  OnNextBox<QFileDialog>([&elsewhere](QFileDialog& box) {
+    box.findChild<QLineEdit*>("fileNameEdit")->setText(QtText(elsewhere + "/mine.png"));
+    emit box.filterSelected("All (*.*)");
     emit box.filterSelected("SVG drawing (*.svg)");
     QMetaObject::invokeMethod(&box, "accept");
   });
   const auto path = boxes.dialogs.ChooseFileToSave(
       {.title = "Save Chart As",
-       .filter = "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg",
+       .filter = "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|All (*.*)|*.*",
        .file_name = "chart.png",
        .default_extension = "png",
        .initial_folder = folder.Path(),
        .overwrite_prompt = true});
-  EXPECT_EQ(path, folder.Path("chart.svg"));
+  EXPECT_EQ(path, elsewhere + "/mine.svg");
 }
 
 TEST(QtDialogs, EndOfTheProgramUnwindsThroughAnOpenBox) {

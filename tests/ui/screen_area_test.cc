@@ -48,6 +48,16 @@ TEST_F(Screening, AScreenHasTheKeyboardAgainWhereItHadItLast) {
   }
 }
 
+TEST_F(Screening, TheSaveKeyMeansWhatIsInFront) {
+  const QKeySequence save(Qt::CTRL | Qt::Key_S);
+  Press(Qt::Key_2);
+  EXPECT_EQ(windows_.Command("mnuFileSaveSheet").shortcut(), save);
+  EXPECT_TRUE(windows_.Command("mnuFileSaveChart").shortcut().isEmpty());
+  Press(Qt::Key_1);
+  EXPECT_EQ(windows_.Command("mnuFileSaveChart").shortcut(), save);
+  EXPECT_TRUE(windows_.Command("mnuFileSaveSheet").shortcut().isEmpty());
+}
+
 TEST_F(Screening, TheScreenBehindTakesTheKeyboardAndTheRoomOfAClosedOne) {
   Press(Qt::Key_4);
   Press(Qt::Key_2);
