@@ -35,6 +35,12 @@ void TellNoDisplay() {
             << std::flush;
 }
 
+/// A session without a run-time folder is common (su, containers) and nothing that users could act
+/// on: the toolkit goes on with a folder of its own.
+bool IsAboutRunTimeFolder(const QString& text) {
+  return text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set"));
+}
+
 /// While the toolkit starts, its only fatal message is that it cannot reach the display; it would
 /// abort after it.
 void EndOnFatalMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
@@ -42,7 +48,8 @@ void EndOnFatalMessage(QtMsgType type, const QMessageLogContext& /*context*/, co
     TellNoDisplay();
     std::_Exit(kNoDisplay);
   }
-  if (type != QtDebugMsg && type != QtInfoMsg) std::cerr << text.toStdString() << '\n';
+  if (type == QtDebugMsg || type == QtInfoMsg || IsAboutRunTimeFolder(text)) return;
+  std::cerr << text.toStdString() << '\n';
 }
 
 /// Last defence: what escapes a widget's own event handler is told, not fatal.

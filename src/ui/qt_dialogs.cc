@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QTreeView>
 
 #include "base/text.h"
 #include "ui/pointer_pause.h"
@@ -91,6 +93,19 @@ void FollowFilter(QFileDialog& dialog, const QString& filter) {
   dialog.selectFile(file.absoluteDir().filePath(file.completeBaseName() + u'.' + suffix));
 }
 
+/// Sizes, types and dates in full; the names take the rest.
+void GiveColumnsRoom(QFileDialog& dialog) {
+  constexpr QSize kRoomy(820, 520);
+  dialog.resize(dialog.size().expandedTo(kRoomy));
+  const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+  if (list == nullptr) return;
+  QHeaderView& header = *list->header();
+  for (int column = 0; column < header.count(); ++column) {
+    header.setSectionResizeMode(column,
+                                column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+  }
+}
+
 /// The list of filters shows their own texts: the toolkit's form of "All (*.*)" reads "All (*)".
 void ShowFiltersAsGiven(QFileDialog& dialog, std::string_view old_style) {
   auto* list = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
@@ -161,6 +176,7 @@ void QtDialogs::SetUp(QFileDialog& dialog, const FileRequest& request) const {
   const QStringList filters = NameFilters(request.filter);
   if (!filters.isEmpty()) dialog.setNameFilters(filters);
   ShowFiltersAsGiven(dialog, request.filter);
+  GiveColumnsRoom(dialog);
   if (!request.initial_folder.empty()) {
     const std::string& text = request.initial_folder;
     const std::string folder = roots_ == nullptr ? text : HostPath(text, *roots_);
