@@ -17,7 +17,9 @@ class ScriptOutput : public Output {
     return exporter_(view, path, width, height);
   }
   Status PrintChart(const ChartView& /*view*/) override { return NeedsWindows("printer"); }
-  Status PrintSheet(const Sheet& /*sheet*/) override { return NeedsWindows("printer"); }
+  Status PrintSheet(const Sheet& /*sheet*/, Progress& /*progress*/) override {
+    return NeedsWindows("printer");
+  }
   Status CopyChart(const ChartView& /*view*/, int /*width*/, int /*height*/) override {
     return NeedsWindows("clipboard");
   }

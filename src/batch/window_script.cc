@@ -89,8 +89,8 @@ class PlayingOutput : public Output {
   Status PrintChart(const ChartView& view) override {
     return playing ? NoPrinter() : windows_.PrintChart(view);
   }
-  Status PrintSheet(const Sheet& sheet) override {
-    return playing ? NoPrinter() : windows_.PrintSheet(sheet);
+  Status PrintSheet(const Sheet& sheet, Progress& progress) override {
+    return playing ? NoPrinter() : windows_.PrintSheet(sheet, progress);
   }
   Status CopyChart(const ChartView& view, int width, int height) override {
     return windows_.CopyChart(view, width, height);

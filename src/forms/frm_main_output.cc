@@ -5,6 +5,7 @@
 
 #include "base/files.h"
 #include "base/host_path.h"
+#include "forms/busy_scope.h"
 #include "forms/frm_main.h"
 #include "forms/screens.h"
 #include "table/sheet_text.h"
@@ -84,15 +85,18 @@ void FrmMain::mnuFileSaveSheet_Click() {
 }
 
 void FrmMain::mnuFilePrint_Click() {
+  const bool data = DataInFront();
   const Sheet& sheet = context_.state.table.Active();
   const ChartBox& chart = ShownChart();
-  if (DataInFront()) {
-    if (!HasCells(sheet)) return context_.dialogs.Say(kNoSheet);
-    Tell(context_.output.PrintSheet(sheet), "The sheet was not printed");
-  } else {
-    if (!HasChart(chart)) return context_.dialogs.Say(kNoChart);
-    Tell(context_.output.PrintChart(chart.view), "The chart was not printed");
+  if (data && !HasCells(sheet)) return context_.dialogs.Say(kNoSheet);
+  if (!data && !HasChart(chart)) return context_.dialogs.Say(kNoChart);
+  Status printed = Done{};
+  {
+    const BusyScope busy(*this, progress, "Printing...");
+    printed =
+        data ? context_.output.PrintSheet(sheet, progress) : context_.output.PrintChart(chart.view);
   }
+  Tell(printed, data ? "The sheet was not printed" : "The chart was not printed");
 }
 
 void FrmMain::mnuEditCopy_Click() {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/progress.h"
 #include "base/result.h"
 #include "charts/chart_view.h"
 #include "table/sheet.h"
@@ -23,7 +24,8 @@ class Output {
 
   /// Asks for a printer and prints. Done also when the user cancelled.
   virtual Status PrintChart(const ChartView& view) = 0;
-  virtual Status PrintSheet(const Sheet& sheet) = 0;
+  /// The same; the meter of `progress` tells how many of the pages are done.
+  virtual Status PrintSheet(const Sheet& sheet, Progress& progress) = 0;
 
   /// The chart as a picture, `width` by `height` pixels, on the clipboard.
   virtual Status CopyChart(const ChartView& view, int width, int height) = 0;

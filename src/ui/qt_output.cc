@@ -1,6 +1,7 @@
 #include "ui/qt_output.h"
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -12,7 +13,6 @@
 #include "ui/chart_export.h"
 #include "ui/pointer_pause.h"
 #include "ui/qt_text.h"
-#include "ui/sheet_pages.h"
 
 namespace vistaplot {
 
@@ -21,6 +21,7 @@ namespace {
 constexpr double kUnitsPerInch = 96.0;  ///< of a chart's picture on paper
 constexpr double kPageDetail = 4.0;     ///< curves keep what four columns a unit can show
 constexpr double kSheetPoints = 8.0;    ///< size of a sheet's font
+constexpr int kManyPages = 200;         ///< more are asked about
 
 RuntimeError Refusal(std::string why, const QString& subject) {
   return {
@@ -33,11 +34,19 @@ RuntimeError PrinterRefusal(const QPrinter& printer) {
   return Refusal("The printer does not take the pages", printer.printerName());
 }
 
-/// Starts on the printer's page, whose size in device units is `page`; false when it refuses.
-bool Begin(QPainter& painter, QPrinter& printer, QSizeF& page) {
-  if (!painter.begin(&printer)) return false;
-  page = printer.pageLayout().paintRectPixels(printer.resolution()).size();
-  return !page.isEmpty();
+/// The room on the printer's page in device units.
+QSizeF PageSize(const QPrinter& printer) {
+  return printer.pageLayout().paintRectPixels(printer.resolution()).size();
+}
+
+/// Starts on the printer's first page; false when it refuses.
+bool Begin(QPainter& painter, QPrinter& printer) {
+  return painter.begin(&printer) && !PageSize(printer).isEmpty();
+}
+
+/// Lets the windows be painted that a dialog has covered, but nobody use them.
+void ShowWindows() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 Status End(QPainter& painter, const QPrinter& printer) {
@@ -46,6 +55,11 @@ Status End(QPainter& painter, const QPrinter& printer) {
 }
 
 }  // namespace
+
+void QtOutput::Use(QWidget* window, Dialogs& dialogs) {
+  window_ = window;
+  dialogs_ = &dialogs;
+}
 
 Status QtOutput::SaveChart(const ChartView& view, const std::string& path, int width, int height) {
   return ExportChart(view, path, width, height);
@@ -59,14 +73,25 @@ Status QtOutput::PrintChart(const ChartView& view) {
   return PrintChartPage(view, printer);
 }
 
-Status QtOutput::PrintSheet(const Sheet& sheet) {
+Status QtOutput::PrintSheet(const Sheet& sheet, Progress& progress) {
   if (sheet.MaxRow < 1 || sheet.MaxCol < 1) {
     return Refusal("There is nothing on the sheet to print", QtText(sheet.SheetName));
   }
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(QtText(sheet.SheetName));
   if (!AskForPrinter(printer, QStringLiteral("Print Sheet"))) return Done{};
-  return PrintSheetPages(sheet, printer);
+  const SheetPages pages = PagesOn(sheet, printer);
+  const int count = RangeOf(pages, printer).Count();
+  if (count == 0) {
+    return Refusal("The sheet has no page " + std::to_string(printer.fromPage()) + ", it takes " +
+                       std::to_string(pages.Pages().size()),
+                   QtText(sheet.SheetName));
+  }
+  if (!AgreedTo(count)) return Done{};
+  return PrintPages(pages, printer, [&progress, count](int done) {
+    progress.ShowMeter(100.0 * done / count);
+    ShowWindows();
+  });
 }
 
 Status QtOutput::CopyChart(const ChartView& view, int width, int height) {
@@ -91,13 +116,26 @@ bool QtOutput::AskForPrinter(QPrinter& printer, const QString& title) const {
   dialog.setWindowTitle(title);
   const bool accepted = dialog.exec() == QDialog::Accepted;
   guard_.ThrowIfEnded();
+  ShowWindows();
   return accepted;
+}
+
+// Thousands of pages are rarely meant.
+bool QtOutput::AgreedTo(int pages) const {
+  if (pages <= kManyPages || dialogs_ == nullptr) return true;
+  const Answer answer = dialogs_->ShowMessage(
+      {.text = "This prints " + std::to_string(pages) + " pages. Print them all?",
+       .title = "Print Sheet",
+       .buttons = Buttons::kOkCancel,
+       .icon = Icon::kQuestion,
+       .default_answer = Answer::kCancel});
+  return answer == Answer::kOk;
 }
 
 Status PrintChartPage(const ChartView& view, QPrinter& printer) {
   QPainter painter;
-  QSizeF page;
-  if (!Begin(painter, printer, page)) return PrinterRefusal(printer);
+  if (!Begin(painter, printer)) return PrinterRefusal(printer);
+  const QSizeF page = PageSize(printer);
   const double scale = printer.resolution() / kUnitsPerInch;
   painter.scale(scale, scale);
   const PictureSize size{page.width() / scale, page.height() / scale};
@@ -106,20 +144,30 @@ Status PrintChartPage(const ChartView& view, QPrinter& printer) {
   return End(painter, printer);
 }
 
-Status PrintSheetPages(const Sheet& sheet, QPrinter& printer) {
-  QPainter painter;
-  QSizeF page;
-  if (!Begin(painter, printer, page)) return PrinterRefusal(printer);
+SheetPages PagesOn(const Sheet& sheet, QPrinter& printer) {
   QFont font = PictureFont(1, false);
   font.setPointSizeF(kSheetPoints);
-  const SheetPages pages(sheet, font, &printer, page);
-  const bool all = printer.printRange() != QPrinter::PageRange || printer.fromPage() < 1;
+  return {sheet, font, &printer, PageSize(printer)};
+}
+
+PageRange RangeOf(const SheetPages& pages, const QPrinter& printer) {
   const auto count = static_cast<int>(pages.Pages().size());
-  const int first = all ? 1 : printer.fromPage();
-  const int last = all ? count : std::min(count, std::max(first, printer.toPage()));
-  for (int number = first; number <= last; ++number) {
-    if (number > first && !printer.newPage()) return PrinterRefusal(printer);
+  const bool all = printer.printRange() != QPrinter::PageRange || printer.fromPage() < 1;
+  if (all) return {.first = 1, .last = count};
+  const int first = printer.fromPage();
+  return {.first = first, .last = std::min(count, std::max(first, printer.toPage()))};
+}
+
+Status PrintPages(const SheetPages& pages,
+                  QPrinter& printer,
+                  const std::function<void(int done)>& page_done) {
+  QPainter painter;
+  if (!Begin(painter, printer)) return PrinterRefusal(printer);
+  const PageRange range = RangeOf(pages, printer);
+  for (int number = range.first; number <= range.last; ++number) {
+    if (number > range.first && !printer.newPage()) return PrinterRefusal(printer);
     pages.Paint(painter, static_cast<std::size_t>(number - 1));
+    if (page_done) page_done(number - range.first + 1);
   }
   return End(painter, printer);
 }

@@ -50,7 +50,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
                 .roots = RootsFromEnvironment()}),
       window_(program_.AllScreens().frmMain, factory_, guard_) {
   guard_.ReportTo(&dialogs_);
-  output_.Use(&window_);
+  output_.Use(&window_, dialogs_);
   dialogs_.Use(&window_, program_.State().roots);
   host_.Use(window_, program_.AllScreens().frmMain, program_.State().table, program_.State().roots);
   connect(&window_, &MainWindow::CloseAsked, this, [this] {

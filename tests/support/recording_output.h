@@ -20,7 +20,9 @@ class RecordingOutput : public Output {
     return Keep("save " + path + " " + std::to_string(width) + " " + std::to_string(height));
   }
   Status PrintChart(const ChartView& /*view*/) override { return Keep("print chart"); }
-  Status PrintSheet(const Sheet& sheet) override { return Keep("print " + sheet.SheetName); }
+  Status PrintSheet(const Sheet& sheet, Progress& /*progress*/) override {
+    return Keep("print " + sheet.SheetName);
+  }
   Status CopyChart(const ChartView& /*view*/, int /*width*/, int /*height*/) override {
     return Keep("copy chart");
   }

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "support/chart_pictures.h"
+#include "support/silent_progress.h"
 #include "support/temporary_folder.h"
 #include "ui/sheet_pages.h"
 
@@ -100,7 +101,11 @@ TEST(QtOutput, PrintsAllPagesOrThoseAskedFor) {
       printer.setPrintRange(QPrinter::PageRange);
       printer.setFromTo(from, to);
     }
-    EXPECT_TRUE(PrintSheetPages(sheet, printer).Ok());
+    std::vector<int> done;
+    const SheetPages pages = PagesOn(sheet, printer);
+    EXPECT_TRUE(PrintPages(pages, printer, [&done](int page) { done.push_back(page); }).Ok());
+    EXPECT_EQ(done.size(), static_cast<std::size_t>(RangeOf(pages, printer).Count()));
+    EXPECT_EQ(done.back(), RangeOf(pages, printer).Count());
     return Occurrences(folder.Read(name), "/Type /Page\n");
   };
   const int all = pages_in("all.pdf", 0, 0);
@@ -131,6 +136,7 @@ TEST(QtOutput, AFileThatCannotBeWrittenIsNamed) {
 TEST(QtOutput, CancellingThePrintDialogIsNoFailure) {
   EventGuard guard;
   QtOutput output(guard);
+  SilentProgress progress;
   int asked = 0;
   QTimer::singleShot(0, [&asked] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -138,9 +144,9 @@ TEST(QtOutput, CancellingThePrintDialogIsNoFailure) {
     ++asked;
     dialog->reject();
   });
-  EXPECT_TRUE(output.PrintSheet(Prices(3, 1)).Ok());
+  EXPECT_TRUE(output.PrintSheet(Prices(3, 1), progress).Ok());
   EXPECT_EQ(asked, 1);
-  EXPECT_FALSE(output.PrintSheet(Sheet()).Ok());
+  EXPECT_FALSE(output.PrintSheet(Sheet(), progress).Ok());
 }
 
 TEST(QtOutput, TheClipboardTakesPicturesOnWhiteAndTexts) {
