@@ -37,7 +37,11 @@ class Checker {
     } else {
       CheckDatabase(database.Value());
     }
-    CheckFnuFiles();
+    if (!issues_known_) {
+      report_.notes.emplace_back(
+          "FNU and family files are not compared with the issues: the database does not tell them");
+    }
+    if (issues_known_) CheckFnuFiles();
     for (const std::string_view folder : kFamilyFolders) CheckFamilies(folder);
     return std::move(report_);
   }
@@ -51,22 +55,33 @@ class Checker {
     database.Run("BEGIN");
     CheckStructure(database);
     auto state = LoadState(database);
-    if (!state) {
-      report_.faults.push_back(PlainText(state.Error()));
-      database.Forgive();
-    } else {
+    database.Forgive();
+    calendar_known_ = state.Ok();
+    if (calendar_known_) {
       state_ = std::move(state.Value());
       report_.days = state_.days.size();
+    } else {
+      report_.faults.push_back(PlainText(state.Error()));
     }
     issues_ = LoadIssues(database);
+    if (const auto loaded = database.Outcome(); !loaded) {
+      report_.faults.push_back(PlainText(loaded.Error()));
+      return;
+    }
+    issues_known_ = calendar_known_;
     report_.issues = issues_.size();
-    std::vector<bool> used(state_.days.size());
-    for (const IssueRow& issue : issues_) CheckIssue(database, issue, used);
-    CheckCalendar(used);
-    CheckIndex(database);
-    if (auto outcome = database.Outcome(); !outcome) {
+    CheckIssues(database);
+    if (const auto outcome = database.Outcome(); !outcome) {
       report_.faults.push_back(PlainText(outcome.Error()));
     }
+  }
+
+  void CheckIssues(Database& database) {
+    std::vector<bool> used(state_.days.size());
+    for (const IssueRow& issue : issues_) CheckIssue(database, issue, used);
+    if (!calendar_known_) return;
+    CheckCalendar(used);
+    CheckIndex(database);
   }
 
   void CheckStructure(Database& database) {
@@ -90,11 +105,12 @@ class Checker {
     database.Forgive();
     if (!history) {
       Fault(issue.symbol, "its history is missing, or does not fit its days");
-    } else if (!HasSoundDays(issue, used.size())) {
+    } else if (calendar_known_ && !HasSoundDays(issue, used.size())) {
       Fault(issue.symbol, "its history goes beyond the calendar");
     } else if (!IsIntact(*history, issue) || !HasSoundValues(*history)) {
       Fault(issue.symbol, "its history is damaged");
     } else {
+      if (!calendar_known_) return;
       for (std::size_t i = 0; i < history->prices.size(); ++i) {
         if (history->HasPrice(i)) used[static_cast<std::size_t>(issue.first_day - 1) + i] = true;
       }
@@ -171,6 +187,7 @@ class Checker {
       Fault(name, family.Error().description);
       return;
     }
+    if (!issues_known_) return;
     for (const std::string& symbol : family.Value().symbols) {
       if (!symbols_.contains(UpperCase(symbol))) Fault(name, "no such issue: \"" + symbol + "\"");
     }
@@ -182,6 +199,8 @@ class Checker {
   std::vector<IssueRow> issues_;
   std::set<std::string> symbols_;
   bool histories_sound_ = true;
+  bool calendar_known_ = false;  ///< what depends on it is checked only then
+  bool issues_known_ = false;    ///< likewise; the calendar included
 };
 
 }  // namespace

@@ -15,7 +15,8 @@ constexpr std::string_view kDelimiters = ",;\t";
 constexpr std::array<std::string_view, 3> kPriceColumns = {"Close", "NAV", "Price"};
 constexpr std::string_view kAdjustedColumn = "Adj Close";
 // Columns of downloads that are no symbols: a file of these alone lacks the price it came for.
-constexpr std::array<std::string_view, 4> kForeignColumns = {"Open", "High", "Low", "Volume"};
+constexpr std::array<std::string_view, 8> kForeignColumns = {
+    "Open", "High", "Low", "Volume", "Vol", "Value", "Units", "Split"};
 
 bool LooksBinary(std::string_view bytes) {
   constexpr std::size_t kLookedAt = 1U << 16U;
@@ -72,6 +73,15 @@ bool HasForeignColumn(const std::vector<std::string>& names) {
   });
 }
 
+// An issue may be called NAV: among capital symbols alone such a column is one of them.
+bool IsWide(const std::vector<std::string>& names) {
+  constexpr std::size_t kFewest = 3;  // the date, and two issues
+  if (names.size() < kFewest || HasForeignColumn(names)) return false;
+  return std::all_of(names.begin(), names.end(), [](const std::string& name) {
+    return EqualsIgnoringCase(name, "Date") || SymbolFromText(name) == name;
+  });
+}
+
 void ReadWideSymbols(const std::vector<std::string>& names, CsvHeader& header) {
   for (std::size_t i = 0; i < names.size() && header.refusal.empty(); ++i) {
     if (i == header.date) {
@@ -91,7 +101,7 @@ void ReadWideSymbols(const std::vector<std::string>& names, CsvHeader& header) {
   }
 }
 
-// A header without a price column: of a wide file, or of none.
+// A header without a price column of its own: of a wide file, or of none.
 void ReadAsWide(const std::vector<std::string>& names, bool adjusted, CsvHeader& header) {
   header.form = CsvForm::kWide;
   if (adjusted) {
@@ -107,12 +117,30 @@ void ReadAsWide(const std::vector<std::string>& names, bool adjusted, CsvHeader&
 
 }  // namespace
 
-CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted) {
+std::size_t SkipPreamble(std::string_view& bytes, std::optional<char>& delimiter) {
+  constexpr std::string_view kSeparator = "sep=";
+  std::size_t lines = 0;
+  while (true) {
+    const std::size_t end = bytes.find_first_of("\r\n");
+    if (end == std::string_view::npos) return lines;
+    const std::string_view line = bytes.substr(0, end);
+    if (line.size() == kSeparator.size() + 1 &&
+        EqualsIgnoringCase(line.substr(0, kSeparator.size()), kSeparator)) {
+      delimiter = line.back();
+    } else if (!TrimWhite(line).empty()) {
+      return lines;
+    }
+    bytes.remove_prefix(end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1));
+    ++lines;
+  }
+}
+
+CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted, std::optional<char> delimiter) {
   CsvHeader header;
   header.refusal = ForeignContent(bytes);
   if (!header.refusal.empty()) return header;
   const std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
-  header.delimiter = DelimiterOf(line);
+  header.delimiter = delimiter.value_or(DelimiterOf(line));
   std::vector<std::string> names;
   CsvCursor cursor(line, header.delimiter);
   while (!cursor.AtLineEnd()) names.emplace_back(cursor.NextField());
@@ -126,7 +154,8 @@ CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted) {
   }
   header.symbol = FindColumn(names, "Symbol");
   header.price = FindPriceColumn(names, adjusted);
-  if (header.price == CsvHeader::kNoColumn) {
+  const bool wide = header.symbol == CsvHeader::kNoColumn && !adjusted && IsWide(names);
+  if (header.price == CsvHeader::kNoColumn || wide) {
     ReadAsWide(names, adjusted, header);
   } else if (header.symbol != CsvHeader::kNoColumn) {
     header.form = CsvForm::kLong;

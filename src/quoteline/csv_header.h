@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,8 +27,13 @@ struct CsvHeader {
   std::vector<std::string> symbols;  ///< wide: one a column, empty for the date's
 };
 
-/// Reads the first line of `bytes`, which carry no byte-order mark any more. Bytes that are no
-/// text with a header of the three forms give a refusal that says what they are.
-CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted);
+/// Takes what stands ahead of a header off `bytes`: blank lines, and the line "sep=;" by which
+/// spreadsheets name the delimiter. Returns how many lines these were.
+std::size_t SkipPreamble(std::string_view& bytes, std::optional<char>& delimiter);
+
+/// Reads the first line of `bytes`, which carry no byte-order mark any more; without a `delimiter`
+/// it is the one that stands most often. Bytes that are no text with a header of the three forms
+/// give a refusal that says what they are.
+CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted, std::optional<char> delimiter);
 
 }  // namespace vistaplot

@@ -100,8 +100,9 @@ class Parser {
   // Reads the header; without a refusal a reader stands ready.
   void Begin(std::string_view& lines) {
     if (lines.starts_with(kByteOrderMark)) lines.remove_prefix(kByteOrderMark.size());
-    next_line_ = 1;
-    header_ = ReadCsvHeader(lines, options_.adjusted);
+    std::optional<char> delimiter;
+    next_line_ = 1 + static_cast<std::uint32_t>(SkipPreamble(lines, delimiter));
+    header_ = ReadCsvHeader(lines, options_.adjusted, delimiter);
     file_.refusal = header_.refusal;
     const bool named = !options_.symbol.empty() || !options_.name.empty();
     if (file_.refusal.empty() && header_.form != CsvForm::kOneIssue && named) {

@@ -71,7 +71,7 @@ int RunImport(const ImportRequest& request) {
   for (const std::string& fault : report.faults) PrintFault(fault);
   if (!report.faults.empty()) return Complain("nothing was stored");
   for (const IssueChange& change : report.changes) PrintLine(ChangeLine(change));
-  if (request.dry_run) Complain("a dry run: nothing was stored");
+  if (request.dry_run) PrintLine("a dry run: nothing was stored");
   return Finish();
 }
 

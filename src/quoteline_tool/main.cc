@@ -1,5 +1,7 @@
 // quoteline: makes, fills and checks the database of the market-data service.
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <functional>
@@ -28,6 +30,13 @@ struct Arguments {
   std::function<int()> run;
 };
 
+constexpr std::ptrdiff_t kLongestName = 80;
+
+/// In UTF-8 every byte but the first of a character has the upper bits 10.
+bool BeginsCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
 void AddImport(CLI::App& app, Arguments& arguments) {
   ImportRequest& import = arguments.import;
   CLI::App* command = app.add_subcommand(
@@ -38,7 +47,12 @@ void AddImport(CLI::App& app, Arguments& arguments) {
   command->add_flag("--dry-run", import.dry_run, "Say what would happen and store nothing");
   command->add_option(
       "--symbol", import.options.symbol, "The symbol of a single file of one issue");
-  command->add_option("--name", import.options.name, "Its name");
+  command->add_option("--name", import.options.name, "Its name, at most 80 characters")
+      ->check([](const std::string& name) {
+        const auto length = std::count_if(name.begin(), name.end(), BeginsCharacter);
+        return length <= kLongestName ? std::string()
+                                      : std::to_string(length) + " characters are more than 80";
+      });
   command->add_option("FILE", import.files, "Price files")->required();
   command->callback([&arguments] {
     ImportRequest& request = arguments.import;

@@ -90,6 +90,21 @@ TEST(Check, NamesBrokenSeriesAndFamilies) {
   EXPECT_EQ(report.fnu_series, 1U);
 }
 
+TEST(Check, ABrokenDatabaseIsOneFaultAndNotOneOfEveryFamily) {
+  QuotelineWorld world;
+  world.Import("w.csv", kTwoIssues);
+  world.folder.Write("QLDEF/F.FAM",
+                     FamilyFileBytes({.name = "F", .title = "T", .symbols = {"A", "B"}}));
+  world.folder.Write("s.fnu", "S\nx\n01/04/00,1\n");
+  world.Tamper("DROP TABLE issues");
+  const CheckReport report = CheckService(world.folder.Path());
+  for (const std::string& fault : report.faults) {
+    EXPECT_NE(fault.find("quoteline.db"), std::string::npos) << fault;
+  }
+  EXPECT_FALSE(report.faults.empty());
+  EXPECT_EQ(report.notes.size(), 1U);
+}
+
 TEST(Check, ADamagedIssueCanBeRemovedAndReplacedButNotMerged) {
   QuotelineWorld world;
   world.Import("w.csv", kTwoIssues);

@@ -76,6 +76,11 @@ TEST(PriceImport, TellsTheFormsApartByTheirHeader) {
        false,
        "AB 2000-01-03 2000-01-03 1 AB",
        "1,2000-01-03,4\n"},
+      {"AB.csv",  // a spreadsheet's preamble; more commas than semicolons in the header
+       "sep=;\r\n\r\nDate;Close;\"a,b,c\"\r\n2000-01-03;4;\r\n",
+       false,
+       "AB 2000-01-03 2000-01-03 1 AB",
+       "1,2000-01-03,4\n"},
   };
   for (const FormCase& form : cases) {
     SCOPED_TRACE(form.text);
@@ -86,6 +91,14 @@ TEST(PriceImport, TellsTheFormsApartByTheirHeader) {
     EXPECT_EQ(world.List()[0] + " ", form.list + " ");
     EXPECT_EQ(world.Prices(form.list.substr(0, form.list.find(' '))), form.prices);
   }
+}
+
+TEST(PriceImport, AnIssueMayBeCalledLikeAPrice) {
+  QuotelineWorld world;
+  const ImportReport wide = world.Import("w.csv", "Date,AAA,NAV\n2000-01-03,1,2\n");
+  EXPECT_EQ(Told(wide, world), (Lines{"AAA 1 0", "NAV 1 0"}));
+  const ImportReport one = world.Import("ONE.csv", "DATE,OPEN,CLOSE,VOLUME\n2000-01-03,1,2,3\n");
+  EXPECT_EQ(Told(one, world), Lines{"ONE 1 0"});
 }
 
 TEST(PriceImport, KeepsNamesOfBothEncodings) {

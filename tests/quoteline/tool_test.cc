@@ -98,7 +98,8 @@ TEST_F(Tool, ALifeOfAServiceDirectory) {
       "A: 1 new, 0 changed, 2000-01-03 to 2000-01-03\n"
       "B: 1 new, 0 changed, 2000-01-04 to 2000-01-04\n";
   const Finished dry = Call("import --dry-run FILES/w.csv");
-  EXPECT_EQ(dry.out, summary);
+  EXPECT_EQ(dry.out, summary + "a dry run: nothing was stored\n");
+  EXPECT_EQ(dry.errors, "");
   EXPECT_EQ(Call("list").out, "");
   EXPECT_EQ(Call("import FILES/w.csv").out, summary);
   EXPECT_EQ(Call("import --symbol 'C' --name 'Third one' FILES/w.csv").status, 1);
