@@ -34,6 +34,12 @@ void Control::SetCaption(std::string_view caption) {
   Tell(ControlAspect::kCaption);
 }
 
+void Control::SetDescription(std::string_view description) {
+  if (description_ == description) return;
+  description_ = description;
+  Tell(ControlAspect::kCaption);
+}
+
 void Control::SetVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;

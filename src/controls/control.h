@@ -30,7 +30,7 @@ enum class ControlKind {
 /// The kind's name as scripts show it, e.g. "TextBox".
 std::string_view KindName(ControlKind kind);
 
-/// What of a control has changed.
+/// What of a control has changed; its description counts as its caption.
 enum class ControlAspect { kVisible, kEnabled, kPlace, kCaption, kValue, kEntries, kRepaint };
 
 class ControlObserver {
@@ -67,6 +67,11 @@ class Control {
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string_view caption);
 
+  /// What assistive tools call a control that has no caption, where no label beside it says so;
+  /// empty for most.
+  const std::string& Description() const { return description_; }
+  void SetDescription(std::string_view description);
+
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
   bool Enabled() const { return enabled_; }
@@ -99,6 +104,7 @@ class Control {
   std::string name_;
   std::optional<int> index_;
   std::string caption_;
+  std::string description_;
   bool visible_ = true;
   bool enabled_ = true;
   Control* container_ = nullptr;

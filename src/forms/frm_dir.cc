@@ -14,6 +14,8 @@ FrmDir::FrmDir(const Context& context)
        {&Drive1, "Drive1", "", At(180, 720, 4440, 330)},
        {&Dir1, "Dir1", "", At(180, 1140, 4440, 2400)},
        {&cmdOK, "cmdOK", "OK", At(1740, 3660, 1320, 420)}});
+  Drive1.SetDescription("Drive");
+  Dir1.SetDescription("Directory");
   Drive1.content = TextContent::kDrive;
   Dir1.content = TextContent::kFolder;
   Drive1.Change = [this] { Drive1_Change(); };

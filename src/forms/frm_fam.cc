@@ -40,6 +40,7 @@ FrmFam::FrmFam(const Context& context)
   for (std::size_t i = 0; i < txtDays.size(); ++i) {
     const float left = 180.0F + 570.0F * static_cast<float>(i);
     Add({{&txtDays[i], "txtDays", "", At(left, 1380, 510, 330), nullptr, static_cast<int>(i)}});
+    txtDays[i].SetDescription("Gain period " + std::to_string(i + 1) + " in market days");
   }
   Add({{&cmdOK, "cmdOK", "OK", At(480, 1920, 1320, 420)},
        {&cmdSave, "cmdSave", "Save", At(1980, 1920, 1320, 420)}});

@@ -13,6 +13,8 @@ FrmGraph::FrmGraph(const Context& context)
   Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 6810)},
        {&lblboxdate, "lblboxdate", "", At(7200, 60, 2280, 255)},
        {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
+  VtChart1.SetDescription("Graph");
+  HScroll1.SetDescription("Last day shown");
   HScroll1.Change = [this] { HScroll1_Change(); };
   VtChart1.PointSelected = [this](PointSelection& selection) { VtChart1_PointSelected(selection); };
 }

@@ -11,7 +11,11 @@ FrmPer::FrmPer(const Context& context)
        {&VtChart2, "VtChart2", "", At(0, 3420, 9600, 3390)},
        {&VtChart3, "VtChart3", "", At(8100, 60, 1500, 3000)},
        {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
+  VtChart1.SetDescription("Prices");
+  VtChart2.SetDescription("Analysis");
+  VtChart3.SetDescription("Spectrum");
   VtChart3.SetVisible(false);
+  HScroll1.SetDescription("Last day shown");
   HScroll1.Change = [this] { HScroll1_Change(); };
 }
 

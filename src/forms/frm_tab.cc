@@ -104,6 +104,7 @@ void FrmTab::DesignSelections() {
   optOneAll.Preset(0);
   lstIndex.multi_select = true;
   lstIndex.fixed_pitch = true;
+  lstIndex.SetDescription("Families or funds");
   lstIndex2.SetVisible(false);
   File1.SetVisible(false);
 }

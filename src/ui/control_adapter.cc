@@ -1,5 +1,6 @@
 #include "ui/control_adapter.h"
 
+#include <QComboBox>
 #include <QSignalBlocker>
 
 namespace vistaplot {
@@ -18,8 +19,15 @@ std::vector<QWidget*> ControlAdapter::TabStops() const {
   return {widget_};
 }
 
-void ControlAdapter::SetAccessibleName(const QString& name) {
-  if (widget_ != nullptr) widget_->setAccessibleName(name);
+void ControlAdapter::SetAccessibleName(const QString& name, bool labelled) {
+  if (widget_ == nullptr) return;
+  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  if (qobject_cast<QComboBox*>(widget_) == nullptr) return;
+  // The toolkit calls a combo box by its chosen entry, whatever its name.
+  const QString description = labelled ? QString() : name;
+  if (widget_->accessibleDescription() != description) {
+    widget_->setAccessibleDescription(description);
+  }
 }
 
 void ControlAdapter::CopyAll() {
@@ -35,9 +43,10 @@ void ControlAdapter::CopyAll() {
 void ControlAdapter::ControlChanged(Control& /*control*/, ControlAspect aspect) {
   if (aspect == ControlAspect::kPlace) {
     emit Moved();
-  } else {
-    Copy(aspect);
+    return;
   }
+  Copy(aspect);
+  if (aspect == ControlAspect::kCaption || aspect == ControlAspect::kVisible) emit Renamed();
 }
 
 void ControlAdapter::Copy(ControlAspect aspect) {

@@ -47,8 +47,9 @@ class ControlAdapter : public QObject, public ControlObserver {
   /// The widgets that the Tab key stops at, in order.
   virtual std::vector<QWidget*> TabStops() const;
 
-  /// Gives a widget without a caption of its own the text that assistive tools read out.
-  virtual void SetAccessibleName(const QString& name);
+  /// The text that assistive tools read out for the widget; `labelled`: a label that they find says
+  /// the same.
+  virtual void SetAccessibleName(const QString& name, bool labelled);
 
   /// The form has one scroll bar, and this control may move it.
   virtual void JoinScrollBar(ScrollBar& /*bar*/) {}
@@ -61,6 +62,10 @@ class ControlAdapter : public QObject, public ControlObserver {
  signals:
   /// The control's place has changed: whoever lays the form out moves the widget.
   void Moved();
+
+  /// The control has another caption or description, or can be seen or not: controls may have to
+  /// be called otherwise.
+  void Renamed();
 
  protected:
   void SetWidget(QWidget* widget) { widget_ = widget; }

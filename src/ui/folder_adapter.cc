@@ -29,7 +29,9 @@ class FolderAdapter : public ControlAdapter {
 
   std::vector<QWidget*> TabStops() const override { return {&folders_->Line(), &folders_->List()}; }
 
-  void SetAccessibleName(const QString& name) override { folders_->Line().setAccessibleName(name); }
+  void SetAccessibleName(const QString& name, bool /*labelled*/) override {
+    folders_->Line().setAccessibleName(name);
+  }
 
  protected:
   void CopyValue() override { folders_->SetFolder(box_.Text()); }

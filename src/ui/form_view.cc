@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/label_search.h"
 #include "controls/value_controls.h"
 #include "ui/qt_text.h"
 
@@ -39,9 +40,35 @@ int OneLineHeight(const ControlAdapter& adapter, int room) {
   return std::clamp(room, natural, natural * kTargetGrowth / 100);
 }
 
-/// Nothing of the control itself says what it is for.
-bool NeedsName(const ControlAdapter& adapter) {
-  return adapter.Source().Caption().empty() && !adapter.TabStops().empty();
+/// What a control is called where nothing on its form says more.
+QString NameOfKind(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::kTextBox:
+      return QStringLiteral("Entry");
+    case ControlKind::kComboBox:
+    case ControlKind::kOptionGroup:
+      return QStringLiteral("Choice");
+    case ControlKind::kListBox:
+      return QStringLiteral("List");
+    case ControlKind::kScrollBar:
+      return QStringLiteral("Scroll bar");
+    case ControlKind::kChartBox:
+      return QStringLiteral("Chart");
+    case ControlKind::kGrid:
+      return QStringLiteral("Sheet");
+    default:
+      return QStringLiteral("Button");
+  }
+}
+
+/// What assistive tools call a control; `label` stands by it, or is null.
+QString SpokenName(const Control& control, const Control* label) {
+  const Control* container = control.Container();
+  QString name = SpokenText(control.Caption());
+  if (name.isEmpty()) name = QtText(control.Description());
+  if (name.isEmpty() && label != nullptr) name = SpokenText(label->Caption());
+  if (name.isEmpty() && container != nullptr) name = SpokenText(container->Caption());
+  return name.isEmpty() ? NameOfKind(control.Kind()) : name;
 }
 
 }  // namespace
@@ -84,6 +111,7 @@ void FormView::Build(const AdapterFactory& factory, const AdapterParts& parts) {
     if (adapter->Widget() != nullptr) adapter->Widget()->setObjectName(QtText(control->Name()));
     by_control_[control] = adapter.get();
     connect(adapter.get(), &ControlAdapter::Moved, this, &FormView::LayOut);
+    connect(adapter.get(), &ControlAdapter::Renamed, this, &FormView::NameWidgets);
     adapters_.push_back(std::move(adapter));
   }
 }
@@ -110,18 +138,22 @@ void FormView::MeasureBase(QSize display) {
 }
 
 void FormView::NameWidgets() {
-  for (std::size_t i = 0; i < adapters_.size(); ++i) {
-    ControlAdapter& adapter = *adapters_[i];
-    if (!NeedsName(adapter)) continue;
-    const Control& control = adapter.Source();
-    const ControlAdapter* before = i > 0 ? adapters_[i - 1].get() : nullptr;
-    if (before != nullptr && before->Source().Kind() == ControlKind::kLabel) {
-      static_cast<QLabel*>(before->Widget())->setBuddy(adapter.TabStops().front());
-    } else if (control.Container() != nullptr && !control.Container()->Caption().empty()) {
-      adapter.SetAccessibleName(SpokenText(control.Container()->Caption()));
-    } else {
-      adapter.SetAccessibleName(QtText(control.Name()));
-    }
+  const std::map<const Control*, Control*> labels = FindLabels(form_);
+  std::map<const Control*, QWidget*> buddies;
+  for (const auto& adapter : adapters_) {
+    const std::vector<QWidget*> stops = adapter->TabStops();
+    if (stops.empty()) continue;
+    const auto found = labels.find(&adapter->Source());
+    const Control* label = found == labels.end() ? nullptr : found->second;
+    const bool labelled = label != nullptr && buddies.emplace(label, stops.front()).second;
+    adapter->SetAccessibleName(SpokenName(adapter->Source(), label), labelled);
+  }
+  for (const auto& adapter : adapters_) {
+    auto* label = qobject_cast<QLabel*>(adapter->Widget());
+    if (label == nullptr) continue;
+    const auto found = buddies.find(&adapter->Source());
+    QWidget* buddy = found == buddies.end() ? nullptr : found->second;
+    if (label->buddy() != buddy) label->setBuddy(buddy);
   }
 }
 

@@ -22,7 +22,7 @@ class GridAdapter : public ControlAdapter {
   std::vector<QWidget*> TabStops() const override { return {&view_->Area(), &view_->Tabs()}; }
 
   /// The sheet shown names itself.
-  void SetAccessibleName(const QString& /*name*/) override {}
+  void SetAccessibleName(const QString& /*name*/, bool /*labelled*/) override {}
 
  private:
   GridView* view_;

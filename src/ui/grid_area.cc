@@ -1,5 +1,6 @@
 #include "ui/grid_area.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -168,8 +169,21 @@ void GridArea::changeEvent(QEvent* event) {
   UpdateBars();
 }
 
+// The toolkit tells assistive tools only that the table has the keyboard, and only after this; the
+// cell is told when it has.
 void GridArea::focusInEvent(QFocusEvent* /*event*/) {
   viewport()->update();
+  if (!QAccessible::isActive()) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
+        QAccessibleInterface* cell = table == nullptr ? nullptr : table->focusChild();
+        if (cell == nullptr || !hasFocus()) return;
+        QAccessibleEvent told(cell, QAccessible::Focus);
+        QAccessible::updateAccessibility(&told);
+      },
+      Qt::QueuedConnection);
 }
 
 void GridArea::focusOutEvent(QFocusEvent* /*event*/) {

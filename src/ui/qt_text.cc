@@ -4,7 +4,7 @@ namespace vistaplot {
 
 QString SpokenText(std::string_view caption) {
   QString spoken;
-  const QString text = QtText(caption).trimmed();
+  const QString text = QtText(caption).simplified();
   for (qsizetype i = 0; i < text.size(); ++i) {
     if (text[i] == u'&' && i + 1 < text.size()) ++i;
     spoken += text[i];

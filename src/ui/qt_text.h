@@ -15,8 +15,8 @@ inline std::string PlainUtf8(const QString& text) {
   return text.toStdString();
 }
 
-/// A caption as it is read out: without the "&" that marks the access key and without a colon at
-/// the end.
+/// A caption as it is read out: without the "&" that marks the access key, without a colon at the
+/// end, and with one blank between words.
 QString SpokenText(std::string_view caption);
 
 }  // namespace vistaplot
