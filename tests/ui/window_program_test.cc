@@ -4,10 +4,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -69,6 +71,31 @@ TEST(WindowProgram, KeysReachScreensAndTools) {
   EXPECT_EQ(QApplication::focusWidget(), bar.widgetForAction(&windows.Command("cmdGraph")));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
   EXPECT_FALSE(bar.isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST(WindowProgram, TheListOfKeysNamesEveryKeyOfTheWindow) {
+  Windows windows;
+  windows.Start();
+  MainWindow& window = windows.program.Window();
+  QStringList keys;
+  for (const QAction* action : window.findChildren<QAction*>()) {
+    if (action->associatedObjects().contains(&window)) keys += action->shortcut().toString();
+  }
+  for (const QShortcut* shortcut : window.findChildren<QShortcut*>(Qt::FindDirectChildrenOnly)) {
+    keys += shortcut->key().toString();
+  }
+  ASSERT_GT(keys.size(), 12);
+  QStringList listed;
+  QTimer::singleShot(0, [&listed] {
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    for (const QLabel* label : box->findChildren<QLabel*>()) {
+      listed += label->text().split(QStringLiteral(", "));
+    }
+    box->reject();
+  });
+  QTest::keyClick(&window, Qt::Key_F1);
+  for (const QString& key : keys) EXPECT_TRUE(listed.contains(key)) << key.toStdString();
 }
 
 TEST(WindowProgram, MenusAndToolsFollowTheirControls) {
