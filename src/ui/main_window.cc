@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMenu>
+#include <QShortcut>
 #include <QStatusBar>
 
 #include "ui/qt_text.h"
@@ -33,8 +34,7 @@ QSize MainWindow::ClientSize() {
 void MainWindow::SetShortcut(std::string_view command, const QKeySequence& key) {
   auto* action = findChild<QAction*>(QtText(command));
   if (action == nullptr) return;
-  action->setShortcut(key);
-  addAction(action);  // the key works while the menu bar is away
+  GiveKey(*action, key);
 }
 
 QAction* MainWindow::AddCommand(std::string_view menu,
@@ -45,10 +45,21 @@ QAction* MainWindow::AddCommand(std::string_view menu,
                         ? menuBar()
                         : static_cast<QWidget*>(above->menu());
   auto* command = new QAction(caption, this);
-  command->setShortcut(key);
-  addAction(command);
+  GiveKey(*command, key);
   holder->addAction(command);
   return command;
+}
+
+void MainWindow::GiveKey(QAction& command, const QKeySequence& key) {
+  command.setShortcut(key);
+  command.setShortcutContext(Qt::ApplicationShortcut);
+  addAction(&command);  // the key works while the menu bar is away
+}
+
+void MainWindow::AddKey(const QKeySequence& key, const std::function<void()>& action) {
+  auto* shortcut = new QShortcut(key, this);
+  shortcut->setContext(Qt::ApplicationShortcut);
+  connect(shortcut, &QShortcut::activated, this, action);
 }
 
 void MainWindow::ListScreensIn(std::string_view menu) {
@@ -84,6 +95,7 @@ void MainWindow::ToggleToolFocus() {
   }
   for (QAction* tool : bar->actions()) {
     if (tool->isSeparator() || !tool->isVisible() || !tool->isEnabled()) continue;
+    activateWindow();  // the key may have come from another window
     return bar->widgetForAction(tool)->setFocus(Qt::ShortcutFocusReason);
   }
 }
@@ -96,6 +108,7 @@ void MainWindow::ToggleFullScreen() {
     return;
   }
   if (!area_.Fill()) return;
+  activateWindow();
   states_before_full_screen_ = windowState();
   ShowFrameParts(false);
   showFullScreen();

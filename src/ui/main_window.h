@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <string_view>
 
 #include "controls/form.h"
@@ -23,12 +24,17 @@ class MainWindow : public QMainWindow {
   /// The room that the child screens have at the window's present size, in pixels.
   QSize ClientSize();
 
+  // Keys work in all windows of the program, but not beside a modal one.
+
   /// A key for the menu command or tool of that control name; no command, no key.
   void SetShortcut(std::string_view command, const QKeySequence& key);
 
   /// A command of the windows alone, at the end of the menu of that control name; on the bar itself
   /// when there is no such menu.
   QAction* AddCommand(std::string_view menu, const QString& caption, const QKeySequence& key);
+
+  /// A key that stands in no menu.
+  void AddKey(const QKeySequence& key, const std::function<void()>& action);
 
   /// Lists the child screens at the end of the menu of that control name.
   void ListScreensIn(std::string_view menu);
@@ -49,6 +55,7 @@ class MainWindow : public QMainWindow {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void GiveKey(QAction& command, const QKeySequence& key);
   void FillScreenList(QMenu& menu);
   void ShowFrameParts(bool shown);
 

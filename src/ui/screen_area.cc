@@ -1,5 +1,6 @@
 #include "ui/screen_area.h"
 
+#include <QApplication>
 #include <QTimer>
 #include <utility>
 
@@ -9,6 +10,17 @@ namespace {
 
 constexpr double kRestoredShare = 0.75;  ///< of the area, for a screen that no longer fills it
 constexpr double kCascadeShare = 2.0 / 3.0;
+
+/// Takes the keyboard from an open menu or list and from another window of the program; not from
+/// one that is modal, and never from another program.
+void Activate(QWidget& window) {
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) break;
+  }
+  const QWidget* active = QApplication::activeWindow();
+  const bool other = active != nullptr && active != &window;
+  if (other && QApplication::activeModalWidget() == nullptr) window.activateWindow();
+}
 
 }  // namespace
 
@@ -48,6 +60,7 @@ void ScreenArea::BringToFront(ScreenWindow& screen) {
     screen.show();
   }
   setActiveSubWindow(&screen);
+  Activate(*window());
   GiveFocusTo(screen);
 }
 

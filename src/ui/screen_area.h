@@ -25,7 +25,8 @@ class ScreenArea : public QMdiArea {
   /// Visible screens in the order in which they were added.
   QList<ScreenWindow*> Visible() const;
 
-  /// Shows the screen in front of the others and gives it the keyboard where it had it last. A
+  /// Shows the screen in front of the others and gives it the keyboard where it had it last, also
+  /// when another window of the program has it. A
   /// screen shown for the first time fills the area when the one before it did.
   void BringToFront(ScreenWindow& screen);
 

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -102,16 +101,15 @@ void WindowProgram::SetUpKeys() {
   }
   window_.ListScreensIn("mnuWindow");
   connect(&window_.Area(), &QMdiArea::subWindowActivated, this, [this] { FollowFront(); });
-  const auto key = [this](const char* keys, auto action) {
-    auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), &window_);
-    connect(shortcut, &QShortcut::activated, this, action);
-  };
-  key("Ctrl+Tab", [this] { window_.Area().Step(true); });
-  key("Ctrl+Shift+Tab", [this] { window_.Area().Step(false); });
   QAction* keys = window_.AddCommand("mnuHelp", QStringLiteral("&Keys"), QKeySequence(Qt::Key_F1));
-  connect(keys, &QAction::triggered, this, [this] { ShowKeyList(&window_); });
-  key("F6", [this] { window_.ToggleToolFocus(); });
-  key("F11", [this] { FullScreen(); });
+  connect(keys, &QAction::triggered, this, [this] {
+    QWidget* active = QApplication::activeWindow();
+    ShowKeyList(active == nullptr ? &window_ : active);
+  });
+  window_.AddKey(Qt::CTRL | Qt::Key_Tab, [this] { window_.Area().Step(true); });
+  window_.AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { window_.Area().Step(false); });
+  window_.AddKey(Qt::Key_F6, [this] { window_.ToggleToolFocus(); });
+  window_.AddKey(Qt::Key_F11, [this] { FullScreen(); });
 }
 
 // Ctrl+S stands in the menu beside the command that it means on this screen.

@@ -98,6 +98,56 @@ TEST(WindowProgram, TheListOfKeysNamesEveryKeyOfTheWindow) {
   for (const QString& key : keys) EXPECT_TRUE(listed.contains(key)) << key.toStdString();
 }
 
+TEST(WindowProgram, KeysWorkFromAWindowOfItsOwn) {
+  Windows windows;
+  windows.Start();
+  MainWindow& main = windows.program.Window();
+  windows.screens.frmTab.cboDataType.SetListIndex(1);
+  const auto press = [&](Qt::Key key, Qt::KeyboardModifiers with) {
+    windows.screens.frmFam.Show();
+    QWidget* family = windows.program.Host().ViewOf(windows.screens.frmFam)->window();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == family; }));
+    QTest::keyClick(family->focusWidget(), key, with);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &main; })) << key;
+  };
+  press(Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmData);
+  EXPECT_TRUE(QApplication::focusWidget()->inherits("QTableView"));
+  press(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmTab);
+  press(Qt::Key_F6, Qt::NoModifier);
+  EXPECT_TRUE(QApplication::focusWidget()->inherits("QToolButton"));
+  EXPECT_TRUE(windows.screens.frmFam.Shown());
+}
+
+TEST(WindowProgram, NoKeyReachesTheScreensBesideAModalWindow) {
+  Windows windows;
+  windows.Start();
+  const auto press_all = [&] {
+    QWidget* modal = QApplication::activeModalWidget();
+    ASSERT_NE(modal, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([modal] { return modal->isActiveWindow(); }));
+    for (const Qt::Key key : {Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_Tab, Qt::Key_Q}) {
+      QTest::keyClick(modal, key, Qt::ControlModifier);
+    }
+    for (const Qt::Key key : {Qt::Key_F1, Qt::Key_F6, Qt::Key_F11}) QTest::keyClick(modal, key);
+    EXPECT_EQ(QApplication::activeModalWidget(), modal);
+    EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmTab);
+    EXPECT_FALSE(windows.screens.frmData.Shown());
+    EXPECT_FALSE(windows.program.Guard().Status());
+    QTest::keyClick(modal, Qt::Key_Escape);
+  };
+  QTimer::singleShot(0, press_all);
+  windows.screens.frmDir.ShowModal();
+  QTimer::singleShot(0, press_all);
+  windows.Command("mnuHelpAbout").trigger();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  windows.program.Window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.program.Window()));
+  QTest::keyClick(&windows.program.Window(), Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(windows.program.Host().FrontScreen(), &windows.screens.frmData);
+}
+
 TEST(WindowProgram, MenusAndToolsFollowTheirControls) {
   Windows windows;
   windows.Start();
