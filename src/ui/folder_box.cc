@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QVBoxLayout>
 
+#include "ui/list_focus.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {
@@ -48,6 +49,7 @@ FolderBox::FolderBox(const PathRoots& roots, QWidget* parent)
   rows->addWidget(&list_);
   list_.setAccessibleName(QStringLiteral("Folders"));
   list_.setUniformItemSizes(true);
+  FrameFocus(list_);
   connect(&line_, &QLineEdit::textEdited, this, [this](const QString& text) {
     emit FolderChosen(PlainUtf8(text));
   });

@@ -7,6 +7,7 @@
 #include "controls/list_controls.h"
 #include "ui/adapters.h"
 #include "ui/entries_model.h"
+#include "ui/list_focus.h"
 
 namespace vistaplot {
 
@@ -50,6 +51,7 @@ class ListBoxAdapter : public ControlAdapter {
     view_->setSelectionMode(list.multi_select ? QAbstractItemView::ExtendedSelection
                                               : QAbstractItemView::SingleSelection);
     if (list.fixed_pitch) view_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    FrameFocus(*view_);
     SetWidget(view_);
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
       UserSelected();
