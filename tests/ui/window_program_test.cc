@@ -79,7 +79,10 @@ TEST(WindowProgram, TheListOfKeysNamesEveryKeyOfTheWindow) {
   MainWindow& window = windows.program.Window();
   QStringList keys;
   for (const QAction* action : window.findChildren<QAction*>()) {
-    if (action->associatedObjects().contains(&window)) keys += action->shortcut().toString();
+    const bool has_key = !action->shortcut().isEmpty();
+    if (has_key && action->associatedObjects().contains(&window)) {
+      keys += action->shortcut().toString();
+    }
   }
   for (const QShortcut* shortcut : window.findChildren<QShortcut*>(Qt::FindDirectChildrenOnly)) {
     keys += shortcut->key().toString();
