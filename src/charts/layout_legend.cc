@@ -126,8 +126,10 @@ void DrawLegend(const LayoutContext& context,
   if (plan.width <= 0.0) return;
   picture.legend = {at.x, at.y, at.x + plan.width, at.y + plan.rows * plan.row_height};
   const auto cell = [&](int index) -> PicturePoint {
-    return {std::round(at.x + index / plan.rows * plan.column_width),
-            std::round(at.y + index % plan.rows * plan.row_height)};
+    const int column = index / plan.rows;
+    const int row = index % plan.rows;
+    return {std::round(at.x + column * plan.column_width),
+            std::round(at.y + row * plan.row_height)};
   };
   const auto write = [&](PicturePoint corner, double indent, const std::string& text) {
     const double base = corner.y + (plan.row_height + kCapHeight * plan.pixels) / 2.0;

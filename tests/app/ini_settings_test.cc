@@ -24,8 +24,7 @@ TEST(IniSettings, ValuesReadBackLiterally) {
                                            "x=1;y#2 ; no comment",
                                            "[startup]",
                                            "\ttab",
-                                           "Gr\xC3\xBC\xC3\x9F"
-                                           "e 100 %"};
+                                           "Gr\u00FC\u00DFe 100 %"};
   const TemporaryFolder folder;
   const std::string path = folder.Path("deep/er/settings.ini");
   IniSettings settings(path);

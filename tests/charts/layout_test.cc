@@ -176,7 +176,8 @@ TEST(Layout, ShownScalesOfAnXYChartStandBesideThePlotWithTheirTitles) {
 
 TEST(Layout, AnySizeAndAnEmptyChartAreDrawn) {
   ChartView view = NamedChart(40, "FUND");
-  for (double side = 0.0; side < 120.0; side += 7.0) {
+  for (int step = 0; step < 18; ++step) {
+    const double side = 7.0 * step;
     for (const PictureSize size : {PictureSize{side, 480}, PictureSize{640, side}, {side, side}}) {
       const ChartPicture picture = LayOut(view, size);
       EXPECT_EQ(picture.width, size.width);

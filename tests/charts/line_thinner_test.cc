@@ -9,6 +9,7 @@ namespace {
 
 std::vector<double> Heights(const std::vector<PicturePoint>& points) {
   std::vector<double> heights;
+  heights.reserve(points.size());
   for (const PicturePoint& point : points) heights.push_back(point.y);
   return heights;
 }

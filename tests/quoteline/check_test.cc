@@ -76,6 +76,8 @@ TEST(Check, NamesBrokenSeriesAndFamilies) {
   world.folder.Write("s.fnu", "S\nx\n01/04/00,1\n");
   world.folder.Write("t.fnu", "s\nx\n01/04/00,2\n");
   const CheckReport report = CheckService(world.folder.Path());
+  const std::string too_long =
+      "USERDEF/NINELONGS.FAM: its name has more than 8 characters, so that it cannot be loaded";
   EXPECT_EQ(report.faults,
             (Lines{"bad.fnu:1: the symbol is not 1 to 5 characters without blanks",
                    "cut.FNU:4: no date and value",
@@ -84,8 +86,7 @@ TEST(Check, NamesBrokenSeriesAndFamilies) {
                    "QLDEF/SHORT.FAM: is shorter than a family's header",
                    "QL4WIN/SQLDEF: the folder is missing; \"quoteline init\" makes it",
                    "USERDEF/CUT.fam: counts 3 symbols but holds 2",
-                   "USERDEF/NINELONGS.FAM: its name has more than 8 characters, so that it cannot "
-                   "be loaded"}));
+                   too_long}));
   EXPECT_EQ(report.notes, Lines{"a.fnu: hidden by the database's issue A"});
   EXPECT_EQ(report.fnu_series, 1U);
 }

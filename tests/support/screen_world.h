@@ -41,6 +41,7 @@ struct ScreenWorld {
   /// first, first + step, ...: `count` prices.
   static std::vector<float> Line(float first, float step, int count) {
     std::vector<float> prices;
+    prices.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) prices.push_back(first + step * static_cast<float>(i));
     return prices;
   }

@@ -29,7 +29,7 @@ class TemporaryFolder {
 
   /// Writes a file, with the folders above it; gives its path.
   std::string Write(std::string_view name, std::string_view content) const {
-    const std::string path = Path(name);
+    std::string path = Path(name);
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream(path, std::ios::binary)
         .write(content.data(), static_cast<std::streamsize>(content.size()));
@@ -37,7 +37,7 @@ class TemporaryFolder {
   }
 
   std::string MakeFolder(std::string_view name) const {
-    const std::string path = Path(name);
+    std::string path = Path(name);
     std::filesystem::create_directories(path);
     return path;
   }
