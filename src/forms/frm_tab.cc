@@ -69,20 +69,20 @@ FrmTab::FrmTab(const Context& context)
 }
 
 void FrmTab::DesignChoices() {
-  Add({{&lblDataType, "lblDataType", "Data Type:", At(180, 195, 1500, 255)},
-       {&cboDataType, "cboDataType", "", At(1740, 150, 3060, 330)},
-       {&lblGraphType, "lblGraphType", "Graph Type:", At(180, 615, 1500, 255)},
-       {&cboGraphType, "cboGraphType", "", At(1740, 570, 3060, 330)},
-       {&lblXParm, "lblXParm", "X Parameter:", At(180, 1035, 1500, 255)},
-       {&cboXParm, "cboXParm", "", At(1740, 990, 3060, 330)},
-       {&lblYParm, "lblYParm", "Y Parameter:", At(180, 1455, 1500, 255)},
-       {&cboYParm, "cboYParm", "", At(1740, 1410, 3060, 330)},
-       {&lblDataField, "lblDataField", "Data Field:", At(180, 1875, 1500, 255)},
-       {&cboDataField, "cboDataField", "", At(1740, 1830, 3060, 330)},
-       {&lblPercent, "lblPercent", "% of data to graph", At(180, 2295, 1500, 255)},
-       {&cboPercent, "cboPercent", "", At(1740, 2250, 1200, 330)},
+  Add({{&lblDataType, "lblDataType", "Data Type:", At(180, 195, 1770, 255)},
+       {&cboDataType, "cboDataType", "", At(2010, 150, 2790, 330)},
+       {&lblGraphType, "lblGraphType", "Graph Type:", At(180, 615, 1770, 255)},
+       {&cboGraphType, "cboGraphType", "", At(2010, 570, 2790, 330)},
+       {&lblXParm, "lblXParm", "X Parameter:", At(180, 1035, 1770, 255)},
+       {&cboXParm, "cboXParm", "", At(2010, 990, 2790, 330)},
+       {&lblYParm, "lblYParm", "Y Parameter:", At(180, 1455, 1770, 255)},
+       {&cboYParm, "cboYParm", "", At(2010, 1410, 2790, 330)},
+       {&lblDataField, "lblDataField", "Data Field:", At(180, 1875, 1770, 255)},
+       {&cboDataField, "cboDataField", "", At(2010, 1830, 2790, 330)},
+       {&lblPercent, "lblPercent", "% of data to graph", At(180, 2295, 1770, 255)},
+       {&cboPercent, "cboPercent", "", At(2010, 2250, 1200, 330)},
        {&cmdFileName, "cmdFileName", "File Name", At(180, 2760, 1500, 420)},
-       {&lblFileName, "lblFileName", "", At(1740, 2850, 7680, 255)}});
+       {&lblFileName, "lblFileName", "", At(2010, 2850, 7410, 255)}});
   cboPercent.SetEntries(Texts(kPercents));
 }
 

@@ -1,7 +1,6 @@
-#include <QLabel>
-
 #include "controls/simple_controls.h"
 #include "ui/adapters.h"
+#include "ui/caption_label.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {
@@ -11,24 +10,15 @@ namespace {
 class LabelAdapter : public ControlAdapter {
  public:
   LabelAdapter(Control& label, const AdapterParts& parts)
-      : ControlAdapter(label, parts.guard), text_(new QLabel(parts.parent)) {
-    text_->setTextFormat(Qt::PlainText);
-    text_->setWordWrap(true);
-    text_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+      : ControlAdapter(label, parts.guard), text_(new CaptionLabel(parts.parent)) {
     SetWidget(text_);
   }
 
  protected:
-  void CopyCaption() override {
-    const QString caption = QtText(Source().Caption());
-    text_->setText(caption);
-    text_->setToolTip(caption.size() > kShortCaption ? caption : QString());
-  }
+  void CopyCaption() override { text_->SetCaption(QtText(Source().Caption())); }
 
  private:
-  static constexpr int kShortCaption = 40;  ///< characters; longer texts may not fit their place
-
-  QLabel* text_;
+  CaptionLabel* text_;
 };
 
 }  // namespace
