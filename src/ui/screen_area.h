@@ -26,8 +26,8 @@ class ScreenArea : public QMdiArea {
   QList<ScreenWindow*> Visible() const;
 
   /// Shows the screen in front of the others and gives it the keyboard where it had it last, also
-  /// when another window of the program has it. A
-  /// screen shown for the first time fills the area when the one before it did.
+  /// when another window of the program has it. A screen shown for the first time fills the area
+  /// when the one before it did.
   void BringToFront(ScreenWindow& screen);
 
   /// Takes the screen away; the one used before it takes its place.
