@@ -1,5 +1,6 @@
 #include "ui/read_out.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/number_text.h"
@@ -62,7 +63,33 @@ std::string Joined(const ReadOut& read_out, const char* between) {
   return text;
 }
 
+// The first row of those up to the last over which the column keeps its value; empty points keep
+// it.
+int QuietFrom(const ChartView& view, int column) {
+  const int last = view.rowcount();
+  int first = last;
+  double kept = view.DataAt(last, column);
+  while (first > 1) {
+    const double before = view.DataAt(first - 1, column);
+    if (std::isnan(kept)) kept = before;
+    if (!std::isnan(before) && before != kept) break;
+    --first;
+  }
+  return first;
+}
+
 }  // namespace
+
+int QuietFrom(const ChartView& view) {
+  const std::vector<DrawnSeries> all = SeriesOf(view);
+  int from = all.empty() ? 0 : 1;
+  for (const DrawnSeries& series : all) {
+    if (series.x_column > 0) return 0;
+    from = std::max(from, QuietFrom(view, series.y_column));
+    if (view.rowcount() - from < kQuietRows) return 0;
+  }
+  return from;
+}
 
 ReadOut ReadRow(const ChartView& view, int row, const PointText& price_text, bool dark) {
   const std::vector<DrawnSeries> all = SeriesOf(view);

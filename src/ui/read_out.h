@@ -31,6 +31,11 @@ using PointText = std::function<std::string(int series, int point)>;
 /// `dark` chooses the colours that the chart has on dark ground.
 ReadOut ReadRow(const ChartView& view, int row, const PointText& price_text, bool dark);
 
+/// From which row on no series of a chart over days changes any more: what histories that have
+/// ended look like. 0 when the last kQuietRows rows hold a change, and for charts over values.
+inline constexpr int kQuietRows = 10;
+int QuietFrom(const ChartView& view);
+
 /// "+12.34%" of a fractional change 0.1234; "−" for less, "0.00%" for none.
 std::string PercentText(double change);
 

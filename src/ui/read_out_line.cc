@@ -23,9 +23,20 @@ constexpr const char* kUsualHeading = "00/00/00";
 constexpr const char* kWidestChange = " +999.99%";
 constexpr const char* kWidestPrice = " 1234.56";
 constexpr const char* kHint = "Point at the chart, or press \u2190 and \u2192, to read off values";
+constexpr const char* kQuiet = "Nothing changes after %1: the histories may have ended";
+constexpr const char* kAllQuiet =
+    "Nothing changes in these days: the histories may have ended before. Scroll back to see them";
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
+}
+
+QString HintFor(const ChartView& view) {
+  const int quiet_from = QuietFrom(view);
+  if (quiet_from == 1) return QString::fromUtf8(kAllQuiet);
+  if (quiet_from == 0) return QString::fromUtf8(kHint);
+  const std::string day(TrimBlanks(view.RowLabelAt(quiet_from)));
+  return QString::fromUtf8(kQuiet).arg(QtText(day));
 }
 
 }  // namespace
@@ -68,6 +79,10 @@ void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme, bool w
   }
   if (theme.dark != theme_.dark) update();
   theme_ = theme;
+  if (const QString hint = HintFor(view); hint != hint_) {
+    hint_ = hint;
+    if (!shown_) update();
+  }
   const ReadOut last = ReadRow(view, view.rowcount(), {}, theme.dark);
   const int series = view.rowcount() > 0 ? static_cast<int>(last.entries.size()) : 0;
   std::vector<std::string> labels{last.heading};
@@ -207,10 +222,9 @@ void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
   if (!shown_) {
     painter.setPen(QtColor(theme_.label));
     const QRect line(kSideMargin, kLinePadding, width() - 2 * kSideMargin, LineHeight());
-    const QString hint = QString::fromUtf8(kHint);
     painter.drawText(line,
                      Qt::AlignVCenter | Qt::AlignLeft,
-                     fontMetrics().elidedText(hint, Qt::ElideRight, line.width()));
+                     fontMetrics().elidedText(hint_, Qt::ElideRight, line.width()));
     return;
   }
   painter.setRenderHint(QPainter::Antialiasing);

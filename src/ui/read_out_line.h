@@ -31,8 +31,9 @@ class ReadOutLine : public QWidget {
   /// room are counted in the last cell and listed in the tool tip.
   void Show(const ReadOut& read_out, int chosen);
 
-  /// Shows how to get a read-out instead.
+  /// Shows how to get a read-out instead, or where the histories seem to have ended.
   void ShowHint();
+  const QString& Hint() const { return hint_; }
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -58,6 +59,7 @@ class ReadOutLine : public QWidget {
   std::vector<ReadOutCell*> cells_;  ///< those in use, then spare hidden ones
   std::vector<QColor> marks_;        ///< one a cell in use
   std::vector<std::string> labels_;  ///< that the widths were measured for: heading, then series
+  QString hint_;
   ChartTheme theme_ = LightTheme();
   int series_ = 0;
   bool with_prices_ = false;

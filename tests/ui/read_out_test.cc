@@ -32,6 +32,22 @@ TEST(ReadOut, OtherChartsReadTheirValues) {
   EXPECT_EQ(LineText(ReadRow(view, 3, price, false)), "d3, C1 2.5e+09");
 }
 
+TEST(ReadOut, ChartsTellFromWhereTheirHistoriesHaveEnded) {
+  std::vector<double> ended(30, 0.25);
+  std::vector<double> longer(30, 0.5);
+  ended[3] = 0.1;
+  longer[12] = 0.4;
+  longer[20] = kGap;
+  EXPECT_EQ(QuietFrom(LineChart({ended})), 5);
+  EXPECT_EQ(QuietFrom(LineChart({ended, longer})), 14);
+  EXPECT_EQ(QuietFrom(LineChart({std::vector<double>(30, 0.0)})), 1);
+  longer[28 - kQuietRows] = 0.4;
+  EXPECT_EQ(QuietFrom(LineChart({longer})), 30 - kQuietRows) << "just long enough";
+  longer[29 - kQuietRows] = 0.4;
+  EXPECT_EQ(QuietFrom(LineChart({ended, longer})), 0) << "one of them goes on";
+  EXPECT_EQ(QuietFrom(ChartView()), 0);
+}
+
 TEST(CrossHair, WalksThePointsOfAnXyChartFromLeftToRight) {
   ChartView view = LineChart({{8.0, 2.0, kGap, 4.0}, {1.0, 2.0, 3.0, 4.0}});
   view.ChartType = kChartXY;
