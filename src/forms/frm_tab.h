@@ -105,6 +105,7 @@ class FrmTab : public Form {
   std::vector<std::string> SelectedEntries() const;
   void LoadSelection();
   void ForgetLoad();
+  void ForgetGraphedFunds();
   void SummariseLoad();
   std::vector<std::string> SummarySymbols() const;
 

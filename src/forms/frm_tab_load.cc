@@ -97,8 +97,13 @@ void FrmTab::ForgetLoad() {
   prices.selection.clear();
   state.table.NotifyContent(1);
   state.flags.ResultFileLoaded = false;
-  state.selection.SelectedCount = 0;
-  state.selection.CurrentFund = 0;
+  ForgetGraphedFunds();
+}
+
+// Their columns hold other issues now: the next chart reads the sheet's selection, as it is shown.
+void FrmTab::ForgetGraphedFunds() {
+  context_.state.selection.SelectedCount = 0;
+  context_.state.selection.CurrentFund = 0;
 }
 
 void FrmTab::SummariseLoad() {
@@ -117,6 +122,7 @@ void FrmTab::SummariseLoad() {
   }
   frmFam.Unload();
   FinishPriceLoad(state.table);
+  ForgetGraphedFunds();
   state.flags.ResultFileLoaded = true;
 }
 

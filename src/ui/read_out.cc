@@ -63,6 +63,13 @@ std::string Joined(const ReadOut& read_out, const char* between) {
   return text;
 }
 
+// A rebased series starts at 0 by definition, and a day at the same price may differ from that by
+// the rounding of its base.
+bool SameValue(double a, double b) {
+  constexpr double kRounding = 1e-6;
+  return std::abs(a - b) <= kRounding * std::max(1.0, std::abs(a));
+}
+
 // The first row of those up to the last over which the column keeps its value; empty points keep
 // it.
 int QuietFrom(const ChartView& view, int column) {
@@ -72,7 +79,7 @@ int QuietFrom(const ChartView& view, int column) {
   while (first > 1) {
     const double before = view.DataAt(first - 1, column);
     if (std::isnan(kept)) kept = before;
-    if (!std::isnan(before) && before != kept) break;
+    if (!std::isnan(before) && !SameValue(before, kept)) break;
     --first;
   }
   return first;

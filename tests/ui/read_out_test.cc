@@ -40,7 +40,9 @@ TEST(ReadOut, ChartsTellFromWhereTheirHistoriesHaveEnded) {
   longer[20] = kGap;
   EXPECT_EQ(QuietFrom(LineChart({ended})), 5);
   EXPECT_EQ(QuietFrom(LineChart({ended, longer})), 14);
-  EXPECT_EQ(QuietFrom(LineChart({std::vector<double>(30, 0.0)})), 1);
+  std::vector<double> flat(30, -4.2e-8);
+  flat[0] = 0.0;
+  EXPECT_EQ(QuietFrom(LineChart({flat})), 1) << "the rounding of the base is no change";
   longer[28 - kQuietRows] = 0.4;
   EXPECT_EQ(QuietFrom(LineChart({longer})), 30 - kQuietRows) << "just long enough";
   longer[29 - kQuietRows] = 0.4;
