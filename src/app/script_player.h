@@ -1,6 +1,8 @@
 // A script that plays the user of a program with windows.
 #pragma once
 
+#include <functional>
+
 #include "base/dialogs.h"
 #include "controls/form_host.h"
 #include "forms/output.h"
@@ -20,10 +22,10 @@ class ScriptPlayer {
   virtual Dialogs& Over(Dialogs& windows) = 0;
   virtual Output& Over(Output& windows) = 0;
 
-  /// Plays the script, once, on a program that was built with these and is started. What is wrong
-  /// is told in a box, and where the player's maker said. A script that ends the program does so
-  /// through EndProgram of the boxes.
-  virtual void Play(Program& program) = 0;
+  /// Plays the script, once, on a program that was built with these and is started; `line_done`
+  /// (may be empty) is called after every command. What is wrong is told in a box, and where the
+  /// player's maker said. A script that ends the program does so through EndProgram of the boxes.
+  virtual void Play(Program& program, const std::function<void()>& line_done) = 0;
 };
 
 }  // namespace vistaplot

@@ -105,6 +105,7 @@ void ScriptRunner::RunLine(const std::string& line) {
     world_.line = number;
     CommandNamed(words.front())(world_, ScriptWords(words).subspan(1));
     world_.out.flush();
+    if (world_.line_done) world_.line_done();
   } catch (ScriptError& error) {
     if (error.line == 0) error.line = number;
     throw;

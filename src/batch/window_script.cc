@@ -122,7 +122,7 @@ class WindowScript : public ScriptPlayer {
     return dialogs_.emplace(windows, answers_, streams_.out);
   }
   Output& Over(Output& windows) override { return output_.emplace(windows); }
-  void Play(Program& program) override;
+  void Play(Program& program, const std::function<void()>& line_done) override;
 
  private:
   void SetPlaying(bool playing) {
@@ -142,7 +142,7 @@ class WindowScript : public ScriptPlayer {
   std::optional<PlayingOutput> output_;
 };
 
-void WindowScript::Play(Program& program) {
+void WindowScript::Play(Program& program, const std::function<void()>& line_done) {
   std::ostringstream errors;
   ScriptWorld world{.forms = program.Forms(),
                     .table = program.State().table,
@@ -151,7 +151,8 @@ void WindowScript::Play(Program& program) {
                     .state_json = [&program] { return StateJson(program.State()); },
                     .exporter = exporter_,
                     .out = streams_.out,
-                    .err = errors};
+                    .err = errors,
+                    .line_done = line_done};
   SetPlaying(true);
   ScriptRunner(world, path_).Run(script_, {});
   SetPlaying(false);

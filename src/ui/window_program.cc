@@ -53,6 +53,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
   dialogs_.Use(&window_, program_.State().roots);
   host_.Use(window_, program_.AllScreens().frmMain, program_.State().table, program_.State().roots);
   connect(&window_, &MainWindow::CloseAsked, this, [this] {
+    if (stage_.DefersClosing()) return;
     guard_.Run([this] { program_.AllScreens().frmMain.mnuFileExit_Click(); });
   });
   connect(&window_, &MainWindow::ToolsLeft, this, [this] {
@@ -75,7 +76,7 @@ bool WindowProgram::Start() {
 int WindowProgram::Run() {
   if (!Start()) return *guard_.Status();
   if (player_ != nullptr) {
-    QTimer::singleShot(0, this, [this] { guard_.Run([this] { player_->Play(program_); }); });
+    QTimer::singleShot(0, this, [this] { guard_.Run([this] { stage_.Play(*player_); }); });
   }
   QApplication::exec();
   return guard_.Status().value_or(kExitDone);

@@ -11,6 +11,7 @@
 #include "ui/qt_dialogs.h"
 #include "ui/qt_host.h"
 #include "ui/qt_output.h"
+#include "ui/script_stage.h"
 
 namespace vistaplot {
 
@@ -59,6 +60,7 @@ class WindowProgram : public QObject {
   QtOutput output_{guard_};
   Program program_;
   MainWindow window_;
+  ScriptStage stage_{program_, window_};
 };
 
 }  // namespace vistaplot

@@ -19,6 +19,7 @@ struct DesktopWorld {
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
+  int lines = 0;  ///< that were told to be done
   BatchStreams streams{.in = in, .out = out, .err = err};
 
   // Plays `script` to its end in a program of its own; null when its file cannot be read.
@@ -34,7 +35,7 @@ struct DesktopWorld {
                      .program_dir = world.folder.Path(),
                      .roots = {}});
     program.Start();
-    player.Value()->Play(program);
+    player.Value()->Play(program, [this] { ++lines; });
     program.AllScreens().frmMain.mnuHelpAbout_Click();  // by now the boxes are the desktop's
   }
 };
@@ -58,6 +59,7 @@ TEST(WindowScript, PrintsNothingWhileItPlays) {
       "click frmTab.cmdLoadData\n"
       "click FrmMain.cmdShowData\n"
       "click FrmMain.mnuFilePrint\n");
+  EXPECT_EQ(desktop.lines, 5);
   EXPECT_TRUE(desktop.world.output.calls.empty());
   EXPECT_NE(desktop.out.str().find("The sheet was not printed: a script has no printer"),
             std::string::npos)

@@ -1,0 +1,34 @@
+// Where a script plays in windows: they are on the display before its first line, and follow it
+// while it plays. The user's keys and clicks wait until its end; closing the frame ends it.
+#pragma once
+
+#include <QElapsedTimer>
+
+#include "app/program.h"
+#include "app/script_player.h"
+#include "ui/main_window.h"
+
+namespace vistaplot {
+
+class ScriptStage {
+ public:
+  ScriptStage(Program& program, MainWindow& window) : program_(program), window_(window) {}
+
+  /// Plays the script to its end; what is thrown by the program's end passes through.
+  void Play(ScriptPlayer& player);
+
+  /// True while a script plays. The frame then closes after the line that runs.
+  bool DefersClosing();
+
+ private:
+  void AwaitDisplay();
+  void FollowScript();
+
+  Program& program_;
+  MainWindow& window_;
+  QElapsedTimer since_painted_;
+  bool playing_ = false;
+  bool close_asked_ = false;
+};
+
+}  // namespace vistaplot

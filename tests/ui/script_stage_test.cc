@@ -1,0 +1,72 @@
+#include "ui/script_stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QThread>
+#include <QWindow>
+
+#include "support/screen_world.h"
+#include "ui/window_program.h"
+
+namespace vistaplot {
+namespace {
+
+using namespace test;
+
+constexpr unsigned long kLongLine = 60;  // milliseconds, more than a picture stands
+
+class PaintCounter : public QObject {
+ public:
+  int paints = 0;
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+/// Plays a line that shows the data screen, then the desktop asks the frame to close.
+class TwoLines : public ScriptPlayer {
+ public:
+  WindowProgram* windows = nullptr;
+  bool exposed_at_first = false;
+  int grid_paints = 0;
+  bool went_on_after_close = false;
+
+  FormHost& Over(FormHost& host) override { return host; }
+  Dialogs& Over(Dialogs& dialogs) override { return dialogs; }
+  Output& Over(Output& output) override { return output; }
+
+  void Play(Program& program, const std::function<void()>& line_done) override {
+    exposed_at_first = windows->Window().windowHandle()->isExposed();
+    program.AllScreens().frmMain.cmdShowData_Click();
+    PaintCounter counter;
+    auto* grid = windows->Window().findChild<QWidget*>(QStringLiteral("F1Book1"));
+    ASSERT_NE(grid, nullptr);
+    for (QWidget* part : grid->findChildren<QWidget*>()) part->installEventFilter(&counter);
+    QThread::msleep(kLongLine);
+    line_done();
+    grid_paints = counter.paints;
+    EXPECT_FALSE(windows->Window().close()) << "not in the middle of a line";
+    QThread::msleep(kLongLine);
+    line_done();
+    went_on_after_close = true;
+  }
+};
+
+TEST(ScriptStage, WindowsFollowTheScriptAndClosingThemEndsIt) {
+  ScreenWorld world;
+  TwoLines player;
+  WindowProgram program({.quoteline = world.quoteline,
+                         .settings = world.settings,
+                         .display = PixelSize{1280, 960},
+                         .player = &player});
+  player.windows = &program;
+  EXPECT_EQ(program.Run(), kExitDone);
+  EXPECT_TRUE(player.exposed_at_first);
+  EXPECT_GT(player.grid_paints, 0);
+  EXPECT_FALSE(player.went_on_after_close);
+}
+
+}  // namespace
+}  // namespace vistaplot
