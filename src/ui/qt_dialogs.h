@@ -2,21 +2,13 @@
 #pragma once
 
 #include <QPointer>
-#include <QStringList>
 #include <QWidget>
-#include <string_view>
 
 #include "base/dialogs.h"
 #include "base/host_path.h"
 #include "ui/event_guard.h"
 
-class QFileDialog;
-
 namespace vistaplot {
-
-/// Old-style filters "Summary (*.SUM)|*.SUM|All (*.*)|*.*" as the toolkit's: "Summary (*.SUM)",
-/// "All (*)". A pattern list is parted by ";"; a text without a pattern behind it is dropped.
-QStringList NameFilters(std::string_view old_style);
 
 class QtDialogs : public Dialogs {
  public:
@@ -35,7 +27,6 @@ class QtDialogs : public Dialogs {
 
  private:
   QWidget* Owner() const;
-  void SetUp(QFileDialog& dialog, const FileRequest& request) const;
 
   const EventGuard& guard_;
   QPointer<QWidget> window_;

@@ -9,11 +9,13 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
 #include "support/temporary_folder.h"
+#include "ui/file_dialog.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {
@@ -124,6 +126,40 @@ TEST(QtDialogs, TheSavedNameTakesTheChosenFiltersEndingAndKeepsItsFolder) {
        .initial_folder = folder.Path(),
        .overwrite_prompt = true});
   EXPECT_EQ(path, elsewhere + "/mine.svg");
+}
+
+TEST(QtDialogs, AFileOfAnotherCaseIsReplacedOnlyWhenAgreedTo) {
+  const test::TemporaryFolder folder;
+  folder.Write("chart.png", "old");
+  const PathRoots roots;
+  Boxes boxes;
+  boxes.dialogs.Use(nullptr, roots);
+  std::vector<QString> questions;
+  const auto answer = [&questions](QMessageBox::StandardButton button) {
+    OnNextBox<QMessageBox>([&questions, button](QMessageBox& box) {
+      questions.push_back(box.text());
+      EXPECT_EQ(box.standardButton(box.defaultButton()), QMessageBox::No);
+      box.button(button)->click();
+    });
+  };
+  OnNextBox<QFileDialog>([&](QFileDialog& box) {
+    box.findChild<QLineEdit*>("fileNameEdit")->setText("Chart.png");
+    answer(QMessageBox::No);
+    QMetaObject::invokeMethod(&box, "accept");
+    EXPECT_TRUE(box.isVisible());
+    answer(QMessageBox::Yes);
+    QMetaObject::invokeMethod(&box, "accept");
+  });
+  const auto path = boxes.dialogs.ChooseFileToSave({.title = "Save Chart As",
+                                                    .filter = "PNG picture (*.png)|*.png",
+                                                    .file_name = "chart.png",
+                                                    .default_extension = "png",
+                                                    .initial_folder = folder.Path(),
+                                                    .overwrite_prompt = true});
+  ASSERT_TRUE(path);
+  EXPECT_EQ(HostPath(*path, roots), folder.Path("chart.png"));
+  const QString question = "chart.png already exists.\nDo you want to replace it?";
+  EXPECT_EQ(questions, (std::vector{question, question}));
 }
 
 TEST(QtDialogs, EndOfTheProgramUnwindsThroughAnOpenBox) {
