@@ -8,19 +8,26 @@
 
 namespace vistaplot {
 
-class BusyScope {
+/// The pointer alone, for a command whose steps tell their action themselves.
+class HourglassScope {
  public:
-  BusyScope(Form& form, Progress& progress, std::string_view action)
-      : form_(form), progress_(progress, action) {
-    form_.SetPointer(MousePointer::kHourglass);
-  }
-  ~BusyScope() { form_.SetPointer(MousePointer::kDefault); }
-  BusyScope(const BusyScope&) = delete;
-  BusyScope& operator=(const BusyScope&) = delete;
+  explicit HourglassScope(Form& form) : form_(form) { form_.SetPointer(MousePointer::kHourglass); }
+  ~HourglassScope() { form_.SetPointer(MousePointer::kDefault); }
+  HourglassScope(const HourglassScope&) = delete;
+  HourglassScope& operator=(const HourglassScope&) = delete;
 
  private:
   Form& form_;
+};
+
+class BusyScope {
+ public:
+  BusyScope(Form& form, Progress& progress, std::string_view action)
+      : progress_(progress, action), pointer_(form) {}
+
+ private:
   ProgressScope progress_;
+  HourglassScope pointer_;
 };
 
 }  // namespace vistaplot

@@ -69,32 +69,32 @@ FrmTab::FrmTab(const Context& context)
 }
 
 void FrmTab::DesignChoices() {
-  Add({{&lblDataType, "lblDataType", "Data Type:", At(180, 195, 1770, 255)},
-       {&cboDataType, "cboDataType", "", At(2010, 150, 2790, 330)},
-       {&lblGraphType, "lblGraphType", "Graph Type:", At(180, 615, 1770, 255)},
-       {&cboGraphType, "cboGraphType", "", At(2010, 570, 2790, 330)},
-       {&lblXParm, "lblXParm", "X Parameter:", At(180, 1035, 1770, 255)},
-       {&cboXParm, "cboXParm", "", At(2010, 990, 2790, 330)},
-       {&lblYParm, "lblYParm", "Y Parameter:", At(180, 1455, 1770, 255)},
-       {&cboYParm, "cboYParm", "", At(2010, 1410, 2790, 330)},
-       {&lblDataField, "lblDataField", "Data Field:", At(180, 1875, 1770, 255)},
-       {&cboDataField, "cboDataField", "", At(2010, 1830, 2790, 330)},
-       {&lblPercent, "lblPercent", "% of data to graph", At(180, 2295, 1770, 255)},
-       {&cboPercent, "cboPercent", "", At(2010, 2250, 1200, 330)},
+  Add({{&lblDataType, "lblDataType", "Data Type:", At(180, 195, 1740, 255)},
+       {&cboDataType, "cboDataType", "", At(1950, 150, 3720, 330)},
+       {&lblGraphType, "lblGraphType", "Graph Type:", At(180, 615, 1740, 255)},
+       {&cboGraphType, "cboGraphType", "", At(1950, 570, 3720, 330)},
+       {&lblXParm, "lblXParm", "X Parameter:", At(180, 1035, 1740, 255)},
+       {&cboXParm, "cboXParm", "", At(1950, 990, 3720, 330)},
+       {&lblYParm, "lblYParm", "Y Parameter:", At(180, 1455, 1740, 255)},
+       {&cboYParm, "cboYParm", "", At(1950, 1410, 3720, 330)},
+       {&lblDataField, "lblDataField", "Data Field:", At(180, 1875, 1740, 255)},
+       {&cboDataField, "cboDataField", "", At(1950, 1830, 3720, 330)},
+       {&lblPercent, "lblPercent", "% of data to graph", At(180, 2295, 1740, 255)},
+       {&cboPercent, "cboPercent", "", At(1950, 2250, 1200, 330)},
        {&cmdFileName, "cmdFileName", "File Name", At(180, 2760, 1500, 420)},
-       {&lblFileName, "lblFileName", "", At(2010, 2850, 7410, 255)}});
+       {&lblFileName, "lblFileName", "", At(1950, 2850, 7470, 255)}});
   cboPercent.SetEntries(Texts(kPercents));
 }
 
 void FrmTab::DesignSelections() {
-  Add({{&fraSelect, "fraSelect", "Selections", At(180, 1050, 2220, 1170)},
-       {&OptSelect, "OptSelect", "", At(330, 1350, 1920, 780), &fraSelect},
-       {&fraOneAll, "fraOneAll", "Graph", At(2580, 1050, 2220, 1170)},
-       {&optOneAll, "optOneAll", "", At(2730, 1350, 1920, 780), &fraOneAll},
-       {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(2580, 2310, 2220, 420)},
+  Add({{&fraSelect, "fraSelect", "Selections", At(180, 1050, 2640, 1170)},
+       {&OptSelect, "OptSelect", "", At(330, 1350, 2340, 780), &fraSelect},
+       {&fraOneAll, "fraOneAll", "Graph", At(3030, 1050, 2640, 1170)},
+       {&optOneAll, "optOneAll", "", At(3180, 1350, 2340, 780), &fraOneAll},
+       {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(3030, 2310, 2640, 420)},
        {&lblIndex, "lblIndex", "Fi&nd:", At(180, 2880, 600, 255)},
-       {&txtIndex, "txtIndex", "", At(840, 2835, 2100, 330)},
-       {&cmdLoadData, "cmdLoadData", "&Load Data", At(3120, 2790, 1680, 420)},
+       {&txtIndex, "txtIndex", "", At(840, 2835, 2760, 330)},
+       {&cmdLoadData, "cmdLoadData", "&Load Data", At(3780, 2790, 1890, 420)},
        {&lstIndex, "lstIndex", "", At(180, 3330, 9240, 3720)},
        {&lstIndex2, "lstIndex2", "", At(180, 3330, 9240, 3720)},
        {&File1, "File1", "", At(180, 3330, 2400, 900)}});
@@ -128,7 +128,7 @@ void FrmTab::DesignIndicators() {
   const std::vector<CheckBox*> boxes = Indicators();
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     const float top = 150.0F + 360.0F * static_cast<float>(i);
-    Add({{boxes[i], kNames[i], kCaptions[i], At(5040, top, 3000, 300)}});
+    Add({{boxes[i], kNames[i], kCaptions[i], At(5910, top, 3000, 300)}});
     boxes[i]->SetVisible(false);
   }
 }

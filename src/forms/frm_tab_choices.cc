@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "forms/busy_scope.h"
 #include "forms/frm_tab.h"
 #include "forms/screens.h"
 
@@ -70,6 +71,7 @@ void FrmTab::SetUpForPrices() {
   context_.state.selection.TimePeriodIndex = kSixMonths;
   ResetTable(0);
   cboGraphType.SetEntries({kPriceGraphs.begin(), kPriceGraphs.end()});
+  ShowParameterLists(false, false);  // they lie where the lists of issues are about to be filled
   LoadMarketCalendar(context_.quoteline, context_.state.market, context_.dialogs);
   RefreshIssueList();
   context_.state.table.SetSheetCount(2);
@@ -96,6 +98,7 @@ void FrmTab::ResetTable(int spare_sheets) {
 }
 
 void FrmTab::RefreshIssueList() {
+  const HourglassScope hourglass(*this);
   if (FamiliesChosen()) {
     ListFamilies();
   } else {
