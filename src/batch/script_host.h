@@ -29,6 +29,9 @@ class ScriptHost : public FormHost {
   void RunModal(Form& form) override;
   Form* FrontScreen() const override { return front_; }
   void Arrange(WindowArrangement /*arrangement*/) override {}
+  void StepScreen(bool /*forward*/) override {}
+  void SwitchFullScreen() override {}
+  void ShowKeys() override {}
 
  private:
   DisplaySize display_;

@@ -32,6 +32,11 @@ class PlayingHost : public ScriptHost {
   void PointerChanged(Form& form) override { windows_.PointerChanged(form); }
   Form* FrontScreen() const override { return windows_.FrontScreen(); }
   void Arrange(WindowArrangement arrangement) override { windows_.Arrange(arrangement); }
+  void StepScreen(bool forward) override { windows_.StepScreen(forward); }
+  void SwitchFullScreen() override { windows_.SwitchFullScreen(); }
+  void ShowKeys() override {
+    if (!playing) windows_.ShowKeys();  // nobody would close the list
+  }
   void RunModal(Form& form) override {
     playing ? ScriptHost::RunModal(form) : windows_.RunModal(form);
   }

@@ -75,7 +75,11 @@ void FrmMain::DesignMenus() {
        {&mnuWindowCascade, "mnuWindowCascade", "&Cascade", {}, &mnuWindow},
        {&mnuwindowTile, "mnuwindowTile", "&Tile", {}, &mnuWindow},
        {&mnuWindowArrange, "mnuWindowArrange", "&Arrange Icons", {}, &mnuWindow},
+       {&mnuWindowNext, "mnuWindowNext", "&Next Screen", {}, &mnuWindow},
+       {&mnuWindowPrevious, "mnuWindowPrevious", "&Previous Screen", {}, &mnuWindow},
+       {&mnuWindowFullScreen, "mnuWindowFullScreen", "&Full Screen", {}, &mnuWindow},
        {&mnuHelp, "mnuHelp", "Help", {}},
+       {&mnuHelpKeys, "mnuHelpKeys", "&Keys", {}, &mnuHelp},
        {&mnuHelpAbout, "mnuHelpAbout", "About", {}, &mnuHelp}});
 }
 
@@ -124,6 +128,10 @@ void FrmMain::ConnectMenus() {
   mnuWindowCascade.Click = [this] { Host().Arrange(WindowArrangement::kCascade); };
   mnuwindowTile.Click = [this] { Host().Arrange(WindowArrangement::kTile); };
   mnuWindowArrange.Click = [this] { Host().Arrange(WindowArrangement::kArrangeIcons); };
+  mnuWindowNext.Click = [this] { Host().StepScreen(true); };
+  mnuWindowPrevious.Click = [this] { Host().StepScreen(false); };
+  mnuWindowFullScreen.Click = [this] { Host().SwitchFullScreen(); };
+  mnuHelpKeys.Click = [this] { Host().ShowKeys(); };
   mnuHelpAbout.Click = [this] { mnuHelpAbout_Click(); };
 }
 

@@ -35,7 +35,11 @@ class FrmMain : public Form {
   MenuItem mnuWindowCascade;
   MenuItem mnuwindowTile;
   MenuItem mnuWindowArrange;
+  MenuItem mnuWindowNext;
+  MenuItem mnuWindowPrevious;
+  MenuItem mnuWindowFullScreen;
   MenuItem mnuHelp;
+  MenuItem mnuHelpKeys;
   MenuItem mnuHelpAbout;
 
   Panel pnlTool;

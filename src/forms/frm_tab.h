@@ -107,6 +107,7 @@ class FrmTab : public Form {
   void ForgetLoad();
   void ForgetGraphedFunds();
   void SummariseLoad();
+  std::string LoadedText() const;  ///< what the main window says of a finished load
   std::vector<std::string> SummarySymbols() const;
 
   const Context& context_;

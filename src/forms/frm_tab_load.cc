@@ -97,6 +97,7 @@ void FrmTab::ForgetLoad() {
   prices.selection.clear();
   state.table.NotifyContent(1);
   state.flags.ResultFileLoaded = false;
+  context_.screens.frmMain.pnlStatus.SetCaption("");
   ForgetGraphedFunds();
 }
 
@@ -124,6 +125,15 @@ void FrmTab::SummariseLoad() {
   FinishPriceLoad(state.table);
   ForgetGraphedFunds();
   state.flags.ResultFileLoaded = true;
+  context_.screens.frmMain.pnlStatus.SetCaption(LoadedText());
+}
+
+std::string FrmTab::LoadedText() const {
+  const Sheet& prices = context_.state.table.SheetAt(1);
+  const int issues = context_.state.load.IssueColumnCount;
+  return prices.SheetName + ": " + std::to_string(issues) +
+         (issues == 1 ? " issue, " : " issues, ") + prices.CellText(2, 1) + " to " +
+         prices.CellText(prices.MaxRow, 1);
 }
 
 std::vector<std::string> FrmTab::SummarySymbols() const {

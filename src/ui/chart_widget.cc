@@ -8,7 +8,6 @@
 #include <cmath>
 #include <utility>
 
-#include "charts/hit_test.h"
 #include "ui/chart_canvas.h"
 #include "ui/qt_color.h"
 #include "ui/qt_text.h"
@@ -301,7 +300,17 @@ void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (!pressed_at || (at - *pressed_at).manhattanLength() > kClickReach) return;
   Prepare();
   const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
-  if (hit) SelectPoint(hit->series, hit->point);
+  if (hit) SelectPoint(hit->series, RowOfClick(*hit));
+}
+
+// On a steep curve the nearest point may be days beside the pointer; the day that the read-out
+// shows is meant.
+int ChartWidget::RowOfClick(const ChartHit& hit) const {
+  const auto is_hit = [&hit](const CrossHairPoint& point) { return point.series == hit.series; };
+  const bool over_days = control_.view.ChartType != kChartXY;
+  const bool read_out = over_days && cross_hair_.Shown() &&
+                        std::any_of(marks_.points.begin(), marks_.points.end(), is_hit);
+  return read_out ? cross_hair_.Row() : hit.point;
 }
 
 void ChartWidget::SelectPoint(int series, int point) {

@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "charts/chart_picture.h"
+#include "charts/hit_test.h"
 #include "charts/layout.h"
 #include "controls/view_controls.h"
 #include "ui/crosshair.h"
@@ -83,6 +84,7 @@ class ChartWidget : public QWidget {
   bool ChooseNext(int step);
   int LabelSpacing() const;
   void PointAt(QPointF at);
+  int RowOfClick(const ChartHit& hit) const;
   void SelectPoint(int series, int point);
   void ShowCrossHair(std::optional<double> near_y = {});
   void HideCrossHair();

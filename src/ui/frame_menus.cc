@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "ui/access_keys.h"
 #include "ui/qt_text.h"
 
 namespace vistaplot {
@@ -49,6 +50,10 @@ FrameMenus::FrameMenus(const Form& frame, QMenuBar& bar, EventGuard& guard) : ba
   for (Control* control : frame.Controls()) {
     if (control->Kind() != ControlKind::kMenuItem) continue;
     AddItem(static_cast<MenuItem&>(*control), frame, guard);
+  }
+  GiveAccessKeys(bar.actions());
+  for (const QAction* above : bar.actions()) {
+    if (above->menu() != nullptr) GiveAccessKeys(above->menu()->actions());
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QStatusBar>
 #include <QToolTip>
 #include <algorithm>
@@ -52,6 +53,13 @@ bool ToolAdapter::eventFilter(QObject* watched, QEvent* event) {
     PointerCame();
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), TipText());
     return true;
+  }
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+      action_->trigger();
+      return true;
+    }
   }
   return ControlAdapter::eventFilter(watched, event);
 }

@@ -36,6 +36,9 @@ class GridArea : public QTableView {
   QString SelectedText() const;
   void CopySelection() const;
 
+  /// The sheet `step` beside the active one becomes active; none without cells does.
+  void StepSheet(int step);
+
   const GridGeometry& Geometry() const { return geometry_; }
 
   QRect visualRect(const QModelIndex& index) const override;
@@ -104,7 +107,6 @@ class GridArea : public QTableView {
   bool SelectKey(const QKeyEvent& event);
   bool CommandKey(const QKeyEvent& event);
   std::optional<GridCell> Target(int key, bool to_end) const;
-  void StepSheet(int step);
 
   Grid& grid_;
   DataTable& table_;
@@ -118,6 +120,7 @@ class GridArea : public QTableView {
   std::optional<GridCell> pressed_;  ///< with the left button, until it is released
   std::optional<GridCell> pressed_right_;
   std::optional<Resize> resize_;
+  bool adding_ = false;   ///< moving leaves the selection, until further cells are selected
   bool is_drag_ = false;  ///< the pressed button has left its cell
   QPoint drag_point_;
   QBasicTimer drag_timer_;

@@ -34,6 +34,10 @@ bool GridArea::CommandKey(const QKeyEvent& event) {
 bool GridArea::SelectKey(const QKeyEvent& event) {
   const bool with_control = event.modifiers().testFlag(Qt::ControlModifier);
   const bool with_shift = event.modifiers().testFlag(Qt::ShiftModifier);
+  if (event.key() == Qt::Key_F8 && with_shift) {
+    adding_ = !adding_;
+    return true;
+  }
   if (event.key() == Qt::Key_A && with_control) {
     Chosen().Widen(GridUnit::kSheet);
   } else if (event.key() == Qt::Key_Space && with_control) {
@@ -43,6 +47,7 @@ bool GridArea::SelectKey(const QKeyEvent& event) {
   } else {
     return false;
   }
+  adding_ = false;
   Commit();
   return true;
 }
@@ -52,6 +57,9 @@ bool GridArea::MoveKey(const QKeyEvent& event) {
   if (!target) return false;
   if (event.modifiers().testFlag(Qt::ShiftModifier)) {
     Chosen().ExtendTo(*target);
+    adding_ = false;
+  } else if (adding_) {
+    Chosen().Place(*target);
   } else {
     Chosen().Start(GridUnit::kCell, *target);
   }

@@ -53,6 +53,7 @@ void GridArea::mousePressEvent(QMouseEvent* event) {
 }
 
 void GridArea::Choose(GridCell cell, Qt::KeyboardModifiers modifiers) {
+  adding_ = false;
   GridSelection& chosen = Chosen();
   const GridUnit unit = UnitOf(cell);
   if (modifiers.testFlag(Qt::ShiftModifier)) {

@@ -1,5 +1,6 @@
 #include "ui/grid_view.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -26,6 +27,7 @@ GridView::GridView(Grid& grid, DataTable& table, EventGuard& guard, QWidget* par
   layout->addWidget(area_, 1);
   layout->addWidget(tabs_);
   setFocusProxy(area_);
+  tabs_->installEventFilter(this);
   connect(tabs_, &QTabBar::currentChanged, this, &GridView::Choose);
   table_.SetObserver(this);
   ShowTabs();
@@ -74,6 +76,19 @@ void GridView::ShowTabs() {
     if (tabs_->tabText(tab) != caption) tabs_->setTabText(tab, caption);
     if (number == table_.ActiveSheet()) tabs_->setCurrentIndex(tab);
   }
+}
+
+// The keys that change the sheet do so wherever the keyboard is on this screen.
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool pages = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
+    if (pages && key.modifiers() == Qt::ControlModifier) {
+      area_->StepSheet(key.key() == Qt::Key_PageUp ? -1 : 1);
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void GridView::Choose(int tab) {

@@ -28,6 +28,9 @@ class GridView : public QWidget, public TableObserver {
   void SheetsChanged() override;
   void ContentChanged(int sheet) override;
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   std::vector<int> SheetsToShow() const;
   void ShowTabs();

@@ -52,6 +52,7 @@ constexpr KeyText kData[] = {{"Arrows, Page Up, Page Down", "move by a cell, by 
                              {"Shift with any of these", "extend the selection"},
                              {"Ctrl+click, Shift+click", "select a further block, up to this cell"},
                              {"Ctrl+Space, Shift+Space", "select whole columns, whole rows"},
+                             {"Shift+F8", "move on without selecting, for further blocks"},
                              {"Ctrl+A", "select the whole sheet"},
                              {"Enter on a heading", "sort the summary by this column"},
                              {"Menu key, Shift+F10", "chart the fund of this row of the summary"},
@@ -63,6 +64,7 @@ constexpr KeyText kChart[] = {{"Left, Right", "cross-hair to the day before, aft
                               {"Up, Down", "previous, next curve"},
                               {"Enter, click on a curve", "tell the value of the day"},
                               {"Escape", "put the cross-hair away"},
+                              {"Alt+Left, Alt+Right", "previous, next fund, one at a time"},
                               {"Wheel", "earlier, later days"},
                               {"Ctrl+wheel", "shorter, longer time period"},
                               {"F11", "chart on the whole display, and back"}};

@@ -37,19 +37,6 @@ void MainWindow::SetShortcut(std::string_view command, const QKeySequence& key) 
   GiveKey(*action, key);
 }
 
-QAction* MainWindow::AddCommand(std::string_view menu,
-                                const QString& caption,
-                                const QKeySequence& key) {
-  QAction* above = menus_.Find(menu);
-  QWidget* holder = above == nullptr || above->menu() == nullptr
-                        ? menuBar()
-                        : static_cast<QWidget*>(above->menu());
-  auto* command = new QAction(caption, this);
-  GiveKey(*command, key);
-  holder->addAction(command);
-  return command;
-}
-
 void MainWindow::GiveKey(QAction& command, const QKeySequence& key) {
   command.setShortcut(key);
   command.setShortcutContext(Qt::ApplicationShortcut);
@@ -93,6 +80,7 @@ void MainWindow::ToggleToolFocus() {
     if (ScreenWindow* front = area_.Front()) front->GiveFocus();
     return;
   }
+  if (ScreenWindow* front = area_.Front()) front->KeepFocus();
   for (QAction* tool : bar->actions()) {
     if (tool->isSeparator() || !tool->isVisible() || !tool->isEnabled()) continue;
     activateWindow();  // the key may have come from another window

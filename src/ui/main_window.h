@@ -29,10 +29,6 @@ class MainWindow : public QMainWindow {
   /// A key for the menu command or tool of that control name; no command, no key.
   void SetShortcut(std::string_view command, const QKeySequence& key);
 
-  /// A command of the windows alone, at the end of the menu of that control name; on the bar itself
-  /// when there is no such menu.
-  QAction* AddCommand(std::string_view menu, const QString& caption, const QKeySequence& key);
-
   /// A key that stands in no menu.
   void AddKey(const QKeySequence& key, const std::function<void()>& action);
 

@@ -1,9 +1,11 @@
 #include "ui/qt_host.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/form_windows.h"
+#include "ui/key_list.h"
 #include "ui/pointer_pause.h"
 
 namespace vistaplot {
@@ -14,6 +16,12 @@ QSize InPixels(const DisplaySize& display) {
   constexpr float kTwipsPerPixel = 15.0F;
   return {static_cast<int>(std::lround(display.width / kTwipsPerPixel)),
           static_cast<int>(std::lround(display.height / kTwipsPerPixel))};
+}
+
+bool ShowsChart(const Form& form) {
+  return std::any_of(form.Controls().begin(), form.Controls().end(), [](const Control* control) {
+    return control->Kind() == ControlKind::kChartBox;
+  });
 }
 
 }  // namespace
@@ -126,6 +134,21 @@ void QtHost::RunModal(Form& form) {
 
 void QtHost::Arrange(WindowArrangement arrangement) {
   window_->Area().Arrange(arrangement);
+}
+
+void QtHost::StepScreen(bool forward) {
+  window_->Area().Step(forward);
+}
+
+void QtHost::SwitchFullScreen() {
+  const Form* front = FrontScreen();
+  const bool has_chart = front != nullptr && ShowsChart(*front);
+  if (has_chart || window_->isFullScreen()) window_->ToggleFullScreen();
+}
+
+void QtHost::ShowKeys() {
+  QWidget* active = QApplication::activeWindow();
+  ShowKeyList(active == nullptr ? window_ : active);
 }
 
 }  // namespace vistaplot

@@ -47,6 +47,9 @@ class QtHost : public FormHost {
   void PointerChanged(Form& form) override;
   void RunModal(Form& form) override;
   void Arrange(WindowArrangement arrangement) override;
+  void StepScreen(bool forward) override;
+  void SwitchFullScreen() override;
+  void ShowKeys() override;
 
  private:
   struct Entry {

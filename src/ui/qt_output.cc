@@ -21,7 +21,7 @@ namespace {
 constexpr double kUnitsPerInch = 96.0;  ///< of a chart's picture on paper
 constexpr double kPageDetail = 4.0;     ///< curves keep what four columns a unit can show
 constexpr double kSheetPoints = 8.0;    ///< size of a sheet's font
-constexpr int kManyPages = 200;         ///< more are asked about
+constexpr int kManyPages = 20;          ///< more are asked about
 
 RuntimeError Refusal(std::string why, const QString& subject) {
   return {
@@ -120,7 +120,7 @@ bool QtOutput::AskForPrinter(QPrinter& printer, const QString& title) const {
   return accepted;
 }
 
-// Thousands of pages are rarely meant.
+// Years of daily prices take hundreds of pages, which are rarely meant.
 bool QtOutput::AgreedTo(int pages) const {
   if (pages <= kManyPages || dialogs_ == nullptr) return true;
   const Answer answer = dialogs_->ShowMessage(

@@ -7,17 +7,21 @@
 #include <array>
 #include <utility>
 
-#include "ui/key_list.h"
-
 namespace vistaplot {
 
 namespace {
 
 /// Keys of the frame's menu commands and tools, by control name.
-constexpr std::array<std::pair<std::string_view, const char*>, 7> kCommandKeys = {
+constexpr std::array<std::pair<std::string_view, const char*>, 13> kCommandKeys = {
     {{"mnuFilePrint", "Ctrl+P"},
      {"mnuFileExit", "Ctrl+Q"},
      {"mnuEditCopy", "Ctrl+C"},
+     {"mnuWindowNext", "Ctrl+Tab"},
+     {"mnuWindowPrevious", "Ctrl+Shift+Tab"},
+     {"mnuWindowFullScreen", "F11"},
+     {"mnuHelpKeys", "F1"},
+     {"cmdPrev", "Alt+Left"},
+     {"cmdNext", "Alt+Right"},
      {"cmdShowMain", "Ctrl+1"},
      {"cmdShowData", "Ctrl+2"},
      {"cmdShowGraph", "Ctrl+3"},
@@ -26,12 +30,6 @@ constexpr std::array<std::pair<std::string_view, const char*>, 7> kCommandKeys =
 QSize AvailableSize() {
   const QScreen* screen = QApplication::primaryScreen();
   return screen == nullptr ? QSize(1280, 960) : screen->availableGeometry().size();
-}
-
-bool ShowsChart(const Form& form) {
-  return std::any_of(form.Controls().begin(), form.Controls().end(), [](const Control* control) {
-    return control->Kind() == ControlKind::kChartBox;
-  });
 }
 
 }  // namespace
@@ -102,15 +100,7 @@ void WindowProgram::SetUpKeys() {
   }
   window_.ListScreensIn("mnuWindow");
   connect(&window_.Area(), &QMdiArea::subWindowActivated, this, [this] { FollowFront(); });
-  QAction* keys = window_.AddCommand("mnuHelp", QStringLiteral("&Keys"), QKeySequence(Qt::Key_F1));
-  connect(keys, &QAction::triggered, this, [this] {
-    QWidget* active = QApplication::activeWindow();
-    ShowKeyList(active == nullptr ? &window_ : active);
-  });
-  window_.AddKey(Qt::CTRL | Qt::Key_Tab, [this] { window_.Area().Step(true); });
-  window_.AddKey(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { window_.Area().Step(false); });
   window_.AddKey(Qt::Key_F6, [this] { window_.ToggleToolFocus(); });
-  window_.AddKey(Qt::Key_F11, [this] { FullScreen(); });
 }
 
 // Ctrl+S stands in the menu beside the command that it means on this screen.
@@ -149,13 +139,6 @@ std::string WindowProgram::PriceText(const ChartView& view, int series, int poin
     return prices.CellText(state.selection.FirstDay + point, column);
   }
   return {};  // an overlay, or a chart of something else
-}
-
-void WindowProgram::FullScreen() {
-  const Form* front = host_.FrontScreen();
-  if (window_.isFullScreen() || (front != nullptr && ShowsChart(*front))) {
-    window_.ToggleFullScreen();
-  }
 }
 
 }  // namespace vistaplot

@@ -49,7 +49,6 @@ class WindowProgram : public QObject {
   void SetUpKeys();
   void FollowFront();
   void SizeWindow();
-  void FullScreen();
 
   std::optional<PixelSize> display_;
   ScriptPlayer* player_;

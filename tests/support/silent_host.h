@@ -26,6 +26,9 @@ class SilentHost : public FormHost {
   }
   Form* FrontScreen() const override { return front; }
   void Arrange(WindowArrangement /*arrangement*/) override {}
+  void StepScreen(bool /*forward*/) override {}
+  void SwitchFullScreen() override {}
+  void ShowKeys() override {}
 };
 
 }  // namespace vistaplot::test

@@ -181,6 +181,22 @@ TEST(ChartWidget, AClickOnAPointSelectsItAndSoDoesEnter) {
   EXPECT_EQ(world.chart.ReadOutText(), "");
 }
 
+TEST(ChartWidget, AClickBesideAPointMeansTheDayThatIsReadOff) {
+  ChartWorld world;
+  world.Draw(1, 100);
+  world.box.view.SetData(61, 1, 5.0, false);  // a leap, steeper than the pointer's reach
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
+  const QPoint before = world.PlaceOf(1, 60);
+  const QPoint after = world.PlaceOf(1, 61);
+  const QPoint on_leap(before.x() + 1, (before.y() + 2 * after.y()) / 3);
+  QTest::mouseMove(&world.chart, on_leap);
+  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, on_leap);
+  ASSERT_EQ(world.selections.size(), 1U);
+  EXPECT_EQ(world.selections[0].DataPoint, 60);
+  EXPECT_EQ(world.chart.ReadOutText().left(3), "d60");
+}
+
 TEST(ChartWidget, WhatAHandlerThrowsIsToldAndTheChartGoesOn) {
   ChartWorld world;
   world.box.PointSelected = [](PointSelection&) { throw std::runtime_error("no such row"); };

@@ -57,7 +57,14 @@ TEST(GridView, KeysMoveAndExtendTheSelection) {
                         {Qt::Key_Home, kControl, "2,2-2,2"},
                         {Qt::Key_End, {}, "2,31-2,31"},
                         {Qt::Key_Up, {}, "1,31-1,31"},
-                        {Qt::Key_A, kControl, "1,1-201,31"}};
+                        {Qt::Key_A, kControl, "1,1-201,31"},
+                        {Qt::Key_Home, kControl, "2,2-2,2"},
+                        {Qt::Key_Space, kControl, "1,2-201,2"},
+                        {Qt::Key_F8, kShift, "1,2-201,2"},
+                        {Qt::Key_Right, {}, "1,2-201,2"},
+                        {Qt::Key_Right, {}, "1,2-201,2"},
+                        {Qt::Key_Space, kControl, "1,2-201,2 1,4-201,4"},
+                        {Qt::Key_Right, {}, "2,5-2,5"}};
   GridWorld world;
   world.Click(2, 2);
   for (const Case& a_case : cases) {
@@ -174,6 +181,8 @@ TEST(GridView, TabsShowEverySheetButTheSpareOne) {
   EXPECT_EQ(world.area.model()->rowCount(), 3);
   world.Key(Qt::Key_PageUp, kControl);
   EXPECT_EQ(tabs.currentIndex(), 0);
+  QTest::keyClick(&tabs, Qt::Key_PageDown, kControl);
+  EXPECT_EQ(tabs.currentIndex(), 1);
   world.table.SheetAt(3).MaxRow = 1;
   world.table.SheetAt(3).SheetName = "S&P";
   world.table.NotifyContent(3);

@@ -73,6 +73,49 @@ TEST(WindowProgram, KeysReachScreensAndTools) {
   EXPECT_FALSE(bar.isAncestorOf(QApplication::focusWidget()));
 }
 
+TEST(WindowProgram, EveryMenuAndCommandHasALetterOfItsOwn) {
+  Windows windows;
+  windows.Start();
+  const auto letters = [](const QWidget& holder) {
+    QString found;
+    for (const QAction* action : holder.actions()) {
+      if (!action->isSeparator()) found += QKeySequence::mnemonic(action->text()).toString().back();
+    }
+    return found.toStdString();
+  };
+  const QMenuBar& bar = *windows.program.Window().menuBar();
+  EXPECT_EQ(letters(bar), "FETUWH");
+  EXPECT_EQ(letters(*windows.Command("mnuTime").menu()), "OTMSNYWHFA");
+  EXPECT_EQ(letters(*windows.Command("mnuWindow").menu()), "CTANPF");
+  EXPECT_EQ(letters(*windows.Command("mnuHelp").menu()), "KA");
+}
+
+TEST(WindowProgram, ToolsAreWorkedAndLeftWithTheKeyboard) {
+  Windows windows;
+  windows.Start();
+  MainWindow& window = windows.program.Window();
+  windows.screens.frmTab.cboDataType.SetListIndex(1);
+  windows.screens.frmTab.optOneAll.SetListIndex(1);
+  windows.screens.frmTab.lstIndex.Select({0});
+  windows.screens.frmTab.cmdLoadData.RaiseClick();
+  EXPECT_EQ(windows.screens.frmMain.pnlStatus.Caption(),
+            "TRIO: 3 issues, 01/01/2001 to 10/27/2001");
+  windows.program.Screens().State().table.SheetAt(1).Select({1, 2, test::kWorldDays + 1, 4});
+  QTest::keyClick(&window, Qt::Key_F6);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  const ChartView& chart = windows.screens.frmGraph.VtChart1.view;
+  EXPECT_EQ(chart.ColumnLabelAt(1), "AAA");
+  QWidget* worked = QApplication::focusWidget();
+  QTest::keyClick(&window, Qt::Key_Right, Qt::AltModifier);
+  EXPECT_EQ(chart.ColumnLabelAt(1), "BBB");
+  QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+  QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(chart.ColumnLabelAt(1), "CCC");
+  QTest::keyClick(&window, Qt::Key_F6);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+  EXPECT_EQ(QApplication::focusWidget(), worked);
+}
+
 TEST(WindowProgram, TheListOfKeysNamesEveryKeyOfTheWindow) {
   Windows windows;
   windows.Start();
