@@ -113,6 +113,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   emit CloseAsked();
 }
 
+// Styles show which field has the keyboard only after a key was used for moving; here it is shown
+// from the start.
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange) setAttribute(Qt::WA_KeyboardFocusChange);
+}
+
 void MainWindow::keyPressEvent(QKeyEvent* event) {
   if (isFullScreen() && event->key() == Qt::Key_Escape) {
     ToggleFullScreen();
