@@ -13,8 +13,34 @@ constexpr qint64 kFrame = 40;          ///< milliseconds that a picture stands a
 constexpr qint64 kLongestWait = 3000;  ///< for a display that does not show the window
 constexpr unsigned long kGlance = 5;   ///< milliseconds between two looks at it
 
+/// Keeps the user's hands off the windows while a scope lasts.
+class InputLock : public QObject {
+ public:
+  InputLock() { QCoreApplication::instance()->installEventFilter(this); }
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::KeyPress:
+      case QEvent::KeyRelease:
+      case QEvent::Shortcut:
+      case QEvent::ShortcutOverride:
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::MouseMove:
+      case QEvent::Wheel:
+      case QEvent::ContextMenu:
+        return true;
+      default:
+        return false;
+    }
+  }
+};
+
+// Not without the user's events: the display counts the wish to close a window among them.
 void PaintWindows() {
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  const InputLock lock;
+  QCoreApplication::processEvents();
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Where a script plays in windows: they are on the display before its first line, and follow it
-// while it plays. The user's keys and clicks wait until its end; closing the frame ends it.
+// while it plays. The user's keys and clicks do nothing until its end; closing the frame ends it.
 #pragma once
 
 #include <QElapsedTimer>
