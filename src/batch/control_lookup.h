@@ -34,10 +34,9 @@ FoundControl FindUsable(const ScriptWorld& world, std::string_view name);
 /// what to do instead.
 template <class Kind>
 Kind& ControlAs(const FoundControl& found, std::string_view hint) {
-  Control& any = *found.control;
-  if (auto* control = dynamic_cast<Kind*>(&any)) return *control;
-  throw ScriptError(found.Name() + " is a " + std::string(KindName(any.Kind())) + ": " +
-                    std::string(hint));
+  const std::string kind(KindName(found.control->Kind()));
+  if (auto* control = dynamic_cast<Kind*>(found.control)) return *control;
+  throw ScriptError(found.Name() + " is a " + kind + ": " + std::string(hint));
 }
 
 }  // namespace vistaplot

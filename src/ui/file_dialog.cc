@@ -42,8 +42,8 @@ bool IsPattern(const std::string& name) {
 /// The file name's ending becomes that of the chosen filter's first pattern; filters of all names
 /// leave it.
 void FollowFilter(QFileDialog& dialog, const QString& filter) {
-  static const QRegularExpression first_ending(QStringLiteral("\\(\\*\\.([^*?\\s)]+)"));
-  const QRegularExpressionMatch ending = first_ending.match(filter);
+  static const QRegularExpression kFirstEnding(QStringLiteral("\\(\\*\\.([^*?\\s)]+)"));
+  const QRegularExpressionMatch ending = kFirstEnding.match(filter);
   const QStringList files = dialog.selectedFiles();
   if (!ending.hasMatch() || files.isEmpty()) return;
   const QString suffix = ending.captured(1);
@@ -87,8 +87,8 @@ QStringList NameFilters(std::string_view old_style) {
   const std::vector<std::string_view> parts = Split(old_style, '|');
   for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
     const QString patterns = Patterns(parts[i + 1]);
-    if (!patterns.isEmpty())
-      filters += Description(parts[i]) + QStringLiteral(" (") + patterns + u')';
+    if (patterns.isEmpty()) continue;
+    filters += Description(parts[i]) + QStringLiteral(" (") + patterns + u')';
   }
   return filters;
 }

@@ -20,7 +20,7 @@ GridText::GridText(const QFont& font)
   const QList<quint32> glyphs = raw_.glyphIndexesForString(QtText(kFigures));
   if (!raw_.isValid() || glyphs.size() != static_cast<qsizetype>(kFigures.size())) return;
   for (std::size_t i = 0; i < kFigures.size(); ++i) {
-    const auto character = static_cast<std::size_t>(kFigures[i]);
+    const auto character = static_cast<unsigned char>(kFigures[i]);
     // The widths of the toolkit's own layout, so that both ways look alike.
     figures_[character] = {
         .glyph = glyphs[static_cast<qsizetype>(i)],
