@@ -37,9 +37,11 @@ struct DisplayWorld {
     quoteline.SetDays(SerialFromDate({2001, 1, 1}), kDisplayDays);
     const std::vector<std::string> symbols{"AAA", "BBB", "CCC"};
     for (int fund = 0; fund < 3; ++fund) {
-      std::vector<float> prices;
-      for (int day = 0; day < kDisplayDays; ++day)
-        prices.push_back(static_cast<float>(100 + fund * 100) + 0.25F * static_cast<float>(day));
+      std::vector<float> prices(kDisplayDays);
+      for (int day = 0; day < kDisplayDays; ++day) {
+        prices[static_cast<std::size_t>(day)] =
+            static_cast<float>(100 + fund * 100) + 0.25F * static_cast<float>(day);
+      }
       quoteline.AddIssue(symbols[static_cast<std::size_t>(fund)], prices);
     }
     for (const char* name : {"QLDEF", "QL4WIN/SQLDEF", "USERDEF"}) folder.MakeFolder(name);
@@ -52,10 +54,11 @@ struct DisplayWorld {
 /// up before they have ended the program end it with status 99.
 inline int RunProgram(WindowProgram& program, const std::function<void()>& steps) {
   QTimer::singleShot(0, &program, [&] {
-    if (!QTest::qWaitForWindowActive(&program.Window(), kPatience))
-      ADD_FAILURE() << "the manager never made the main window active";
-    else
+    if (QTest::qWaitForWindowActive(&program.Window(), kPatience)) {
       steps();
+    } else {
+      ADD_FAILURE() << "the manager never made the main window active";
+    }
     if (testing::Test::HasFailure()) QApplication::exit(99);
   });
   return program.Run();

@@ -78,8 +78,9 @@ class Journey {
     ASSERT_TRUE(Wait([&] { return picture.load(QString::fromStdString(path), "PNG"); }));
     const QRgb corner = picture.pixel(0, 0);
     int drawn = 0;
-    for (int x = 0; x < picture.width(); ++x)
+    for (int x = 0; x < picture.width(); ++x) {
       drawn += picture.pixel(x, picture.height() / 2) != corner ? 1 : 0;
+    }
     EXPECT_GT(drawn, 3);
   }
 

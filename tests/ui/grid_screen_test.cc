@@ -26,8 +26,9 @@ struct DataScreen {
   }
   std::string SummarySymbols() const {
     std::string symbols;
-    for (int row = 1; row <= 4; ++row)
+    for (int row = 1; row <= 4; ++row) {
       symbols += world.state.table.SheetAt(2).CellText(row, 1) + " ";
+    }
     return symbols;
   }
 };
