@@ -23,9 +23,10 @@ class ScriptPlayer {
   virtual Output& Over(Output& windows) = 0;
 
   /// Plays the script, once, on a program that was built with these and is started; `line_done`
-  /// (may be empty) is called after every command. What is wrong is told in a box, and where the
-  /// player's maker said. A script that ends the program does so through EndProgram of the boxes.
-  virtual void Play(Program& program, const std::function<void()>& line_done) = 0;
+  /// (may be empty) is called after every command; false leaves the rest of the script out. What is
+  /// wrong is told in a box, and where the player's maker said. A script that ends the program does
+  /// so through EndProgram of the boxes.
+  virtual void Play(Program& program, const std::function<bool()>& line_done) = 0;
 };
 
 }  // namespace vistaplot

@@ -27,6 +27,9 @@ void AnswerCommand(ScriptWorld& world, ScriptWords words) {
   world.answers.Add(std::move(answer));
 }
 
+/// Thrown to leave a script, and the modal forms that it is in, before its end.
+struct RunStopped {};
+
 constexpr std::array<NamedCommand, 12> kCommands{{{"set", SetCommand},
                                                   {"click", ClickCommand},
                                                   {"select", SelectCommand},
@@ -71,6 +74,8 @@ int ScriptRunner::Run(std::istream& script, const std::function<void()>& start) 
     return Report(error.text, error.line == 0 ? line_ : error.line);
   } catch (const std::exception& failure) {
     return Report(std::string("the program failed: ") + failure.what(), line_);
+  } catch (const RunStopped&) {
+    world_.out.flush();
   } catch (const RunEnded&) {  // RunAll lets only a fatal end through
     world_.out.flush();
     return kRunFatal;
@@ -105,7 +110,7 @@ void ScriptRunner::RunLine(const std::string& line) {
     world_.line = number;
     CommandNamed(words.front())(world_, ScriptWords(words).subspan(1));
     world_.out.flush();
-    if (world_.line_done) world_.line_done();
+    if (world_.line_done && !world_.line_done()) throw RunStopped{};
   } catch (ScriptError& error) {
     if (error.line == 0) error.line = number;
     throw;

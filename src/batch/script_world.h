@@ -23,10 +23,11 @@ struct ScriptWorld {
   AnswerQueue& answers;
   std::function<std::string()> state_json;  ///< the shared state as one line of JSON
   ChartExporter exporter;
-  std::ostream& out;                     ///< reports and dumps
-  std::ostream& err;                     ///< errors and differences
-  std::function<void()> line_done = {};  ///< called after every command; may be empty
-  int line = 0;                          ///< of the script, from 1: the one that is being run
+  std::ostream& out;  ///< reports and dumps
+  std::ostream& err;  ///< errors and differences
+  std::function<bool()> line_done =
+      {};        ///< called after every command, false ends the run; may be empty
+  int line = 0;  ///< of the script, from 1: the one that is being run
 };
 
 /// A command: carries out the words behind its name, as the user would, or throws ScriptError.

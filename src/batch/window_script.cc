@@ -127,7 +127,7 @@ class WindowScript : public ScriptPlayer {
     return dialogs_.emplace(windows, answers_, streams_.out);
   }
   Output& Over(Output& windows) override { return output_.emplace(windows); }
-  void Play(Program& program, const std::function<void()>& line_done) override;
+  void Play(Program& program, const std::function<bool()>& line_done) override;
 
  private:
   void SetPlaying(bool playing) {
@@ -147,7 +147,7 @@ class WindowScript : public ScriptPlayer {
   std::optional<PlayingOutput> output_;
 };
 
-void WindowScript::Play(Program& program, const std::function<void()>& line_done) {
+void WindowScript::Play(Program& program, const std::function<bool()>& line_done) {
   std::ostringstream errors;
   ScriptWorld world{.forms = program.Forms(),
                     .table = program.State().table,

@@ -35,7 +35,7 @@ class FormHost {
 
   // Comforts of a desktop; nothing where there are no windows.
   virtual void StepScreen(bool forward) = 0;  ///< the next or previous screen comes to the front
-  virtual void SwitchFullScreen() = 0;        ///< the front chart on the whole display, or back
+  virtual void SwitchFullScreen() = 0;        ///< the front screen on the whole display, or back
   virtual void ShowKeys() = 0;                ///< a list of the keys that do something
 };
 

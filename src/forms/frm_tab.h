@@ -105,7 +105,6 @@ class FrmTab : public Form {
   std::vector<std::string> SelectedEntries() const;
   void LoadSelection();
   void ForgetLoad();
-  void ForgetGraphedFunds();
   void SummariseLoad();
   std::string LoadedText() const;  ///< what the main window says of a finished load
   std::vector<std::string> SummarySymbols() const;

@@ -1,5 +1,7 @@
 // The parameter screen's lists of families and issues, and the load of what is selected in them.
 
+#include <algorithm>
+
 #include "forms/busy_scope.h"
 #include "forms/frm_tab.h"
 #include "forms/screens.h"
@@ -8,6 +10,21 @@
 #include "marketdata/issue_lists.h"
 
 namespace vistaplot {
+
+namespace {
+
+/// The families' names; of more than three the number of the others.
+std::string FamilyNames(const std::vector<std::string>& entries) {
+  constexpr std::size_t kNamed = 3;
+  std::string names;
+  for (std::size_t i = 0; i < std::min(entries.size(), kNamed); ++i) {
+    names += (i == 0 ? "" : ", ") + FamilyNameOfEntry(entries[i]);
+  }
+  if (entries.size() <= kNamed) return names;
+  return names + " and " + std::to_string(entries.size() - kNamed) + " more";
+}
+
+}  // namespace
 
 void FrmTab::ListFamilies() {
   lstIndex.Clear();
@@ -98,13 +115,8 @@ void FrmTab::ForgetLoad() {
   state.table.NotifyContent(1);
   state.flags.ResultFileLoaded = false;
   context_.screens.frmMain.pnlStatus.SetCaption("");
-  ForgetGraphedFunds();
-}
-
-// Their columns hold other issues now: the next chart reads the sheet's selection, as it is shown.
-void FrmTab::ForgetGraphedFunds() {
-  context_.state.selection.SelectedCount = 0;
-  context_.state.selection.CurrentFund = 0;
+  state.selection.SelectedCount = 0;
+  state.selection.CurrentFund = 0;
 }
 
 void FrmTab::SummariseLoad() {
@@ -123,7 +135,6 @@ void FrmTab::SummariseLoad() {
   }
   frmFam.Unload();
   FinishPriceLoad(state.table);
-  ForgetGraphedFunds();
   state.flags.ResultFileLoaded = true;
   context_.screens.frmMain.pnlStatus.SetCaption(LoadedText());
 }
@@ -131,9 +142,9 @@ void FrmTab::SummariseLoad() {
 std::string FrmTab::LoadedText() const {
   const Sheet& prices = context_.state.table.SheetAt(1);
   const int issues = context_.state.load.IssueColumnCount;
-  return prices.SheetName + ": " + std::to_string(issues) +
-         (issues == 1 ? " issue, " : " issues, ") + prices.CellText(2, 1) + " to " +
-         prices.CellText(prices.MaxRow, 1);
+  return (FamiliesChosen() ? FamilyNames(SelectedEntries()) : prices.SheetName) + ": " +
+         std::to_string(issues) + (issues == 1 ? " issue" : " issues") + ", market days " +
+         prices.CellText(2, 1) + " to " + prices.CellText(prices.MaxRow, 1);
 }
 
 std::vector<std::string> FrmTab::SummarySymbols() const {

@@ -129,7 +129,8 @@ class Replay {
   explicit Replay(QPainter& painter)
       : painter_(painter),
         pixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
-        place_(painter.deviceTransform()) {}
+        ratio_(painter.device()->devicePixelRatioF()),
+        place_(painter.worldTransform() * QTransform::fromScale(ratio_, ratio_)) {}
 
   void operator()(const FillBox& item) {
     painter_.setRenderHint(QPainter::Antialiasing, false);
@@ -218,14 +219,14 @@ class Replay {
     const QImage stamp = StampOf(marker, item, place_.m11());
     const int half = stamp.width() / 2;
     const QTransform world = painter_.worldTransform();
-    const double ratio = painter_.device()->devicePixelRatioF();
     QImage image = stamp;
-    image.setDevicePixelRatio(ratio);
+    image.setDevicePixelRatio(ratio_);
     painter_.resetTransform();
     for (const PicturePoint& center : item.centers) {
       const QPointF at = place_.map(QPointF(center.x, center.y));
       painter_.drawImage(
-          QPointF((std::floor(at.x()) - half) / ratio, (std::floor(at.y()) - half) / ratio), image);
+          QPointF((std::floor(at.x()) - half) / ratio_, (std::floor(at.y()) - half) / ratio_),
+          image);
     }
     painter_.setWorldTransform(world);
   }
@@ -239,7 +240,8 @@ class Replay {
 
   QPainter& painter_;
   bool pixels_;
-  QTransform place_;  // to device pixels
+  double ratio_;      // device pixels a unit of the painter's device
+  QTransform place_;  // to pixels of the device; where a window is painted, of the widget in it
   PictureFonts fonts_;
   QPolygonF polygon_;  // its memory serves line after line
   QList<QLineF> stretches_;

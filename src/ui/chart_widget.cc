@@ -264,6 +264,7 @@ void ChartWidget::ShowCrossHair(std::optional<double> near_y) {
   const ReadOut read_out =
       ReadRow(control_.view, cross_hair_.Row(), hooks_.price_text, theme_.dark);
   CrossHairMarks marks = MarksOf(control_.view, picture_, cross_hair_, read_out);
+  if (chosen_series_ > static_cast<int>(read_out.entries.size())) chosen_series_ = 1;
   if (near_y) chosen_series_ = marks.NearestSeries(*near_y);
   marks.chosen_series = chosen_series_;
   ReplaceMarks(marks);
@@ -299,6 +300,7 @@ void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto pressed_at = std::exchange(pressed_at_, std::nullopt);
   if (!pressed_at || (at - *pressed_at).manhattanLength() > kClickReach) return;
   Prepare();
+  if (cross_hair_.Shown()) PointAt(at);  // keys may have moved it away from a resting pointer
   const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
   if (hit) SelectPoint(hit->series, RowOfClick(*hit));
 }

@@ -44,6 +44,7 @@ const GridArea::SheetPlace& GridArea::Place() const {
 }
 
 void GridArea::ShowSheet() {
+  adding_ = false;
   const Sheet& sheet = table_.Active();
   SheetPlace& place = Place();
   const bool is_new =
@@ -187,6 +188,7 @@ void GridArea::focusInEvent(QFocusEvent* /*event*/) {
 }
 
 void GridArea::focusOutEvent(QFocusEvent* /*event*/) {
+  adding_ = false;
   viewport()->update();
 }
 

@@ -106,6 +106,7 @@ class GridArea : public QTableView {
   bool MoveKey(const QKeyEvent& event);
   bool SelectKey(const QKeyEvent& event);
   bool CommandKey(const QKeyEvent& event);
+  void TakeUnit(GridUnit unit);
   std::optional<GridCell> Target(int key, bool to_end) const;
 
   Grid& grid_;

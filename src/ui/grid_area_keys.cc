@@ -38,18 +38,32 @@ bool GridArea::SelectKey(const QKeyEvent& event) {
     adding_ = !adding_;
     return true;
   }
+  if (event.key() == Qt::Key_Escape && adding_) {
+    adding_ = false;
+    return true;
+  }
   if (event.key() == Qt::Key_A && with_control) {
     Chosen().Widen(GridUnit::kSheet);
   } else if (event.key() == Qt::Key_Space && with_control) {
-    Chosen().Widen(with_shift ? GridUnit::kSheet : GridUnit::kColumn);
+    TakeUnit(with_shift ? GridUnit::kSheet : GridUnit::kColumn);
   } else if (event.key() == Qt::Key_Space && with_shift) {
-    Chosen().Widen(GridUnit::kRow);
+    TakeUnit(GridUnit::kRow);
   } else {
     return false;
   }
   adding_ = false;
   Commit();
   return true;
+}
+
+// Where the current cell stands beside what is selected, it adds its unit or takes it out, as a
+// click with Ctrl does.
+void GridArea::TakeUnit(GridUnit unit) {
+  if (adding_) {
+    Chosen().Toggle(unit, Chosen().Current());
+  } else {
+    Chosen().Widen(unit);
+  }
 }
 
 bool GridArea::MoveKey(const QKeyEvent& event) {

@@ -70,6 +70,7 @@ void GridSelection::Adopt(const std::vector<CellRange>& ranges) {
 void GridSelection::Place(GridCell cell) {
   current_ = Inside(cell);
   anchor_ = current_;
+  unit_ = GridUnit::kCell;
   is_open_ = false;
 }
 

@@ -34,6 +34,7 @@ constexpr KeyText kEverywhere[] = {
     {"Ctrl+1, Ctrl+2, Ctrl+3, Ctrl+4", "parameters, data, graph, calculations"},
     {"Ctrl+Tab, Ctrl+Shift+Tab", "next, previous screen"},
     {"Ctrl+W", "close the screen"},
+    {"F11", "screen on the whole display, and back"},
     {"Escape", "close a box; leave the whole display"},
     {"Ctrl+S", "save the chart; on the data screen the sheet"},
     {"Ctrl+P", "print the chart or the sheet"},
@@ -66,8 +67,7 @@ constexpr KeyText kChart[] = {{"Left, Right", "cross-hair to the day before, aft
                               {"Escape", "put the cross-hair away"},
                               {"Alt+Left, Alt+Right", "previous, next fund, one at a time"},
                               {"Wheel", "earlier, later days"},
-                              {"Ctrl+wheel", "shorter, longer time period"},
-                              {"F11", "chart on the whole display, and back"}};
+                              {"Ctrl+wheel", "shorter, longer time period"}};
 
 constexpr double kMostOfDisplay = 0.9;
 constexpr int kGroupGap = 14;  ///< pixels above a group that is not the first

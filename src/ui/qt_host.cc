@@ -1,7 +1,6 @@
 #include "ui/qt_host.h"
 
 #include <QApplication>
-#include <algorithm>
 #include <cmath>
 
 #include "ui/form_windows.h"
@@ -16,12 +15,6 @@ QSize InPixels(const DisplaySize& display) {
   constexpr float kTwipsPerPixel = 15.0F;
   return {static_cast<int>(std::lround(display.width / kTwipsPerPixel)),
           static_cast<int>(std::lround(display.height / kTwipsPerPixel))};
-}
-
-bool ShowsChart(const Form& form) {
-  return std::any_of(form.Controls().begin(), form.Controls().end(), [](const Control* control) {
-    return control->Kind() == ControlKind::kChartBox;
-  });
 }
 
 }  // namespace
@@ -141,9 +134,7 @@ void QtHost::StepScreen(bool forward) {
 }
 
 void QtHost::SwitchFullScreen() {
-  const Form* front = FrontScreen();
-  const bool has_chart = front != nullptr && ShowsChart(*front);
-  if (has_chart || window_->isFullScreen()) window_->ToggleFullScreen();
+  window_->ToggleFullScreen();
 }
 
 void QtHost::ShowKeys() {

@@ -70,18 +70,11 @@ bool SameValue(double a, double b) {
   return std::abs(a - b) <= kRounding * std::max(1.0, std::abs(a));
 }
 
-// The first row of those up to the last over which the column keeps its value; empty points keep
-// it.
+// The first row of those up to the last over which the column keeps its value, without a gap.
 int QuietFrom(const ChartView& view, int column) {
-  const int last = view.rowcount();
-  int first = last;
-  double kept = view.DataAt(last, column);
-  while (first > 1) {
-    const double before = view.DataAt(first - 1, column);
-    if (std::isnan(kept)) kept = before;
-    if (!std::isnan(before) && !SameValue(before, kept)) break;
-    --first;
-  }
+  int first = view.rowcount();
+  const double kept = view.DataAt(first, column);
+  while (first > 1 && SameValue(view.DataAt(first - 1, column), kept)) --first;
   return first;
 }
 

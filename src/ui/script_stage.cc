@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QThread>
 #include <QWindow>
-#include <utility>
 
 namespace vistaplot {
 
@@ -13,48 +12,56 @@ constexpr qint64 kFrame = 40;          ///< milliseconds that a picture stands a
 constexpr qint64 kLongestWait = 3000;  ///< for a display that does not show the window
 constexpr unsigned long kGlance = 5;   ///< milliseconds between two looks at it
 
-/// Keeps the user's hands off the windows while a scope lasts.
+/// Keeps the user's hands off the windows while a scope lasts; only the frame hears that it is to
+/// close.
 class InputLock : public QObject {
  public:
-  InputLock() { QCoreApplication::instance()->installEventFilter(this); }
+  explicit InputLock(const QWidget& frame) : frame_(frame) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
 
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+  bool eventFilter(QObject* watched, QEvent* event) override {
     switch (event->type()) {
       case QEvent::KeyPress:
       case QEvent::KeyRelease:
       case QEvent::Shortcut:
       case QEvent::ShortcutOverride:
+      case QEvent::InputMethod:
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonRelease:
       case QEvent::MouseButtonDblClick:
       case QEvent::MouseMove:
       case QEvent::Wheel:
+      case QEvent::Enter:
+      case QEvent::ToolTip:
       case QEvent::ContextMenu:
+      case QEvent::TouchBegin:
         return true;
+      case QEvent::Close:
+        event->ignore();
+        return watched->isWidgetType() && watched != &frame_;
       default:
         return false;
     }
   }
-};
 
-// Not without the user's events: the display counts the wish to close a window among them.
-void PaintWindows() {
-  const InputLock lock;
-  QCoreApplication::processEvents();
-}
+ private:
+  const QWidget& frame_;
+};
 
 }  // namespace
 
 void ScriptStage::Play(ScriptPlayer& player) {
-  AwaitDisplay();
   playing_ = true;
+  AwaitDisplay();
   since_painted_.start();
-  player.Play(program_, [this] { FollowScript(); });
+  if (!close_asked_) player.Play(program_, [this] { return FollowScript(); });
   playing_ = false;
+  if (close_asked_) program_.AllScreens().frmMain.mnuFileExit_Click();
 }
 
 bool ScriptStage::DefersClosing() {
-  close_asked_ = playing_;
+  close_asked_ = close_asked_ || playing_;
   return playing_;
 }
 
@@ -62,7 +69,8 @@ void ScriptStage::AwaitDisplay() {
   QElapsedTimer waiting;
   waiting.start();
   const QWindow* window = window_.windowHandle();
-  while (window != nullptr && !window->isExposed() && waiting.elapsed() < kLongestWait) {
+  while (window != nullptr && !window->isExposed() && !close_asked_ &&
+         waiting.elapsed() < kLongestWait) {
     PaintWindows();
     QThread::msleep(kGlance);
   }
@@ -70,11 +78,17 @@ void ScriptStage::AwaitDisplay() {
 }
 
 // Painting after every line would slow long scripts down for pictures that nobody can see.
-void ScriptStage::FollowScript() {
-  if (since_painted_.elapsed() < kFrame) return;
+bool ScriptStage::FollowScript() {
+  if (since_painted_.elapsed() < kFrame) return true;
   PaintWindows();
   since_painted_.restart();
-  if (std::exchange(close_asked_, false)) program_.AllScreens().frmMain.mnuFileExit_Click();
+  return !close_asked_;
+}
+
+// Not without the user's events: the display counts the wish to close a window among them.
+void ScriptStage::PaintWindows() {
+  const InputLock lock(window_);
+  QCoreApplication::processEvents();
 }
 
 }  // namespace vistaplot

@@ -14,7 +14,8 @@ class ScriptStage {
  public:
   ScriptStage(Program& program, MainWindow& window) : program_(program), window_(window) {}
 
-  /// Plays the script to its end; what is thrown by the program's end passes through.
+  /// Plays the script to its end; what is thrown by the program's end passes through. Closing the
+  /// frame leaves the rest of the script out and ends the program.
   void Play(ScriptPlayer& player);
 
   /// True while a script plays. The frame then closes after the line that runs.
@@ -22,7 +23,8 @@ class ScriptStage {
 
  private:
   void AwaitDisplay();
-  void FollowScript();
+  void PaintWindows();
+  bool FollowScript();
 
   Program& program_;
   MainWindow& window_;

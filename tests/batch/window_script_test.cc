@@ -19,7 +19,8 @@ struct DesktopWorld {
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  int lines = 0;  ///< that were told to be done
+  int lines = 0;      ///< that were told to be done
+  int last_line = 0;  ///< the desktop wants no more after it; 0: all
   BatchStreams streams{.in = in, .out = out, .err = err};
 
   // Plays `script` to its end in a program of its own; null when its file cannot be read.
@@ -35,7 +36,7 @@ struct DesktopWorld {
                      .program_dir = world.folder.Path(),
                      .roots = {}});
     program.Start();
-    player.Value()->Play(program, [this] { ++lines; });
+    player.Value()->Play(program, [this] { return ++lines != last_line; });
     program.AllScreens().frmMain.mnuHelpAbout_Click();  // by now the boxes are the desktop's
   }
 };
@@ -64,6 +65,15 @@ TEST(WindowScript, PrintsNothingWhileItPlays) {
   EXPECT_NE(desktop.out.str().find("The sheet was not printed: a script has no printer"),
             std::string::npos)
       << desktop.out.str() << desktop.err.str();
+}
+
+TEST(WindowScript, StopsWithoutAWordAboutWhatIsLeft) {
+  DesktopWorld desktop;
+  desktop.last_line = 2;
+  desktop.Play("answer ok\nclick FrmMain.cmdShowData\nclick FrmMain.cmdShowGraph\n");
+  EXPECT_EQ(desktop.lines, 2);
+  EXPECT_EQ(desktop.err.str(), "");
+  EXPECT_EQ(desktop.world.dialogs.Texts(), std::vector<std::string>{"Vistaplot version 3.4.1"});
 }
 
 TEST(WindowScript, AFileThatCannotBeReadIsRefusedAtOnce) {

@@ -109,18 +109,6 @@ TEST(PriceGraph, AnotherKindOfDataForgetsTheFundsOfTheChart) {
   EXPECT_EQ(world.Chart().rowcount(), days);
 }
 
-TEST(PriceGraph, AnotherLoadForgetsTheFundsOfTheChart) {
-  ScreenWorld world;
-  world.LoadTrio();
-  world.SelectColumns(3, 4);
-  world.screens.frmMain.mnuFileGraph.RaiseClick();
-  world.WriteFamily("QLDEF/TRIO.FAM", {"CCC", "AAA"});
-  world.screens.frmTab.cmdLoadData.RaiseClick();
-  world.screens.frmGraph.HScroll1.SetValue(150);
-  EXPECT_EQ(world.Chart().ColumnCount(), 1);  // of the two columns selected one is left
-  EXPECT_EQ(world.Chart().ColumnLabelAt(1), "AAA");
-}
-
 TEST(PriceGraph, StepsThroughTheFundsAroundTheEnds) {
   ScreenWorld world;
   world.LoadTrio();

@@ -197,6 +197,22 @@ TEST(ChartWidget, AClickBesideAPointMeansTheDayThatIsReadOff) {
   EXPECT_EQ(world.chart.ReadOutText().left(3), "d60");
 }
 
+TEST(ChartWidget, MarkersLieWhereTheyBelongInAWindowToo) {
+  ChartWorld world;
+  world.box.view.Plot.SeriesCollection[1].SeriesMarker.Show = true;
+  QWidget window;
+  window.resize(900, 700);
+  world.chart.setParent(&window);
+  world.chart.move(40, 60);
+  window.show();
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
+  const QImage alone = world.chart.grab().toImage();
+  const QImage inside = window.grab().toImage().copy(world.chart.geometry());
+  world.chart.setParent(nullptr);
+  EXPECT_EQ(inside, alone);
+}
+
 TEST(ChartWidget, WhatAHandlerThrowsIsToldAndTheChartGoesOn) {
   ChartWorld world;
   world.box.PointSelected = [](PointSelection&) { throw std::runtime_error("no such row"); };

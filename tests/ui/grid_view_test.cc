@@ -64,7 +64,16 @@ TEST(GridView, KeysMoveAndExtendTheSelection) {
                         {Qt::Key_Right, {}, "1,2-201,2"},
                         {Qt::Key_Right, {}, "1,2-201,2"},
                         {Qt::Key_Space, kControl, "1,2-201,2 1,4-201,4"},
-                        {Qt::Key_Right, {}, "2,5-2,5"}};
+                        {Qt::Key_F8, kShift, "1,2-201,2 1,4-201,4"},
+                        {Qt::Key_Left, {}, "1,2-201,2 1,4-201,4"},
+                        {Qt::Key_Left, {}, "1,2-201,2 1,4-201,4"},
+                        {Qt::Key_Space, kControl, "1,4-201,4"},
+                        {Qt::Key_F8, kShift, "1,4-201,4"},
+                        {Qt::Key_Left, {}, "1,4-201,4"},
+                        {Qt::Key_Down, kShift, "1,4-201,4 2,1-3,1"},
+                        {Qt::Key_F8, kShift, "1,4-201,4 2,1-3,1"},
+                        {Qt::Key_Escape, {}, "1,4-201,4 2,1-3,1"},
+                        {Qt::Key_Right, {}, "3,2-3,2"}};
   GridWorld world;
   world.Click(2, 2);
   for (const Case& a_case : cases) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QThread>
+#include <QTimer>
 #include <QWindow>
 
 #include "support/screen_world.h"
@@ -29,15 +30,17 @@ class PaintCounter : public QObject {
 class TwoLines : public ScriptPlayer {
  public:
   WindowProgram* windows = nullptr;
+  bool played = false;
   bool exposed_at_first = false;
   int grid_paints = 0;
-  bool went_on_after_close = false;
+  bool asked_to_stop = false;
 
   FormHost& Over(FormHost& host) override { return host; }
   Dialogs& Over(Dialogs& dialogs) override { return dialogs; }
   Output& Over(Output& output) override { return output; }
 
-  void Play(Program& program, const std::function<void()>& line_done) override {
+  void Play(Program& program, const std::function<bool()>& line_done) override {
+    played = true;
     exposed_at_first = windows->Window().windowHandle()->isExposed();
     program.AllScreens().frmMain.cmdShowData_Click();
     PaintCounter counter;
@@ -45,12 +48,11 @@ class TwoLines : public ScriptPlayer {
     ASSERT_NE(grid, nullptr);
     for (QWidget* part : grid->findChildren<QWidget*>()) part->installEventFilter(&counter);
     QThread::msleep(kLongLine);
-    line_done();
+    EXPECT_TRUE(line_done());
     grid_paints = counter.paints;
     EXPECT_FALSE(windows->Window().close()) << "not in the middle of a line";
     QThread::msleep(kLongLine);
-    line_done();
-    went_on_after_close = true;
+    asked_to_stop = !line_done();
   }
 };
 
@@ -65,7 +67,23 @@ TEST(ScriptStage, WindowsFollowTheScriptAndClosingThemEndsIt) {
   EXPECT_EQ(program.Run(), kExitDone);
   EXPECT_TRUE(player.exposed_at_first);
   EXPECT_GT(player.grid_paints, 0);
-  EXPECT_FALSE(player.went_on_after_close);
+  EXPECT_TRUE(player.asked_to_stop);
+}
+
+TEST(ScriptStage, AFrameClosedBeforeTheFirstLineLeavesTheScriptOut) {
+  ScreenWorld world;
+  TwoLines player;
+  WindowProgram program({.quoteline = world.quoteline,
+                         .settings = world.settings,
+                         .display = PixelSize{1280, 960},
+                         .player = &player});
+  player.windows = &program;
+  QTimer::singleShot(0, &program.Window(), [&program] {
+    QMetaObject::invokeMethod(
+        &program.Window(), [&program] { program.Window().close(); }, Qt::QueuedConnection);
+  });
+  EXPECT_EQ(program.Run(), kExitDone);
+  EXPECT_FALSE(player.played);
 }
 
 }  // namespace
