@@ -51,7 +51,10 @@ QList<ScreenWindow*> ScreenArea::InOrder(WindowOrder order) const {
 void ScreenArea::BringToFront(ScreenWindow& screen) {
   ScreenWindow* before = Front();
   if (before != nullptr) before->KeepFocus();
-  const bool fill = before == nullptr || before->isMaximized();
+  PutInFront(screen, before == nullptr || before->isMaximized());
+}
+
+void ScreenArea::PutInFront(ScreenWindow& screen, bool fill) {
   if (screen.isMinimized()) {
     screen.showNormal();
   } else if (!screen.WasShown() && fill) {
@@ -80,7 +83,7 @@ void ScreenArea::TakeAway(ScreenWindow& screen) {
   const QList<ScreenWindow*> left = InOrder(ActivationHistoryOrder);
   if (!was_front || left.isEmpty()) return;
   if (filled) left.back()->showMaximized();
-  BringToFront(*left.back());
+  PutInFront(*left.back(), filled);  // it keeps its focus, not what hiding the other has made of it
 }
 
 void ScreenArea::Step(bool forward) {

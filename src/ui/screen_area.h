@@ -46,6 +46,7 @@ class ScreenArea : public QMdiArea {
 
  private:
   QList<ScreenWindow*> InOrder(WindowOrder order) const;
+  void PutInFront(ScreenWindow& screen, bool fill);
   void GiveFocusTo(ScreenWindow& screen);
   void Cascade();
   void ArrangeIcons();

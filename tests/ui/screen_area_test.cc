@@ -68,6 +68,20 @@ TEST_F(Screening, TheScreenBehindTakesTheKeyboardAndTheRoomOfAClosedOne) {
   EXPECT_TRUE(Child(screens_.frmCalc).isAncestorOf(QApplication::focusWidget()));
 }
 
+TEST_F(Screening, AScreenKeepsItsFocusWhileThoseInFrontOfItAreClosed) {
+  Press(Qt::Key_2);
+  auto* grid = QApplication::focusWidget();
+  Press(Qt::Key_1);
+  Press(Qt::Key_4);
+  for (const Form* form :
+       std::initializer_list<Form*>{&screens_.frmCalc, &screens_.frmTab, &screens_.frmData}) {
+    Child(*form).close();
+    QApplication::processEvents();
+  }
+  Press(Qt::Key_2);
+  EXPECT_EQ(QApplication::focusWidget(), grid);
+}
+
 TEST_F(Screening, TiledScreensAreAsBeforeAfterTheFullScreen) {
   Press(Qt::Key_3);
   Arrange("mnuwindowTile");
