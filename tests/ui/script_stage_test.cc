@@ -56,34 +56,34 @@ class TwoLines : public ScriptPlayer {
   }
 };
 
-TEST(ScriptStage, WindowsFollowTheScriptAndClosingThemEndsIt) {
+struct Staged {
   ScreenWorld world;
   TwoLines player;
-  WindowProgram program({.quoteline = world.quoteline,
+  WindowProgram program{{.quoteline = world.quoteline,
                          .settings = world.settings,
                          .display = PixelSize{1280, 960},
-                         .player = &player});
-  player.windows = &program;
-  EXPECT_EQ(program.Run(), kExitDone);
-  EXPECT_TRUE(player.exposed_at_first);
-  EXPECT_GT(player.grid_paints, 0);
-  EXPECT_TRUE(player.asked_to_stop);
+                         .player = &player}};
+
+  Staged() { player.windows = &program; }
+};
+
+TEST(ScriptStage, WindowsFollowTheScriptAndClosingThemEndsIt) {
+  Staged staged;
+  EXPECT_EQ(staged.program.Run(), kExitDone);
+  EXPECT_TRUE(staged.player.exposed_at_first);
+  EXPECT_GT(staged.player.grid_paints, 0);
+  EXPECT_TRUE(staged.player.asked_to_stop);
 }
 
 TEST(ScriptStage, AFrameClosedBeforeTheFirstLineLeavesTheScriptOut) {
-  ScreenWorld world;
-  TwoLines player;
-  WindowProgram program({.quoteline = world.quoteline,
-                         .settings = world.settings,
-                         .display = PixelSize{1280, 960},
-                         .player = &player});
-  player.windows = &program;
-  QTimer::singleShot(0, &program.Window(), [&program] {
+  Staged staged;
+  MainWindow& window = staged.program.Window();
+  QTimer::singleShot(0, &window, [&window] {
     QMetaObject::invokeMethod(
-        &program.Window(), [&program] { program.Window().close(); }, Qt::QueuedConnection);
+        &window, [&window] { window.close(); }, Qt::QueuedConnection);
   });
-  EXPECT_EQ(program.Run(), kExitDone);
-  EXPECT_FALSE(player.played);
+  EXPECT_EQ(staged.program.Run(), kExitDone);
+  EXPECT_FALSE(staged.player.played);
 }
 
 }  // namespace
