@@ -8,14 +8,24 @@
 #include <QShortcut>
 #include <QStatusBar>
 
+#include "ui/menu_bar.h"
 #include "ui/qt_text.h"
 #include "ui/tool_icon.h"
 
 namespace vistaplot {
 
+namespace {
+
+QMenuBar& NewMenuBar(QMainWindow& window) {
+  window.setMenuBar(new MenuBar(&window));
+  return *window.menuBar();
+}
+
+}  // namespace
+
 MainWindow::MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard)
     : area_(*new ScreenArea(this)),
-      menus_(frame, *menuBar(), guard),
+      menus_(frame, NewMenuBar(*this), guard),
       tools_(frame, factory, *this, guard) {
   setWindowTitle(QtText(frame.Caption()));
   setWindowIcon(ProgramIcon());
