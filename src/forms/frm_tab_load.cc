@@ -143,7 +143,7 @@ std::string FrmTab::LoadedText() const {
   const Sheet& prices = context_.state.table.SheetAt(1);
   const int issues = context_.state.load.IssueColumnCount;
   return (FamiliesChosen() ? FamilyNames(SelectedEntries()) : prices.SheetName) + ": " +
-         std::to_string(issues) + (issues == 1 ? " issue" : " issues") + ", market days " +
+         std::to_string(issues) + (issues == 1 ? " issue" : " issues") + ", days " +
          prices.CellText(2, 1) + " to " + prices.CellText(prices.MaxRow, 1);
 }
 

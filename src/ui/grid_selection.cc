@@ -87,6 +87,7 @@ void GridSelection::Toggle(GridUnit unit, GridCell cell) {
     return Common(range, taken) == taken;
   });
   if (holding == ranges_.end()) {
+    std::erase_if(ranges_, [&](const CellRange& range) { return Common(range, taken) == range; });
     ranges_.push_back(taken);
     is_open_ = true;
     return;

@@ -39,7 +39,8 @@ class GridSelection {
   /// The unit at `cell` becomes the only range.
   void Start(GridUnit unit, GridCell cell);
 
-  /// The unit at `cell` becomes a further range; where it was selected already it is taken out.
+  /// The unit at `cell` becomes a further range, in place of those inside it; where it was selected
+  /// already it is taken out.
   void Toggle(GridUnit unit, GridCell cell);
 
   /// The last range reaches from where it was started to `cell`, in its own units.

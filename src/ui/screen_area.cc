@@ -61,6 +61,8 @@ void ScreenArea::PutInFront(ScreenWindow& screen, bool fill) {
     screen.showMaximized();
   } else {
     screen.show();
+    // While it was hidden, only the screens that can be seen followed the area's size.
+    if (screen.isMaximized()) screen.resize(viewport()->size());
   }
   setActiveSubWindow(&screen);
   Activate(*window());

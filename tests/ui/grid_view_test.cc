@@ -73,7 +73,9 @@ TEST(GridView, KeysMoveAndExtendTheSelection) {
                         {Qt::Key_Down, kShift, "1,4-201,4 2,1-3,1"},
                         {Qt::Key_F8, kShift, "1,4-201,4 2,1-3,1"},
                         {Qt::Key_Escape, {}, "1,4-201,4 2,1-3,1"},
-                        {Qt::Key_Right, {}, "3,2-3,2"}};
+                        {Qt::Key_Right, {}, "3,2-3,2"},
+                        {Qt::Key_F8, kShift, "3,2-3,2"},
+                        {Qt::Key_Space, kControl, "1,2-201,2"}};
   GridWorld world;
   world.Click(2, 2);
   for (const Case& a_case : cases) {

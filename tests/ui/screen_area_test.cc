@@ -82,6 +82,16 @@ TEST_F(Screening, AScreenKeepsItsFocusWhileThoseInFrontOfItAreClosed) {
   EXPECT_EQ(QApplication::focusWidget(), grid);
 }
 
+TEST_F(Screening, AScreenClosedInFullScreenFillsTheAreaWhenItIsBack) {
+  Press(Qt::Key_F11, Qt::NoModifier);
+  QApplication::processEvents();
+  Child(screens_.frmTab).close();
+  Press(Qt::Key_F11, Qt::NoModifier);
+  QApplication::processEvents();
+  Press(Qt::Key_1);
+  EXPECT_EQ(Child(screens_.frmTab).size(), windows_.program.Window().Area().viewport()->size());
+}
+
 TEST_F(Screening, TiledScreensAreAsBeforeAfterTheFullScreen) {
   Press(Qt::Key_3);
   Arrange("mnuwindowTile");

@@ -99,7 +99,7 @@ TEST(WindowProgram, ToolsAreWorkedAndLeftWithTheKeyboard) {
   windows.screens.frmTab.lstIndex.Select({0});
   windows.screens.frmTab.cmdLoadData.RaiseClick();
   EXPECT_EQ(windows.screens.frmMain.pnlStatus.Caption(),
-            "TRIO: 3 issues, market days 01/01/2001 to 10/27/2001");
+            "TRIO: 3 issues, days 01/01/2001 to 10/27/2001");
   windows.program.Screens().State().table.SheetAt(1).Select({1, 2, test::kWorldDays + 1, 4});
   QTest::keyClick(&window, Qt::Key_F6);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
