@@ -73,8 +73,8 @@ std::vector<int> WalkPrices(int issue, int days, std::uint64_t seed) {
     price *= 1.0 + drift + spread * random.Normal();
     if (price > 5000.0) price *= 0.25;
     if (price < 1.0) price = 1.0;
-    if (day >= first)
-      cents[static_cast<std::size_t>(day)] = static_cast<int>(std::lround(price * 100.0));
+    if (day < first) continue;
+    cents[static_cast<std::size_t>(day)] = static_cast<int>(std::lround(price * 100.0));
   }
   return cents;
 }

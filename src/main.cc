@@ -98,7 +98,7 @@ int main(int argc, char** argv) {
   }
   const Options& options = parsed.options;
   if (options.help || options.version) {
-    std::cout << (options.help ? HelpText() : VersionText());
+    std::cout << (options.help ? std::string(HelpText()) : VersionText());
     return kRunDone;
   }
   ToolkitModule toolkit;

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/number_text.h"
+#include "base/version.h"
 
 namespace vistaplot {
 
@@ -32,8 +33,6 @@ constexpr std::string_view kHelp =
     "\n"
     "Exit status of --batch: 0 the script ran to its end, 1 a script error, 2 wrong use,\n"
     "3 the program ended itself after a fatal error.\n";
-
-constexpr std::string_view kVersion = "Vistaplot 3.4.1\n";
 
 std::string Variable(const EnvironmentLookup& environment, const char* name) {
   const char* value = environment(name);
@@ -166,8 +165,8 @@ std::string_view HelpText() {
   return kHelp;
 }
 
-std::string_view VersionText() {
-  return kVersion;
+std::string VersionText() {
+  return std::string("Vistaplot ") + kVersion + "\n";
 }
 
 std::string FatalEndText(const Options& options) {

@@ -50,8 +50,8 @@ ParsedOptions ParseOptions(std::span<const char* const> arguments,
 /// The same with the process's own environment.
 ParsedOptions ParseOptions(std::span<const char* const> arguments);
 
-std::string_view HelpText();     ///< lines, each with its end of line
-std::string_view VersionText();  ///< "Vistaplot 3.4.1" and an end of line
+std::string_view HelpText();  ///< lines, each with its end of line
+std::string VersionText();    ///< "Vistaplot 3.4.1" and an end of line
 
 /// What a run says on standard error when a fatal error ended it, with an end of line.
 std::string FatalEndText(const Options& options);

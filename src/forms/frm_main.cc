@@ -1,7 +1,9 @@
 #include "forms/frm_main.h"
 
+#include <string>
 #include <string_view>
 
+#include "base/version.h"
 #include "controls/scaling.h"
 #include "forms/screens.h"
 #include "forms/signal_names.h"
@@ -218,7 +220,7 @@ void FrmMain::mnuFamilySelect_Click() {
 }
 
 void FrmMain::mnuHelpAbout_Click() {
-  context_.dialogs.Say("Vistaplot version 3.4.1");
+  context_.dialogs.Say(std::string("Vistaplot version ") + kVersion);
 }
 
 void FrmMain::mnuFileExit_Click() {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/heap.h"
+#include "base/version.h"
 #include "quoteline/service.h"
 #include "quoteline_tool/commands.h"
 
@@ -126,7 +127,8 @@ int Run(int argc, char** argv) {
   Arguments arguments;
   CLI::App app("Makes, fills and checks the database of the market-data service.", "quoteline");
   app.add_option("--dir", arguments.directory, "The service directory")->capture_default_str();
-  app.set_version_flag("--version", "quoteline 3.4.1", "Show the version and leave");
+  app.set_version_flag(
+      "--version", std::string("quoteline ") + vistaplot::kVersion, "Show the version and leave");
   app.require_subcommand(0, 1);
   app.fallthrough();
   AddDirectoryCommands(app, arguments);

@@ -49,6 +49,7 @@ ChartWidget::ChartWidget(ChartBox& control, EventGuard& guard, QWidget* parent)
   setMouseTracking(true);
   setAccessibleName(tr("Chart"));
   read_out_line_.ShowHint();
+  connect(this, &ChartWidget::Outdated, this, &ChartWidget::Prepare, Qt::QueuedConnection);
 }
 
 void ChartWidget::SetHooks(ChartHooks hooks) {
@@ -60,8 +61,7 @@ void ChartWidget::ViewChanged() {
   update(QRect(QPoint(), ChartSize()));  // the read-out sees to itself
   if (std::exchange(stale_, true) || !isVisible()) return;
   // Ahead of the painting, so that the read-out is in step when that begins; once for many changes.
-  QMetaObject::invokeMethod(
-      this, [this] { Prepare(); }, Qt::QueuedConnection);
+  emit Outdated();
 }
 
 void ChartWidget::Prepare() {

@@ -61,6 +61,10 @@ class ChartWidget : public QWidget {
   QSize sizeHint() const override { return {640, 480}; }
   QSize minimumSizeHint() const override { return {160, 120}; }
 
+ signals:
+  /// The view was changed while the widget is seen; told once for many changes.
+  void Outdated();
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

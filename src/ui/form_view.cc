@@ -181,7 +181,7 @@ void FormView::ChainTabStops() {
 void FormView::FocusFirst() {
   for (const auto& adapter : adapters_) {
     for (QWidget* stop : adapter->TabStops()) {
-      if (adapter->Source().Usable()) return stop->setFocus(Qt::TabFocusReason);
+      if (adapter->Source().Usable()) return stop->setFocus(Qt::OtherFocusReason);
     }
   }
 }

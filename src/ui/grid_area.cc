@@ -30,6 +30,7 @@ GridArea::GridArea(Grid& grid, DataTable& table, EventGuard& guard, QWidget* par
   setAutoScroll(false);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   viewport()->setMouseTracking(true);
+  connect(this, &GridArea::FocusCame, this, &GridArea::TellFocus, Qt::QueuedConnection);
   ShowSheet();
 }
 
@@ -174,17 +175,15 @@ void GridArea::changeEvent(QEvent* event) {
 // cell is told when it has.
 void GridArea::focusInEvent(QFocusEvent* /*event*/) {
   viewport()->update();
-  if (!QAccessible::isActive()) return;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
-        QAccessibleInterface* cell = table == nullptr ? nullptr : table->focusChild();
-        if (cell == nullptr || !hasFocus()) return;
-        QAccessibleEvent told(cell, QAccessible::Focus);
-        QAccessible::updateAccessibility(&told);
-      },
-      Qt::QueuedConnection);
+  if (QAccessible::isActive()) emit FocusCame();
+}
+
+void GridArea::TellFocus() {
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
+  QAccessibleInterface* cell = table == nullptr ? nullptr : table->focusChild();
+  if (cell == nullptr || !hasFocus()) return;
+  QAccessibleEvent told(cell, QAccessible::Focus);
+  QAccessible::updateAccessibility(&told);
 }
 
 void GridArea::focusOutEvent(QFocusEvent* /*event*/) {

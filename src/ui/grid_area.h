@@ -36,14 +36,14 @@ class GridArea : public QTableView {
   QString SelectedText() const;
   void CopySelection() const;
 
-  /// The sheet `step` beside the active one becomes active; none without cells does.
-  void StepSheet(int step);
-
   const GridGeometry& Geometry() const { return geometry_; }
 
   QRect visualRect(const QModelIndex& index) const override;
   void scrollTo(const QModelIndex& index, ScrollHint hint) override;
   QModelIndex indexAt(const QPoint& point) const override;
+
+ signals:
+  void FocusCame();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -88,6 +88,7 @@ class GridArea : public QTableView {
   void ShowCell(GridCell cell);
   void Commit();  ///< writes the user's selection to the sheet
   void TellCurrent();
+  void TellFocus();
 
   bool IsHeading(GridCell cell) const;
   bool IsCell(GridCell cell) const;

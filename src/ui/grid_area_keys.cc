@@ -12,7 +12,6 @@ void GridArea::keyPressEvent(QKeyEvent* event) {
 }
 
 bool GridArea::CommandKey(const QKeyEvent& event) {
-  const bool with_control = event.modifiers().testFlag(Qt::ControlModifier);
   const bool with_shift = event.modifiers().testFlag(Qt::ShiftModifier);
   const GridCell cell = Chosen().Current();
   if (event.matches(QKeySequence::Copy)) {
@@ -21,10 +20,6 @@ bool GridArea::CommandKey(const QKeyEvent& event) {
     RaiseRClick(cell);
   } else if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && IsHeading(cell)) {
     RaiseClick(cell);
-  } else if (with_control && event.key() == Qt::Key_PageUp) {
-    StepSheet(-1);
-  } else if (with_control && event.key() == Qt::Key_PageDown) {
-    StepSheet(1);
   } else {
     return false;
   }
@@ -87,11 +82,13 @@ bool GridArea::MoveKey(const QKeyEvent& event) {
   return true;
 }
 
-/// Where a key takes the current cell; may lie outside of the sheet.
+/// Where a key takes the current cell; may lie outside of the sheet. Nowhere for the pages with
+/// Ctrl, which change the sheet.
 std::optional<GridCell> GridArea::Target(int key, bool to_end) const {
   const GridCell cell = Place().selection.Current();
   const GridCell first{geometry_.FixedRows() + 1, geometry_.FixedCols() + 1};
   const GridCell last{geometry_.Rows(), geometry_.Cols()};
+  if (to_end && (key == Qt::Key_PageUp || key == Qt::Key_PageDown)) return std::nullopt;
   switch (key) {
     case Qt::Key_Left:
       return GridCell{cell.row, to_end ? 1 : cell.col - 1};
@@ -112,12 +109,6 @@ std::optional<GridCell> GridArea::Target(int key, bool to_end) const {
     default:
       return std::nullopt;
   }
-}
-
-void GridArea::StepSheet(int step) {
-  const int number = table_.ActiveSheet() + step;
-  if (number < 1 || number > table_.SheetCount()) return;
-  if (table_.SheetAt(number).MaxRow > 0) table_.SetActiveSheet(number);
 }
 
 }  // namespace vistaplot

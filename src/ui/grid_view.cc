@@ -27,7 +27,6 @@ GridView::GridView(Grid& grid, DataTable& table, EventGuard& guard, QWidget* par
   layout->addWidget(area_, 1);
   layout->addWidget(tabs_);
   setFocusProxy(area_);
-  tabs_->installEventFilter(this);
   connect(tabs_, &QTabBar::currentChanged, this, &GridView::Choose);
   table_.SetObserver(this);
   ShowTabs();
@@ -78,17 +77,18 @@ void GridView::ShowTabs() {
   }
 }
 
-// The keys that change the sheet do so wherever the keyboard is on this screen.
-bool GridView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    const bool pages = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
-    if (pages && key.modifiers() == Qt::ControlModifier) {
-      area_->StepSheet(key.key() == Qt::Key_PageUp ? -1 : 1);
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
+// Of the cells and of the tabs, neither of which has a use of its own for these keys.
+void GridView::keyPressEvent(QKeyEvent* event) {
+  const bool pages = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
+  if (!pages || event->modifiers() != Qt::ControlModifier) return QWidget::keyPressEvent(event);
+  StepSheet(event->key() == Qt::Key_PageUp ? -1 : 1);
+}
+
+// No sheet without cells becomes active.
+void GridView::StepSheet(int step) {
+  const int number = table_.ActiveSheet() + step;
+  if (number < 1 || number > table_.SheetCount()) return;
+  if (table_.SheetAt(number).MaxRow > 0) table_.SetActiveSheet(number);
 }
 
 void GridView::Choose(int tab) {

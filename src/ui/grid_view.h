@@ -29,11 +29,12 @@ class GridView : public QWidget, public TableObserver {
   void ContentChanged(int sheet) override;
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   std::vector<int> SheetsToShow() const;
   void ShowTabs();
+  void StepSheet(int step);
   void Choose(int tab);
 
   DataTable& table_;

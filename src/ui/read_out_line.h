@@ -33,7 +33,6 @@ class ReadOutLine : public QWidget {
 
   /// Shows how to get a read-out instead, or where the histories seem to have ended.
   void ShowHint();
-  const QString& Hint() const { return hint_; }
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -38,8 +38,9 @@ class InputLock : public QObject {
       case QEvent::TouchBegin:
         return true;
       case QEvent::Close:
+        if (!watched->isWidgetType() || watched == &frame_) return false;
         event->ignore();
-        return watched->isWidgetType() && watched != &frame_;
+        return true;
       default:
         return false;
     }
@@ -60,7 +61,7 @@ void ScriptStage::Play(ScriptPlayer& player) {
   if (close_asked_) program_.AllScreens().frmMain.mnuFileExit_Click();
 }
 
-bool ScriptStage::DefersClosing() {
+bool ScriptStage::DeferClosing() {
   close_asked_ = close_asked_ || playing_;
   return playing_;
 }

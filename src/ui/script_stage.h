@@ -18,8 +18,8 @@ class ScriptStage {
   /// frame leaves the rest of the script out and ends the program.
   void Play(ScriptPlayer& player);
 
-  /// True while a script plays. The frame then closes after the line that runs.
-  bool DefersClosing();
+  /// The frame is to close: true when a script plays, which then does it after the line that runs.
+  bool DeferClosing();
 
  private:
   void AwaitDisplay();

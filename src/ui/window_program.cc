@@ -51,7 +51,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
   dialogs_.Use(&window_, program_.State().roots);
   host_.Use(window_, program_.AllScreens().frmMain, program_.State().table, program_.State().roots);
   connect(&window_, &MainWindow::CloseAsked, this, [this] {
-    if (stage_.DefersClosing()) return;
+    if (stage_.DeferClosing()) return;
     guard_.Run([this] { program_.AllScreens().frmMain.mnuFileExit_Click(); });
   });
   connect(&window_, &MainWindow::ToolsLeft, this, [this] {
