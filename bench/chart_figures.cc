@@ -11,7 +11,7 @@
 #include "price_walk.h"
 #include "support/temporary_folder.h"
 #include "timing.h"
-#include "ui/chart_canvas.h"
+#include "ui/chart/chart_canvas.h"
 
 namespace vistaplot::bench {
 namespace {

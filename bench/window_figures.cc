@@ -19,9 +19,9 @@
 #include "price_walk.h"
 #include "support/temporary_folder.h"
 #include "timing.h"
-#include "ui/chart_widget.h"
-#include "ui/grid_area.h"
-#include "ui/window_program.h"
+#include "ui/chart/chart_widget.h"
+#include "ui/frame/window_program.h"
+#include "ui/grid/grid_area.h"
 
 namespace vistaplot::bench {
 namespace {

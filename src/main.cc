@@ -13,7 +13,7 @@
 #include "base/heap.h"
 #include "batch/batch.h"
 #include "batch/window_script.h"
-#include "ui/entry_points.h"
+#include "ui/frame/entry_points.h"
 
 namespace {
 

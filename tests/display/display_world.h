@@ -16,9 +16,9 @@
 #include "support/fake_quoteline.h"
 #include "support/memory_settings.h"
 #include "support/temporary_folder.h"
-#include "ui/chart_widget.h"
-#include "ui/grid_area.h"
-#include "ui/window_program.h"
+#include "ui/chart/chart_widget.h"
+#include "ui/frame/window_program.h"
+#include "ui/grid/grid_area.h"
 
 namespace vistaplot::test {
 

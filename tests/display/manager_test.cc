@@ -7,7 +7,7 @@
 #include <QToolButton>
 
 #include "display/display_world.h"
-#include "ui/form_view.h"
+#include "ui/frame/form_view.h"
 
 namespace vistaplot {
 namespace {

@@ -1,0 +1,25 @@
+// Charts as a control's widget, and what they ask of the program around them.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "charts/chart_view.h"
+#include "ui/controls/control_adapter.h"
+
+namespace vistaplot {
+
+/// Each may be missing.
+struct ChartServices {
+  /// Longer (above 0) or shorter time periods, that many steps of the menu.
+  std::function<void(int steps)> change_period;
+  /// The price behind a point of a chart of changes; empty when there is none. Series and point
+  /// count from 1.
+  std::function<std::string(const ChartView& view, int series, int point)> price_text;
+};
+
+/// `control` is a ChartBox.
+std::unique_ptr<ControlAdapter> MakeChartBox(Control& control, const AdapterParts& parts);
+
+}  // namespace vistaplot

@@ -1,0 +1,282 @@
+#include "ui/chart/chart_canvas.h"
+
+#include <QImage>
+#include <QPaintEngine>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <cmath>
+#include <numbers>
+
+#include "ui/chart/qt_color.h"
+
+namespace vistaplot {
+namespace {
+
+QRectF ToQt(const PictureBox& box) {
+  return {box.left, box.top, box.Width(), box.Height()};
+}
+
+void CopyTo(QPolygonF& polygon, const std::vector<PicturePoint>& points) {
+  polygon.resize(static_cast<qsizetype>(points.size()));
+  QPointF* corner = polygon.data();
+  for (const PicturePoint& point : points) *corner++ = QPointF(point.x, point.y);
+}
+
+QString ToQt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+QPolygonF Star(double radius) {
+  constexpr int kTips = 5;
+  QPolygonF star;
+  for (int corner = 0; corner < 2 * kTips; ++corner) {
+    const double angle = std::numbers::pi * (corner / static_cast<double>(kTips) - 0.5);
+    const double reach = corner % 2 == 0 ? radius : radius * 0.42;
+    star.append(QPointF(std::cos(angle), std::sin(angle)) * reach);
+  }
+  return star;
+}
+
+// The marker's outline about (0, 0) and whether it is filled or stroked.
+struct MarkerPath {
+  QPainterPath path;
+  bool filled = true;
+};
+
+QPainterPath Lines(std::initializer_list<QLineF> lines) {
+  QPainterPath path;
+  for (const QLineF& line : lines) {
+    path.moveTo(line.p1());
+    path.lineTo(line.p2());
+  }
+  return path;
+}
+
+MarkerPath PathOf(MarkerShape shape, double size) {
+  const double r = size / 2.0;
+  QPainterPath path;
+  switch (shape) {
+    case MarkerShape::kDot:
+      path.addEllipse(QPointF(), r, r);
+      break;
+    case MarkerShape::kSquare:
+      path.addRect(QRectF(-0.9 * r, -0.9 * r, 1.8 * r, 1.8 * r));
+      break;
+    case MarkerShape::kTriangle:
+      path.addPolygon(QPolygonF({{0.0, -1.1 * r}, {1.1 * r, 0.9 * r}, {-1.1 * r, 0.9 * r}}));
+      break;
+    case MarkerShape::kDiamond:
+      path.addPolygon(
+          QPolygonF({{0.0, -1.2 * r}, {1.2 * r, 0.0}, {0.0, 1.2 * r}, {-1.2 * r, 0.0}}));
+      break;
+    case MarkerShape::kStar:
+      path.addPolygon(Star(1.15 * r));
+      break;
+    case MarkerShape::kCircle:
+      path.addEllipse(QPointF(), r, r);
+      return {path, false};
+    case MarkerShape::kCross:
+      return {Lines({{-r, -r, r, r}, {-r, r, r, -r}}), false};
+    case MarkerShape::kPlus:
+      return {Lines({{-r, 0.0, r, 0.0}, {0.0, -r, 0.0, r}}), false};
+  }
+  path.closeSubpath();
+  return {path, true};
+}
+
+void PrepareFor(QPainter& painter, const MarkerPath& marker, const StampMarkers& item) {
+  painter.setRenderHint(QPainter::Antialiasing, true);
+  if (marker.filled) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QtColor(item.color));
+  } else {
+    painter.setPen(QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::RoundCap));
+    painter.setBrush(Qt::NoBrush);
+  }
+}
+
+// One marker with its centre in the middle of the image; an odd number of device pixels wide, so
+// that the centre falls on a pixel's middle.
+QImage StampOf(const MarkerPath& marker, const StampMarkers& item, double ratio) {
+  const int half = static_cast<int>(std::ceil((item.size * 0.7 + item.width) * ratio)) + 1;
+  const int side = 2 * half + 1;
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  PrepareFor(painter, marker, item);
+  painter.translate(side / 2.0, side / 2.0);
+  painter.scale(ratio, ratio);
+  painter.drawPath(marker.path);
+  painter.end();
+  return image;
+}
+
+// How far two stretches that meet at a corner reach beyond it: to the outer edge's own corner, at
+// most half the width, and a trace more than nothing, or the seam would show.
+double CornerReach(QPointF from, QPointF to, double width) {
+  constexpr double kSeam = 0.2;
+  const double dot = QPointF::dotProduct(from, to);
+  const double cross = std::abs(from.x() * to.y() - from.y() * to.x());
+  const double size = std::hypot(dot, cross);  // the product of both lengths
+  if (size <= 0.0 || dot <= -0.999 * size) return width / 2.0;
+  const double half_tangent = cross / (size + dot);
+  return std::min(width / 2.0, kSeam + width / 2.0 * half_tangent);
+}
+
+// Replays one kind of item after the other.
+class Replay {
+ public:
+  explicit Replay(QPainter& painter)
+      : painter_(painter),
+        pixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
+        ratio_(painter.device()->devicePixelRatioF()),
+        place_(painter.worldTransform() * QTransform::fromScale(ratio_, ratio_)) {}
+
+  void operator()(const FillBox& item) {
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.fillRect(ToQt(item.box), QtColor(item.color));
+  }
+
+  void operator()(const StrokeLine& item) {
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    if (pixels_ && item.width * place_.m11() > 1.0) {
+      DrawStretches(item);
+      return;
+    }
+    painter_.setPen(
+        QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    CopyTo(polygon_, item.points);
+    painter_.drawPolyline(polygon_);
+  }
+
+  void operator()(const FillShape& item) {
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setBrush(QtColor(item.fill));
+    painter_.setPen(item.width > 0.0 ? QPen(QtColor(item.outline), item.width) : QPen(Qt::NoPen));
+    CopyTo(polygon_, item.points);
+    painter_.drawPolygon(polygon_);
+  }
+
+  void operator()(const StampMarkers& item) {
+    const MarkerPath marker = PathOf(item.shape, item.size);
+    if (pixels_ && place_.type() <= QTransform::TxScale) {
+      Stamp(marker, item);
+    } else {
+      DrawShapes(marker, item);
+    }
+  }
+
+  void operator()(const DrawText& item) {
+    const PictureFonts::Face& face = fonts_.Get(item.pixel_size, item.bold);
+    painter_.setFont(face.font);
+    painter_.setPen(QtColor(item.color));
+    const QString text = ToQt(item.text);
+    double shift = 0.0;
+    if (item.align != TextAlign::kLeft) {
+      const double width = face.metrics.horizontalAdvance(text);
+      shift = item.align == TextAlign::kRight ? -width : -width / 2.0;
+    }
+    if (!item.upwards) {
+      painter_.drawText(QPointF(item.at.x + shift, item.at.y), text);
+      return;
+    }
+    painter_.save();
+    painter_.translate(item.at.x, item.at.y);
+    painter_.rotate(-90.0);
+    painter_.drawText(QPointF(shift, 0.0), text);
+    painter_.restore();
+  }
+
+  // Thin lines are drawn several times faster with a clip set.
+  void operator()(const SetClip& item) { painter_.setClipRect(ToQt(item.box)); }
+
+ private:
+  // A wide line stretch by stretch, each a little longer so that corners close: the raster engine
+  // fills single stretches ten times faster than the outline of a long line.
+  void DrawStretches(const StrokeLine& item) {
+    painter_.setPen(QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::FlatCap));
+    const std::vector<PicturePoint>& points = item.points;
+    stretches_.clear();
+    double before = 0.0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const QLineF line(points[i - 1].x, points[i - 1].y, points[i].x, points[i].y);
+      const double length = line.length();
+      double after = 0.0;
+      if (i + 1 < points.size()) {
+        const QPointF next(points[i + 1].x - points[i].x, points[i + 1].y - points[i].y);
+        after = CornerReach({line.dx(), line.dy()}, next, item.width);
+      }
+      if (length > 0.0) {
+        const QPointF along(line.dx() / length, line.dy() / length);
+        stretches_.append(QLineF(line.p1() - along * before, line.p2() + along * after));
+      }
+      before = after;
+    }
+    painter_.drawLines(stretches_);
+  }
+
+  void Stamp(const MarkerPath& marker, const StampMarkers& item) {
+    const QImage stamp = StampOf(marker, item, place_.m11());
+    const int half = stamp.width() / 2;
+    const QTransform world = painter_.worldTransform();
+    QImage image = stamp;
+    image.setDevicePixelRatio(ratio_);
+    painter_.resetTransform();
+    for (const PicturePoint& center : item.centers) {
+      const QPointF at = place_.map(QPointF(center.x, center.y));
+      painter_.drawImage(
+          QPointF((std::floor(at.x()) - half) / ratio_, (std::floor(at.y()) - half) / ratio_),
+          image);
+    }
+    painter_.setWorldTransform(world);
+  }
+
+  void DrawShapes(const MarkerPath& marker, const StampMarkers& item) {
+    PrepareFor(painter_, marker, item);
+    for (const PicturePoint& center : item.centers) {
+      painter_.drawPath(marker.path.translated(center.x, center.y));
+    }
+  }
+
+  QPainter& painter_;
+  bool pixels_;
+  double ratio_;      // device pixels a unit of the painter's device
+  QTransform place_;  // to pixels of the device; where a window is painted, of the widget in it
+  PictureFonts fonts_;
+  QPolygonF polygon_;  // its memory serves line after line
+  QList<QLineF> stretches_;
+};
+
+}  // namespace
+
+double QtTextMeasure::Width(std::string_view text, int pixel_size, bool bold) const {
+  const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return fonts_.Get(pixel_size, bold).metrics.horizontalAdvance(shown);
+}
+
+QFont PictureFont(int pixel_size, bool bold) {
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(pixel_size);
+  font.setBold(bold);
+  return font;
+}
+
+const PictureFonts::Face& PictureFonts::Get(int pixel_size, bool bold) {
+  const std::pair<int, bool> key(pixel_size, bold);
+  const auto found = faces_.find(key);
+  if (found != faces_.end()) return found->second;
+  const QFont font = PictureFont(pixel_size, bold);
+  return faces_.emplace(key, Face{font, QFontMetricsF(font)}).first->second;
+}
+
+void PaintPicture(QPainter& painter, const ChartPicture& picture) {
+  const QRectF ground(0.0, 0.0, picture.width, picture.height);
+  painter.save();
+  painter.fillRect(ground, QtColor(picture.background));
+  painter.setClipRect(ground);
+  Replay replay(painter);
+  for (const PictureItem& item : picture.items) std::visit(replay, item);
+  painter.restore();
+}
+
+}  // namespace vistaplot

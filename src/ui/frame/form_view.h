@@ -1,0 +1,60 @@
+// Any form as a widget: one adapter per control, laid out by the controls' places.
+#pragma once
+
+#include <QWidget>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "controls/form.h"
+#include "ui/frame/adapter_factory.h"
+
+namespace vistaplot {
+
+/// A place in pixels (15 twips each), both edges rounded, so that neighbours stay neighbours.
+QRect PixelPlace(const Place& place, double x_factor, double y_factor);
+
+class FormView : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Builds a widget for every control of `form`, in its order. `display` is the size that the form
+  /// was scaled to, in pixels; empty: the form is as large as its controls. `parts.parent` becomes
+  /// the view's parent.
+  FormView(Form& form, const AdapterFactory& factory, const AdapterParts& parts, QSize display);
+  ~FormView() override;
+
+  Form& Source() const { return form_; }
+
+  /// The control's adapter; null when it has none.
+  ControlAdapter* AdapterOf(const Control& control) const;
+
+  /// Gives the keyboard to the first control that can be worked.
+  void FocusFirst();
+
+  /// The size at which every control has its own place. At any other size all places are stretched
+  /// alike; widgets of one line keep their height, the others fill what they are given.
+  QSize sizeHint() const override { return base_; }
+  QSize minimumSizeHint() const override { return minimum_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Build(const AdapterFactory& factory, const AdapterParts& parts);
+  QWidget* ParentFor(const Control& control);
+  void MeasureBase(QSize display);
+  void NameWidgets();
+  void JoinScrollBar();
+  void ChainTabStops();
+  void LayOut();
+  void Put(const ControlAdapter& adapter);
+
+  Form& form_;
+  std::vector<std::unique_ptr<ControlAdapter>> adapters_;
+  std::map<const Control*, ControlAdapter*> by_control_;
+  QSize base_;
+  QSize minimum_;
+};
+
+}  // namespace vistaplot

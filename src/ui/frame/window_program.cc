@@ -1,0 +1,144 @@
+#include "ui/frame/window_program.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace vistaplot {
+
+namespace {
+
+/// Keys of the frame's menu commands and tools, by control name.
+constexpr std::array<std::pair<std::string_view, const char*>, 13> kCommandKeys = {
+    {{"mnuFilePrint", "Ctrl+P"},
+     {"mnuFileExit", "Ctrl+Q"},
+     {"mnuEditCopy", "Ctrl+C"},
+     {"mnuWindowNext", "Ctrl+Tab"},
+     {"mnuWindowPrevious", "Ctrl+Shift+Tab"},
+     {"mnuWindowFullScreen", "F11"},
+     {"mnuHelpKeys", "F1"},
+     {"cmdPrev", "Alt+Left"},
+     {"cmdNext", "Alt+Right"},
+     {"cmdShowMain", "Ctrl+1"},
+     {"cmdShowData", "Ctrl+2"},
+     {"cmdShowGraph", "Ctrl+3"},
+     {"cmdShowCalc", "Ctrl+4"}}};
+
+QSize AvailableSize() {
+  const QScreen* screen = QApplication::primaryScreen();
+  return screen == nullptr ? QSize(1280, 960) : screen->availableGeometry().size();
+}
+
+}  // namespace
+
+WindowProgram::WindowProgram(const WindowParts& parts)
+    : display_(parts.display),
+      player_(parts.player),
+      factory_(StandardAdapters()),
+      program_({.quoteline = parts.quoteline,
+                .settings = parts.settings,
+                .dialogs = player_ == nullptr ? dialogs_ : player_->Over(dialogs_),
+                .host = player_ == nullptr ? host_ : player_->Over(host_),
+                .output = player_ == nullptr ? output_ : player_->Over(output_),
+                .program_dir = ProgramFolder(),
+                .roots = RootsFromEnvironment()}),
+      window_(program_.AllScreens().frmMain, factory_, guard_) {
+  guard_.ReportTo(&dialogs_);
+  output_.Use(&window_, dialogs_);
+  dialogs_.Use(&window_, program_.State().roots);
+  host_.Use(window_, program_.AllScreens().frmMain, program_.State().table, program_.State().roots);
+  connect(&window_, &MainWindow::CloseAsked, this, [this] {
+    if (stage_.DeferClosing()) return;
+    guard_.Run([this] { program_.AllScreens().frmMain.mnuFileExit_Click(); });
+  });
+  connect(&window_, &MainWindow::ToolsLeft, this, [this] {
+    guard_.Run([this] { program_.AllScreens().frmMain.HideTip(); });
+  });
+  SetUpCharts();
+  SetUpKeys();
+}
+
+WindowProgram::~WindowProgram() {
+  host_.Close();
+}
+
+bool WindowProgram::Start() {
+  SizeWindow();
+  guard_.Run([this] { program_.Start(); });
+  return !guard_.Status();
+}
+
+int WindowProgram::Run() {
+  if (!Start()) return *guard_.Status();
+  if (player_ != nullptr) {
+    QTimer::singleShot(0, this, [this] { guard_.Run([this] { stage_.Play(*player_); }); });
+  }
+  QApplication::exec();
+  return guard_.Status().value_or(kExitDone);
+}
+
+void WindowProgram::SizeWindow() {
+  if (display_) {
+    window_.resize(display_->width, display_->height);
+    host_.SetDisplay(DisplayInTwips(*display_));
+    return;
+  }
+  window_.resize(AvailableSize());
+  const QSize client = window_.ClientSize();
+  constexpr double kRestoredShare = 0.8;  // of the display, so that its frame has room too
+  window_.resize(AvailableSize() * kRestoredShare);
+  window_.setWindowState(Qt::WindowMaximized);
+  host_.SetDisplay(DisplayInTwips({client.width(), client.height()}));
+}
+
+void WindowProgram::SetUpKeys() {
+  for (const auto& [command, keys] : kCommandKeys) {
+    window_.SetShortcut(command, QKeySequence(QString::fromLatin1(keys)));
+  }
+  window_.ListScreensIn("mnuWindow");
+  connect(&window_.Area(), &QMdiArea::subWindowActivated, this, [this] { FollowFront(); });
+  window_.AddKey(Qt::Key_F6, [this] { window_.ToggleToolFocus(); });
+}
+
+// Ctrl+S stands in the menu beside the command that it means on this screen.
+void WindowProgram::FollowFront() {
+  FrmMain& frmMain = program_.AllScreens().frmMain;
+  const MenuItem& save = frmMain.SaveCommand();
+  for (const MenuItem* command : {&frmMain.mnuFileSaveChart, &frmMain.mnuFileSaveSheet}) {
+    window_.SetShortcut(command->Name(),
+                        command == &save ? QKeySequence(Qt::CTRL | Qt::Key_S) : QKeySequence());
+  }
+}
+
+void WindowProgram::SetUpCharts() {
+  host_.SetChartServices({.change_period = [this](int steps) { ChangePeriod(steps); },
+                          .price_text =
+                              [this](const ChartView& view, int series, int point) {
+                                return PriceText(view, series, point);
+                              }});
+}
+
+void WindowProgram::ChangePeriod(int steps) {
+  auto& periods = program_.AllScreens().frmMain.mnuTimePeriod;
+  const int last = static_cast<int>(periods.size()) - 1;
+  const int now = program_.State().selection.TimePeriodIndex;
+  const int wanted = std::clamp(now + steps, 0, last);
+  MenuItem& period = periods[static_cast<std::size_t>(wanted)];
+  if (wanted != now && period.Usable()) period.RaiseClick();
+}
+
+std::string WindowProgram::PriceText(const ChartView& view, int series, int point) {
+  SharedState& state = program_.State();
+  const Sheet& prices = state.table.SheetAt(1);
+  const std::string& symbol = view.ColumnLabelAt(series);
+  for (const std::int16_t column : state.selection.SelectedColumns) {
+    if (prices.CellText(1, column) != symbol) continue;
+    return prices.CellText(state.selection.FirstDay + point, column);
+  }
+  return {};  // an overlay, or a chart of something else
+}
+
+}  // namespace vistaplot

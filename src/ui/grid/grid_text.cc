@@ -1,0 +1,92 @@
+#include "ui/grid/grid_text.h"
+
+#include <QGlyphRun>
+#include <cmath>
+
+#include "base/text.h"
+#include "ui/controls/qt_text.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr std::string_view kFigures = "0123456789+-./";
+constexpr int kMargin = 4;  // pixels between a text and its cell's edge
+
+}  // namespace
+
+GridText::GridText(const QFont& font)
+    : font_(font), metrics_(font), raw_(QRawFont::fromFont(font)) {
+  const QList<quint32> glyphs = raw_.glyphIndexesForString(QtText(kFigures));
+  if (!raw_.isValid() || glyphs.size() != static_cast<qsizetype>(kFigures.size())) return;
+  for (std::size_t i = 0; i < kFigures.size(); ++i) {
+    const auto character = static_cast<unsigned char>(kFigures[i]);
+    // The widths of the toolkit's own layout, so that both ways look alike.
+    figures_[character] = {
+        .glyph = glyphs[static_cast<qsizetype>(i)],
+        .advance = QFontMetricsF(font).horizontalAdvance(QLatin1Char(kFigures[i]))};
+  }
+}
+
+double GridText::FigureWidth(std::string_view text) const {
+  double width = 0.0;
+  for (const char character : text) {
+    const auto code = static_cast<unsigned char>(character);
+    if (code >= figures_.size() || figures_[code].glyph == 0) return -1.0;
+    width += figures_[code].advance;
+  }
+  return width;
+}
+
+int GridText::Width(std::string_view text) const {
+  const double width = FigureWidth(text);
+  if (width >= 0.0) return static_cast<int>(std::ceil(width));
+  return metrics_.horizontalAdvance(QtText(TrimRightBlanks(text)));
+}
+
+void GridText::Draw(QPainter& painter, const QRect& cell, std::string_view text, bool at_right) {
+  if (text.empty()) return;
+  const QRect room = cell.adjusted(kMargin, 0, -kMargin, 0);
+  const double width = FigureWidth(text);
+  if (width < 0.0 || width > room.width()) {
+    DrawOther(painter, room, text, at_right);
+    return;
+  }
+  const double start = at_right ? room.right() + 1 - std::ceil(width) : room.left();
+  const int top = room.top() + (room.height() - metrics_.height()) / 2;
+  QPointF position(start, top + metrics_.ascent());
+  for (const char character : text) {
+    const Figure& figure = figures_[static_cast<unsigned char>(character)];
+    glyphs_.push_back(figure.glyph);
+    positions_.push_back(position);
+    position.rx() += figure.advance;
+  }
+}
+
+void GridText::DrawOther(QPainter& painter,
+                         const QRect& room,
+                         std::string_view text,
+                         bool at_right) {
+  const int top = room.top() + (room.height() - metrics_.height()) / 2;
+  QString shown = QtText(TrimRightBlanks(text));
+  int width = metrics_.horizontalAdvance(shown);
+  if (width > room.width()) {
+    shown = metrics_.elidedText(shown, Qt::ElideRight, room.width());
+    width = metrics_.horizontalAdvance(shown);
+  }
+  const int start = at_right ? room.right() + 1 - width : room.left();
+  painter.drawText(QPoint(start, top + metrics_.ascent()), shown);
+}
+
+void GridText::Flush(QPainter& painter) {
+  if (glyphs_.isEmpty()) return;
+  QGlyphRun run;
+  run.setRawFont(raw_);
+  run.setGlyphIndexes(glyphs_);
+  run.setPositions(positions_);
+  painter.drawGlyphRun(QPointF(), run);
+  glyphs_.clear();
+  positions_.clear();
+}
+
+}  // namespace vistaplot

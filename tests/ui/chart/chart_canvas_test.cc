@@ -1,0 +1,138 @@
+#include "ui/chart/chart_canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "charts/palette.h"
+#include "support/chart_pictures.h"
+
+namespace vistaplot {
+namespace {
+
+using namespace test;
+
+QImage Painted(const ChartPicture& picture, double ratio = 1.0) {
+  QImage image(static_cast<int>(picture.width * ratio),
+               static_cast<int>(picture.height * ratio),
+               QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  image.fill(Qt::magenta);
+  QPainter painter(&image);
+  PaintPicture(painter, picture);
+  return image;
+}
+
+QColor Ink(const PictureColor& color) {
+  return QColor(color.red, color.green, color.blue);
+}
+
+// The share of another colour that `probe` has, seen from white: 1 is that colour itself.
+double Coverage(const QColor& probe, const QColor& ink) {
+  const double all = 765.0 - ink.red() - ink.green() - ink.blue();
+  return (765.0 - probe.red() - probe.green() - probe.blue()) / all;
+}
+
+// Pixels that `ink` covers by more than half.
+int PixelsOf(const QImage& image, const QRect& area, const QColor& ink) {
+  int count = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) {
+      count += Coverage(image.pixelColor(x, y), ink) > 0.5;
+    }
+  }
+  return count;
+}
+
+ChartPicture Sheet() {
+  ChartPicture picture;
+  picture.width = 100.0;
+  picture.height = 80.0;
+  picture.background = {255, 255, 255};
+  return picture;
+}
+
+TEST(ChartCanvas, WideLinesAreSolidThroughTheirCorners) {
+  ChartPicture picture = Sheet();
+  const PictureColor blue{0, 98, 178};
+  picture.Add(StrokeLine{{{10, 40.5}, {30, 40.5}, {50, 20.5}, {60, 60.5}, {90, 60.5}}, blue, 3.0});
+  const QImage image = Painted(picture);
+  for (const auto& [x, y] : {std::pair{20, 40}, {30, 40}, {40, 30}, {50, 21}, {60, 59}, {75, 60}}) {
+    EXPECT_GT(Coverage(image.pixelColor(x, y), Ink(blue)), 0.9) << x << " " << y;
+  }
+  EXPECT_EQ(image.pixelColor(20, 44), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(5, 40), QColor(Qt::white));
+}
+
+TEST(ChartCanvas, GuidesAreOneSharpRowAndLinesStayInsideTheClip) {
+  ChartPicture picture = Sheet();
+  picture.Add(FillBox{{10, 30, 90, 31}, {200, 0, 0}});
+  picture.Add(SetClip{{20, 0, 80, 80}});
+  picture.Add(StrokeLine{{{0, 50.5}, {100, 50.5}}, {0, 0, 0}, 1.0});
+  const QImage image = Painted(picture);
+  EXPECT_EQ(PixelsOf(image, {0, 0, 100, 45}, QColor(200, 0, 0)), 80);
+  EXPECT_EQ(image.pixelColor(50, 29), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(50, 31), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(10, 50), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(50, 50), QColor(Qt::black));
+}
+
+TEST(ChartCanvas, MarkersSitOnTheirPointsAtAnyPixelRatio) {
+  ChartPicture picture = Sheet();
+  const PictureColor red{213, 78, 18};
+  double x = 10.5;
+  for (const MarkerShape shape : {MarkerShape::kDot,
+                                  MarkerShape::kSquare,
+                                  MarkerShape::kTriangle,
+                                  MarkerShape::kDiamond,
+                                  MarkerShape::kCross,
+                                  MarkerShape::kPlus,
+                                  MarkerShape::kStar}) {
+    picture.Add(StampMarkers{shape, 9.0, 2.0, red, {{x, 40.5}}});
+    x += 12.0;
+  }
+  picture.Add(StampMarkers{MarkerShape::kCircle, 9.0, 1.5, red, {{50.5, 20.5}}});
+  for (const int ratio : {1, 2}) {
+    const QImage image = Painted(picture, ratio);
+    for (int marker = 0; marker < 7; ++marker) {
+      const QPoint center = QPoint(10 + 12 * marker, 40) * ratio;
+      EXPECT_GT(Coverage(image.pixelColor(center), Ink(red)), 0.7) << marker << " at " << ratio;
+      EXPECT_EQ(image.pixelColor(center + QPoint(0, -8) * ratio), QColor(Qt::white)) << marker;
+    }
+    EXPECT_EQ(image.pixelColor(QPoint(50, 20) * ratio), QColor(Qt::white)) << "hollow";
+    EXPECT_GT(Coverage(image.pixelColor(QPoint(55, 20) * ratio), Ink(red)), 0.5);
+  }
+}
+
+TEST(ChartCanvas, TextsEndWhereTheyAreAligned) {
+  ChartPicture picture = Sheet();
+  picture.Add(DrawText{"HHH", {95, 20}, TextAlign::kRight, 12, true, false, {0, 0, 0}});
+  picture.Add(DrawText{"HHH", {20, 75}, TextAlign::kLeft, 12, false, true, {0, 0, 0}});
+  const QImage image = Painted(picture);
+  EXPECT_GT(PixelsOf(image, {55, 8, 40, 13}, Qt::black), 20);
+  EXPECT_EQ(PixelsOf(image, {96, 0, 4, 80}, Qt::black), 0);
+  // Upwards: a column of letters left of x = 20, from y = 75 up.
+  EXPECT_GT(PixelsOf(image, {9, 45, 12, 31}, Qt::black), 10);
+  EXPECT_EQ(PixelsOf(image, {22, 25, 30, 55}, Qt::black), 0);
+}
+
+TEST(ChartCanvas, AWholeChartShowsItsCurvesInTheirColours) {
+  const ChartView view = LineChart({std::vector<double>(50, 0.2), std::vector<double>(50, 0.1)});
+  const ChartPicture picture =
+      LayoutChart(view, {640, 480}, QtTextMeasure(), {.dark = false, .detail = 1.0});
+  const QImage image = Painted(picture);
+  for (int s = 1; s <= 2; ++s) {
+    const QColor ink = Ink(InkOn(LightTheme(), DefaultSeriesColor(s)));
+    const double y = picture.scale.Y(s == 1 ? 0.2 : 0.1);
+    double strongest = 0.0;
+    for (int offset = -1; offset <= 1; ++offset) {
+      const int row = static_cast<int>(y) + offset;
+      strongest = std::max(strongest, Coverage(image.pixelColor(300, row), ink));
+    }
+    EXPECT_GT(strongest, 0.7) << s;
+  }
+  EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
+}
+
+}  // namespace
+}  // namespace vistaplot

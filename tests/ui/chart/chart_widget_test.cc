@@ -1,0 +1,283 @@
+#include "ui/chart/chart_widget.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTest>
+#include <QWheelEvent>
+#include <stdexcept>
+
+#include "support/chart_pictures.h"
+#include "support/recording_dialogs.h"
+#include "ui/chart/chart_canvas.h"
+
+namespace vistaplot {
+namespace {
+
+using namespace test;
+
+constexpr int kRows = 100;
+
+// Series s rises by s percent a day: day d of series 2 is +2(d - 1)%.
+std::vector<std::vector<double>> Rising(int series, int rows) {
+  std::vector<std::vector<double>> values(static_cast<std::size_t>(series));
+  for (int s = 1; s <= series; ++s) {
+    for (int row = 0; row < rows; ++row) {
+      values[static_cast<std::size_t>(s - 1)].push_back(0.01 * s * row);
+    }
+  }
+  return values;
+}
+
+struct ChartWorld {
+  explicit ChartWorld(int series = 3, QSize size = {800, 600}) {
+    Draw(series, kRows);
+    box.view.SetObserver([this] { chart.ViewChanged(); });
+    box.PointSelected = [this](PointSelection& selection) {
+      selections.push_back(selection);
+      selection.Cancel = cancel;
+    };
+    guard.ReportTo(&dialogs);
+    chart.resize(size);
+    chart.show();
+    QCoreApplication::processEvents();
+  }
+
+  void Draw(int series, int rows) {
+    const auto observer = [this] { chart.ViewChanged(); };
+    box.view = LineChart(Rising(series, rows));
+    box.view.SetObserver(observer);
+    box.view.Refresh();
+    QCoreApplication::processEvents();
+  }
+
+  // Where a point is painted.
+  QPoint PlaceOf(int series, int row) const {
+    const QSizeF size = chart.ChartSize();
+    const PlotScale scale =
+        LayoutChart(box.view, {size.width(), size.height()}, QtTextMeasure()).scale;
+    return QPointF(scale.X(row), scale.Y(box.view.DataAt(row, series))).toPoint();
+  }
+
+  std::string Key(Qt::Key key) {
+    QTest::keyClick(&chart, key);
+    return chart.ReadOutText().toStdString();
+  }
+
+  void Wheel(QPoint turn, Qt::KeyboardModifiers modifiers = {}) {
+    const QPointF at = chart.rect().center();
+    QWheelEvent event(
+        at, at, {}, turn, Qt::NoButton, modifiers, Qt::NoScrollPhase, /*inverted=*/false);
+    QCoreApplication::sendEvent(&chart, &event);
+  }
+
+  ChartBox box;
+  EventGuard guard;
+  RecordingDialogs dialogs;
+  ChartWidget chart{box, guard, nullptr};
+  std::vector<PointSelection> selections;
+  bool cancel = false;
+};
+
+std::string Heading(const std::string& read_out) {
+  return read_out.substr(0, read_out.find(','));
+}
+
+TEST(ChartWidget, WithoutSeriesItTellsTheWayToAChart) {
+  ChartWorld world;
+  world.box.view.ToDefaults();  // what a build leaves that is refused for its size
+  world.box.view.TitleText = "NAV";
+  world.box.view.rowcount(12000);
+  world.box.view.Refresh();
+  const QRect inside = QRect(QPoint(), world.chart.ChartSize()).adjusted(4, 4, -4, -4);
+  const QImage painted = world.chart.grab(inside).toImage();
+  QImage blank = painted;
+  blank.fill(painted.pixelColor(0, 0));
+  EXPECT_NE(painted, blank);
+  const QRect top(0, 0, blank.width(), blank.height() / 4);  // no title, no guides
+  EXPECT_EQ(painted.copy(top), blank.copy(top));
+}
+
+TEST(ChartWidget, KeysMoveTheCrossHairByDays) {
+  ChartWorld world;
+  struct Case {
+    Qt::Key key;
+    const char* day;
+  };
+  for (const Case& c : {Case{Qt::Key_Left, "d100"},  // appears on the last day
+                        Case{Qt::Key_Left, "d99"},
+                        Case{Qt::Key_PageUp, "d79"},
+                        Case{Qt::Key_Right, "d80"},
+                        Case{Qt::Key_PageDown, "d100"},
+                        Case{Qt::Key_PageDown, "d100"},
+                        Case{Qt::Key_Home, "d1"},
+                        Case{Qt::Key_Left, "d1"},
+                        Case{Qt::Key_Escape, ""},
+                        Case{Qt::Key_End, "d100"}}) {
+    EXPECT_EQ(Heading(world.Key(c.key)), c.day) << c.key;
+  }
+  world.box.view.Plot.Axis[0].CategoryScale.DivisionsPerLabel = 7;
+  EXPECT_EQ(Heading(world.Key(Qt::Key_PageUp)), "d93");
+}
+
+TEST(ChartWidget, ThePointerSnapsToTheNearestDayAndReadsEverySeries) {
+  ChartWorld world;
+  world.chart.SetHooks({{}, {}, [](int series, int point) {
+                          return series == 2 ? std::to_string(1000 + point) : std::string();
+                        }});
+  const double day_width = (world.PlaceOf(1, 41).x() - world.PlaceOf(1, 1).x()) / 40.0;
+  const int beside = static_cast<int>(day_width * 0.3);
+  QTest::mouseMove(&world.chart, world.PlaceOf(3, 41) + QPoint(beside, 30));
+  EXPECT_EQ(world.chart.ReadOutText().toStdString(),
+            "d41, C1 +40.00%, C2 1041 +80.00%, C3 +120.00%");
+  EXPECT_EQ(world.chart.accessibleDescription(), world.chart.ReadOutText());
+  QStringList shown;
+  for (const QLabel* label : world.chart.findChildren<QLabel*>()) {
+    if (label->isVisible()) shown += label->text();
+  }
+  EXPECT_EQ(shown.join(u'|').toStdString(), "d41|C1 +40.00%|C2 1041 +80.00%|C3 +120.00%");
+}
+
+TEST(ChartWidget, TheCrossHairNeverPaintsTheChartAgainAndLeavesNothingBehind) {
+  ChartWorld world;
+  const QImage before = world.chart.grab().toImage();
+  world.Key(Qt::Key_End);
+  QCoreApplication::processEvents();
+  const qint64 painted = world.chart.Painted().cacheKey();
+  for (int day = 90; day > 10; day -= 7) {
+    QTest::mouseMove(&world.chart, world.PlaceOf(1 + day % 3, day));
+    QCoreApplication::processEvents();
+  }
+  EXPECT_NE(world.chart.grab().toImage(), before);
+  world.Key(Qt::Key_Escape);
+  EXPECT_EQ(world.chart.Painted().cacheKey(), painted);
+  EXPECT_EQ(world.chart.grab().toImage(), before);
+}
+
+TEST(ChartWidget, AClickOnAPointSelectsItAndSoDoesEnter) {
+  ChartWorld world;
+  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, world.PlaceOf(2, 60));
+  ASSERT_EQ(world.selections.size(), 1U);
+  EXPECT_EQ(world.selections[0].Series, 2);
+  EXPECT_EQ(world.selections[0].DataPoint, 60);
+  world.Key(Qt::Key_Left);
+  world.Key(Qt::Key_Down);
+  world.Key(Qt::Key_Return);
+  ASSERT_EQ(world.selections.size(), 2U);
+  EXPECT_EQ(world.selections[1].Series, 3);
+  EXPECT_EQ(world.selections[1].DataPoint, 59);
+
+  const QPoint nothing(world.PlaceOf(1, 5).x(), world.PlaceOf(3, 95).y());
+  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, nothing);
+  QTest::mousePress(&world.chart, Qt::LeftButton, {}, world.PlaceOf(1, 20));
+  QTest::mouseRelease(&world.chart, Qt::LeftButton, {}, world.PlaceOf(1, 60));
+  QTest::mouseClick(&world.chart, Qt::RightButton, {}, world.PlaceOf(2, 60));
+  EXPECT_EQ(world.selections.size(), 2U);
+
+  world.cancel = true;
+  world.Key(Qt::Key_Escape);
+  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, world.PlaceOf(1, 30));
+  EXPECT_EQ(world.selections.size(), 3U);
+  EXPECT_EQ(world.chart.ReadOutText(), "");
+}
+
+TEST(ChartWidget, AClickBesideAPointMeansTheDayThatIsReadOff) {
+  ChartWorld world;
+  world.Draw(1, 100);
+  world.box.view.SetData(61, 1, 5.0, false);  // a leap, steeper than the pointer's reach
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
+  const QPoint before = world.PlaceOf(1, 60);
+  const QPoint after = world.PlaceOf(1, 61);
+  const QPoint on_leap(before.x() + 1, (before.y() + 2 * after.y()) / 3);
+  QTest::mouseMove(&world.chart, on_leap);
+  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, on_leap);
+  ASSERT_EQ(world.selections.size(), 1U);
+  EXPECT_EQ(world.selections[0].DataPoint, 60);
+  EXPECT_EQ(world.chart.ReadOutText().left(3), "d60");
+}
+
+TEST(ChartWidget, MarkersLieWhereTheyBelongInAWindowToo) {
+  ChartWorld world;
+  world.box.view.Plot.SeriesCollection[1].SeriesMarker.Show = true;
+  QWidget window;
+  window.resize(900, 700);
+  world.chart.setParent(&window);
+  world.chart.move(40, 60);
+  window.show();
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
+  const QImage alone = world.chart.grab().toImage();
+  const QImage inside = window.grab().toImage().copy(world.chart.geometry());
+  world.chart.setParent(nullptr);
+  EXPECT_EQ(inside, alone);
+}
+
+TEST(ChartWidget, WhatAHandlerThrowsIsToldAndTheChartGoesOn) {
+  ChartWorld world;
+  world.box.PointSelected = [](PointSelection&) { throw std::runtime_error("no such row"); };
+  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, world.PlaceOf(2, 60));
+  ASSERT_EQ(world.dialogs.messages.size(), 1U);
+  EXPECT_NE(world.dialogs.messages[0].text.find("no such row"), std::string::npos);
+  EXPECT_EQ(Heading(world.Key(Qt::Key_Home)), "d1");
+}
+
+TEST(ChartWidget, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
+  ChartWorld world;
+  std::vector<int> scrolled;
+  std::vector<int> periods;
+  world.chart.SetHooks({.scroll = [&](int notches) { scrolled.push_back(notches); },
+                        .change_period = [&](int steps) { periods.push_back(steps); },
+                        .price_text = {}});
+  world.Wheel({0, -120});
+  for (int part = 0; part < 5; ++part) world.Wheel({0, 48});  // a touch pad's 240
+  world.Wheel({-120, 0});
+  world.Wheel({0, -240}, Qt::ControlModifier);
+  EXPECT_EQ(scrolled, (std::vector<int>{1, -1, -1, 1}));
+  EXPECT_EQ(periods, (std::vector<int>{2}));
+}
+
+TEST(ChartWidget, AnotherChartKeepsTheDayOrItsPlaceOrHidesTheCrossHair) {
+  ChartWorld world;
+  QTest::mouseMove(&world.chart, world.PlaceOf(1, 50));
+  world.box.view.SetData(50, 1, 0.25, false);
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(world.chart.ReadOutText().toStdString(), "d50, C1 +25.00%, C2 +98.00%, C3 +147.00%");
+  world.Draw(3, 2 * kRows - 1);  // the pointer's place shows day 99 now
+  EXPECT_EQ(Heading(world.chart.ReadOutText().toStdString()), "d99");
+  world.box.view.ToDefaults();
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(world.Key(Qt::Key_Left), "");
+}
+
+TEST(ChartWidget, SeriesWithoutRoomAreCountedAndTheChosenOneIsAmongTheShown) {
+  ChartWorld world(10, {300, 200});
+  QTest::mouseMove(&world.chart, world.PlaceOf(8, 90));
+  QStringList shown;
+  QWidget* line = nullptr;
+  for (QLabel* label : world.chart.findChildren<QLabel*>()) {
+    if (!label->isVisible()) continue;
+    shown += label->text();
+    line = label->parentWidget();
+  }
+  EXPECT_TRUE(shown.contains(QStringLiteral("C8 +712.00%"))) << shown.join(u'|').toStdString();
+  EXPECT_EQ(shown.last(), QStringLiteral("+%1 more").arg(10 - (shown.size() - 2)));
+  ASSERT_NE(line, nullptr);
+  EXPECT_EQ(line->toolTip().count(u'\n'), 10);
+}
+
+TEST(ChartWidget, FollowsADarkDesktop) {
+  ChartWorld world;
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(30, 30, 30));
+  world.chart.setPalette(dark);
+  const QImage image = world.chart.grab().toImage();
+  const PictureColor ground = DarkTheme().background;
+  EXPECT_EQ(image.pixelColor(5, 100), QColor(ground.red, ground.green, ground.blue));
+  EXPECT_EQ(image.pixelColor(5, 595), QColor(ground.red, ground.green, ground.blue));
+}
+
+}  // namespace
+}  // namespace vistaplot
