@@ -5,8 +5,8 @@
 #include <string>
 
 #include "bench_program.h"
-#include "charts/layout.h"
-#include "charts/price_chart.h"
+#include "charts/builders/price_chart.h"
+#include "charts/layout/layout.h"
 #include "figures.h"
 #include "price_walk.h"
 #include "support/temporary_folder.h"

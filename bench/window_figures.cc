@@ -13,7 +13,7 @@
 
 #include "app/ini_settings.h"
 #include "bench_program.h"
-#include "charts/time_periods.h"
+#include "charts/builders/time_periods.h"
 #include "figures.h"
 #include "marketdata/quoteline_library.h"
 #include "price_walk.h"

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "charts/chart_view.h"
+#include "charts/view/chart_view.h"
 
 namespace vistaplot {
 

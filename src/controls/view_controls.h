@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "charts/chart_view.h"
+#include "charts/view/chart_view.h"
 #include "controls/control.h"
 
 namespace vistaplot {

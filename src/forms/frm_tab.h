@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "charts/summary_parameters.h"
+#include "charts/builders/summary_parameters.h"
 #include "controls/form.h"
 #include "controls/list_controls.h"
 #include "controls/simple_controls.h"

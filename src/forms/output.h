@@ -6,7 +6,7 @@
 
 #include "base/progress.h"
 #include "base/result.h"
-#include "charts/chart_view.h"
+#include "charts/view/chart_view.h"
 #include "table/sheet.h"
 
 namespace vistaplot {

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "charts/price_chart.h"
+#include "charts/builders/price_chart.h"
 #include "controls/value_controls.h"
 #include "forms/context.h"
 

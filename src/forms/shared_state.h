@@ -6,7 +6,7 @@
 #include <string>
 
 #include "base/host_path.h"
-#include "charts/graph_selection.h"
+#include "charts/builders/graph_selection.h"
 #include "import/family_summary.h"
 #include "import/price_load.h"
 #include "marketdata/market_data.h"

@@ -20,7 +20,6 @@ struct Include {
 
 struct Source {
   std::string path;  ///< below the source folder, with "/"
-  std::string room;
   std::vector<Include> includes;
 };
 
@@ -89,7 +88,6 @@ Source ReadSource(const fs::path& file, const fs::path& source_dir) {
   static const std::regex kInclude(R"rx(^\s*#\s*include\s*([<"])([^>"]+)[>"])rx");
   Source source;
   source.path = fs::relative(file, source_dir).generic_string();
-  source.room = source.path.substr(0, source.path.find('/'));
   const auto lines = ReadLines(file);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     std::smatch match;
@@ -109,21 +107,30 @@ std::vector<fs::path> SourceFiles(const fs::path& dir) {
   return files;
 }
 
+/// The row that a path belongs to: that of its own folder, else of the nearest one around it; the
+/// first folder, or the file in none, where the table has no such row.
+std::string RoomOf(const std::string& path, const RoomTable& table) {
+  if (table.contains(path)) return path;
+  for (auto end = path.rfind('/'); end != std::string::npos && end > 0;
+       end = path.rfind('/', end - 1)) {
+    if (table.contains(path.substr(0, end))) return path.substr(0, end);
+  }
+  return path.substr(0, path.find('/'));
+}
+
 /// What is wrong with one include of a room; "" when nothing is.
-std::string FaultOf(const Include& include,
-                    const std::string& room,
-                    const AllowedIncludes& allowed) {
+std::string FaultOf(const Include& include, const std::string& room, const RoomTable& table) {
+  const AllowedIncludes& allowed = table.at(room);
   if (!include.quoted) {
     const auto library = LibraryOf(include.name);
     if (library.empty() || Contains(allowed.libraries, library)) return {};
     return room + " may not include " + library + " <" + include.name + ">";
   }
-  const auto slash = include.name.find('/');
-  if (slash == std::string::npos) {
+  if (include.name.find('/') == std::string::npos) {
     if (include.name.ends_with(".moc")) return {};
     return "\"" + include.name + "\" does not name its room";
   }
-  const std::string other = include.name.substr(0, slash);
+  const std::string other = RoomOf(include.name, table);
   if (other == room || Contains(allowed.rooms, other)) return {};
   if (Contains(allowed.headers, include.name)) return {};
   return room + " may not include " + include.name;
@@ -184,13 +191,13 @@ std::vector<std::string> FindFaults(const fs::path& source_dir, const RoomTable&
   for (const auto& file : SourceFiles(source_dir)) {
     sources.push_back(ReadSource(file, source_dir));
     const Source& source = sources.back();
-    const auto row = table.find(source.room);
-    if (row == table.end()) {
-      faults.push_back(source.path + ":1: the table has no row for " + source.room);
+    const std::string room = RoomOf(source.path, table);
+    if (!table.contains(room)) {
+      faults.push_back(source.path + ":1: the table has no row for " + room);
       continue;
     }
     for (const auto& include : source.includes) {
-      const auto fault = FaultOf(include, source.room, row->second);
+      const auto fault = FaultOf(include, room, table);
       if (fault.empty()) continue;
       faults.push_back(source.path + ":" + std::to_string(include.line) + ": " + fault);
     }

@@ -12,11 +12,12 @@ namespace vistaplot {
 /// What one room may include beside itself and the standard library.
 struct AllowedIncludes {
   std::vector<std::string> rooms;
-  std::vector<std::string> headers;    ///< single headers of other rooms: "charts/chart_view.h"
+  std::vector<std::string> headers;    ///< single headers of other rooms: "quoteline/quoteline.h"
   std::vector<std::string> libraries;  ///< "Qt", "SQLite", "CLI11"
 };
 
-/// By room name; a source that lies in src itself is a room of its own ("main.cc").
+/// By room name. A folder inside a folder is a room of its own when it has a row ("charts/view"),
+/// and so is a source that lies in src itself ("main.cc").
 using RoomTable = std::map<std::string, AllowedIncludes>;
 
 /// Reads the table of rooms from the text of src/README.md: the rows `room` | holds | may include.

@@ -21,6 +21,8 @@ constexpr std::string_view kTable =
     "|---|---|---|\n"
     "| `low` | numbers | standard library |\n"
     "| `store` | a database | low, SQLite |\n"
+    "| `house/cellar` | a folder in a folder | low |\n"
+    "| `house/attic` | the one above it | house/cellar |\n"
     "| `wide` | everything | low, store/store.h |\n"
     "| `skin` | windows | store and above, Qt |\n"
     "| `main.cc` | the program | all above |\n";
@@ -60,6 +62,12 @@ TEST(SourceRules, EachForbiddenIncludeIsNamedWithItsLine) {
       {"wide/a.cc", "#include \"store/other.h\"\n", ":1: wide may not include store/other.h"},
       {"skin/a.cc", "#include <QString>\n#include \"low/b.h\"\n#include \"a.moc\"\n", nullptr},
       {"skin/a.cc", "#include \"wide/a.h\"\n", ":1: skin may not include wide/a.h"},
+      {"house/attic/a.cc", "#include \"house/cellar/b.h\"\n", nullptr},
+      {"house/attic/a.cc", "#include \"low/b.h\"\n", ":1: house/attic may not include low/b.h"},
+      {"house/cellar/a.cc",
+       "#include \"house/attic/b.h\"\n",
+       ":1: house/cellar may not include house/attic/b.h"},
+      {"house/a.cc", "", ":1: the table has no row for house"},
       {"main.cc", "#include \"skin/a.h\"\n", nullptr},
       {"new/a.cc", "", ":1: the table has no row for new"},
   };

@@ -9,9 +9,9 @@
 #include <variant>
 #include <vector>
 
-#include "charts/chart_picture.h"
-#include "charts/chart_view.h"
-#include "charts/layout.h"
+#include "charts/layout/layout.h"
+#include "charts/view/chart_picture.h"
+#include "charts/view/chart_view.h"
 
 namespace vistaplot::test {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "charts/chart_view.h"
+#include "charts/view/chart_view.h"
 #include "ui/controls/control_adapter.h"
 
 namespace vistaplot {

@@ -7,8 +7,8 @@
 #include <map>
 #include <utility>
 
-#include "charts/chart_picture.h"
-#include "charts/layout.h"
+#include "charts/layout/layout.h"
+#include "charts/view/chart_picture.h"
 
 namespace vistaplot {
 

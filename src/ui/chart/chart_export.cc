@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "base/files.h"
-#include "charts/layout.h"
+#include "charts/layout/layout.h"
 #include "ui/chart/chart_canvas.h"
 
 namespace vistaplot {

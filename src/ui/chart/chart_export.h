@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/result.h"
-#include "charts/chart_view.h"
+#include "charts/view/chart_view.h"
 
 namespace vistaplot {
 

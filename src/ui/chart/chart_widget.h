@@ -12,9 +12,9 @@
 #include <functional>
 #include <optional>
 
-#include "charts/chart_picture.h"
-#include "charts/hit_test.h"
-#include "charts/layout.h"
+#include "charts/layout/hit_test.h"
+#include "charts/layout/layout.h"
+#include "charts/view/chart_picture.h"
 #include "controls/view_controls.h"
 #include "ui/chart/crosshair.h"
 #include "ui/chart/crosshair_marks.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "charts/layout_parts.h"
+#include "charts/layout/layout_parts.h"
 #include "ui/chart/qt_color.h"
 
 namespace vistaplot {

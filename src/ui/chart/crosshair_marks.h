@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-#include "charts/chart_picture.h"
-#include "charts/palette.h"
+#include "charts/view/chart_picture.h"
+#include "charts/view/palette.h"
 #include "ui/chart/crosshair.h"
 #include "ui/chart/read_out.h"
 

@@ -3,7 +3,7 @@
 
 #include <QColor>
 
-#include "charts/chart_picture.h"
+#include "charts/view/chart_picture.h"
 
 namespace vistaplot {
 

@@ -5,9 +5,9 @@
 
 #include "base/number_text.h"
 #include "base/text.h"
-#include "charts/layout_parts.h"
-#include "charts/palette.h"
-#include "charts/value_marks.h"
+#include "charts/kinds/value_marks.h"
+#include "charts/layout/layout_parts.h"
+#include "charts/view/palette.h"
 
 namespace vistaplot {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "charts/chart_picture.h"
-#include "charts/chart_view.h"
+#include "charts/view/chart_picture.h"
+#include "charts/view/chart_view.h"
 
 namespace vistaplot {
 

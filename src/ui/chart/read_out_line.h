@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "charts/palette.h"
+#include "charts/view/palette.h"
 #include "ui/chart/read_out.h"
 
 namespace vistaplot {

@@ -8,7 +8,7 @@
 #include "app/options.h"
 #include "app/script_player.h"
 #include "base/result.h"
-#include "charts/chart_view.h"
+#include "charts/view/chart_view.h"
 
 namespace vistaplot {
 

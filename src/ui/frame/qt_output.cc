@@ -8,7 +8,7 @@
 #include <QPrintDialog>
 #include <algorithm>
 
-#include "charts/layout.h"
+#include "charts/layout/layout.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/chart_export.h"
 #include "ui/controls/qt_text.h"

@@ -4,7 +4,7 @@
 
 #include <QImage>
 
-#include "charts/palette.h"
+#include "charts/view/palette.h"
 #include "support/chart_pictures.h"
 
 namespace vistaplot {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "charts/palette.h"
+#include "charts/view/palette.h"
 #include "support/chart_pictures.h"
 #include "ui/chart/crosshair.h"
 

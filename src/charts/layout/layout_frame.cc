@@ -1,0 +1,223 @@
+#include "charts/layout/layout_frame.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistaplot {
+namespace {
+
+constexpr double kPixelsPerInch = 96.0;
+constexpr double kMargin = 9.0;       // lengths at scale 1
+constexpr double kTickRoom = 7.0;     // from the base line to the labels
+constexpr double kLabelGap = 6.0;     // between a guide's label and its line
+constexpr double kLegendPart = 0.30;  // of the picture's width
+constexpr double kTitleLine = 1.7;    // of an axis title's font size
+constexpr double kRowsPerMark = 3.6;  // heights of a label from guide to guide
+constexpr int kMostMarks = 9;
+
+bool AtBottom(const ChartText& text) {
+  return text.Location.LocationType == kLocationBottomRight;
+}
+
+bool Upwards(const ChartText& text) {
+  return text.TextLayout.Orientation == kOrientationVertical;
+}
+
+double TitleLength(const LayoutContext& context) {
+  const int pixels = context.FontPixels(context.view.title.VtFont.Size);
+  return context.measure.Width(context.view.TitleText, pixels, true);
+}
+
+int LabelPixels(const LayoutContext& context, std::size_t axis) {
+  return context.FontPixels(context.view.Plot.Axis[axis].Labels.VtFont.Size);
+}
+
+bool HasAxisTitle(const ChartView& view, std::size_t axis) {
+  return !view.Plot.Axis[axis].AxisTitle.Text.empty() && !view.Plot.Axis[axis].AxisScale.Hide;
+}
+
+double AxisTitleRoom(const LayoutContext& context, std::size_t axis) {
+  if (!HasAxisTitle(context.view, axis)) return 0.0;
+  return kTitleLine * context.FontPixels(context.view.Plot.Axis[axis].AxisTitle.VtFont.Size);
+}
+
+double FootnoteRoom(const LayoutContext& context) {
+  const ChartText& note = context.view.Footnote;
+  if (!note.Location.Visible || note.Text.empty()) return 0.0;
+  return kLineHeight * context.FontPixels(note.VtFont.Size);
+}
+
+double TopRoom(const LayoutContext& context) {
+  const ChartView& view = context.view;
+  const double margin = kMargin * context.scale;
+  if (view.TitleText.empty() || AtBottom(view.title)) return margin;
+  return margin + 1.5 * context.FontPixels(view.title.VtFont.Size);
+}
+
+// The line of labels also holds a title at the bottom.
+double LabelLine(const LayoutContext& context) {
+  const ChartView& view = context.view;
+  double line = 0.0;
+  if (!view.Plot.Axis[0].AxisScale.Hide) line = LabelPixels(context, 0);
+  if (!view.TitleText.empty() && AtBottom(view.title) && !Upwards(view.title)) {
+    line = std::max(line, 1.0 * context.FontPixels(view.title.VtFont.Size));
+  }
+  return line;
+}
+
+double BottomRoom(const LayoutContext& context) {
+  const double line = LabelLine(context);
+  const double below = line > 0.0 ? kTickRoom * context.scale + line : 0.0;
+  const double room =
+      kMargin * context.scale * 0.7 + FootnoteRoom(context) + AxisTitleRoom(context, 0) + below;
+  const auto& rect = context.view.Plot.LocationRect;
+  const double kept = context.view.Plot.AutoLayout ? 0.0 : rect.Min.Y * kPixelsPerInch;
+  return std::max(room, std::min(kept, context.size.height * 0.2));
+}
+
+double LeftRoom(const LayoutContext& context) {
+  const auto& rect = context.view.Plot.LocationRect;
+  const double kept = context.view.Plot.AutoLayout ? 0.0 : rect.Min.X * kPixelsPerInch;
+  return std::max(kMargin * context.scale, std::min(kept, context.size.width * 0.2));
+}
+
+double WidestMark(const LayoutContext& context, const std::vector<ValueMark>& marks) {
+  double widest = 0.0;
+  for (const ValueMark& mark : marks) {
+    widest = std::max(widest, context.measure.Width(mark.text, LabelPixels(context, 1), false));
+  }
+  return widest;
+}
+
+// Legend, and a title that reads upwards at the lower right, share the column beside the plot.
+void PlaceRightColumn(const LayoutContext& context, ChartFrame& frame) {
+  const ChartView& view = context.view;
+  const double margin = kMargin * context.scale;
+  const bool title_stands = !view.TitleText.empty() && AtBottom(view.title) && Upwards(view.title);
+  const double title_length = title_stands ? TitleLength(context) + margin : 0.0;
+  frame.legend =
+      PlanLegend(context, context.size.width * kLegendPart, frame.plot.Height() - title_length);
+  double width = frame.legend.width;
+  if (title_stands) width = std::max(width, 1.0 * context.FontPixels(view.title.VtFont.Size));
+  frame.plot.right = context.size.width - margin;
+  if (width > 0.0) frame.plot.right -= width + 1.3 * margin;
+  frame.plot.right = std::floor(frame.plot.right);
+  frame.legend_at = {std::floor(frame.plot.right + 1.3 * margin), frame.plot.top};
+}
+
+// The marks' texts stand left of the data: inside the plot, or outside where the scale shows.
+void PlaceValueScale(const LayoutContext& context, const AxisRanges& ranges, ChartFrame& frame) {
+  const ChartView& view = context.view;
+  const auto& axis = view.Plot.Axis[1];
+  frame.guides = axis.AxisGrid.MajorPen.style != kPenNone;
+  frame.labels_inside = axis.AxisScale.Hide;
+  if (frame.guides || !frame.labels_inside) {
+    const double room = kRowsPerMark * LabelPixels(context, 1);
+    const int most = std::clamp(static_cast<int>(frame.plot.Height() / room), 1, kMostMarks);
+    frame.marks = RoundMarks(ranges.values.low, ranges.values.high, most, ValueUnitOf(view));
+  }
+  const double gap = kLabelGap * context.scale;
+  const double labels = frame.marks.empty() ? 0.0 : WidestMark(context, frame.marks) + gap;
+  if (!frame.labels_inside) frame.plot.left += AxisTitleRoom(context, 1) + labels;
+  frame.plot.left = std::round(frame.plot.left);
+  const double inset = frame.labels_inside ? labels : 0.0;
+  frame.scale = {.box = {std::round(frame.plot.left + inset),
+                         frame.plot.top,
+                         frame.plot.right - std::round(3.0 * context.scale),
+                         frame.plot.bottom},
+                 .first_position = ranges.positions.low,
+                 .last_position = ranges.positions.high,
+                 .lowest = ranges.values.low,
+                 .highest = ranges.values.high};
+}
+
+PictureBox PlaceTitle(const LayoutContext& context, const ChartFrame& frame) {
+  const ChartView& view = context.view;
+  if (view.TitleText.empty()) return {};
+  const int pixels = context.FontPixels(view.title.VtFont.Size);
+  const double margin = kMargin * context.scale;
+  const double right = context.size.width - margin;
+  const double length = std::min(TitleLength(context), right - margin);
+  if (!AtBottom(view.title)) {
+    const bool middle = view.title.Location.LocationType == kLocationTop;
+    const double left = middle ? (context.size.width - length) / 2.0 : frame.plot.left;
+    return {left, margin, left + length, margin + pixels};
+  }
+  if (Upwards(view.title)) {
+    return {right - pixels, frame.plot.bottom - length, right, frame.plot.bottom};
+  }
+  return {right - length, frame.label_base - pixels, right, frame.label_base};
+}
+
+void DrawAxisTitles(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+  for (const std::size_t axis : {std::size_t{0}, std::size_t{1}}) {
+    if (!HasAxisTitle(context.view, axis)) continue;
+    const auto& title = context.view.Plot.Axis[axis].AxisTitle;
+    const int pixels = context.FontPixels(title.VtFont.Size);
+    const PictureBox& box = frame.scale.box;
+    const double below =
+        context.size.height - kMargin * context.scale * 0.7 - FootnoteRoom(context) - 0.3 * pixels;
+    const PicturePoint at = axis == 0 ? PicturePoint{(box.left + box.right) / 2.0, below}
+                                      : PicturePoint{LeftRoom(context) + kCapHeight * pixels,
+                                                     (box.top + box.bottom) / 2.0};
+    picture.Add(DrawText{.text = title.Text,
+                         .at = at,
+                         .align = TextAlign::kCenter,
+                         .pixel_size = pixels,
+                         .upwards = axis == 1,
+                         .color = context.theme.label});
+  }
+}
+
+void DrawFootnote(const LayoutContext& context, ChartPicture& picture) {
+  if (FootnoteRoom(context) <= 0.0) return;
+  const ChartText& note = context.view.Footnote;
+  const int pixels = context.FontPixels(note.VtFont.Size);
+  const double margin = kMargin * context.scale;
+  const bool unset = note.VtFont.VtColor == ChartColor{};
+  const double room = context.size.width - 2.0 * margin;
+  picture.Add(
+      DrawText{.text = ElideText(context, note.Text, pixels, room),
+               .at = {context.size.width - margin,
+                      std::round(context.size.height - margin * 0.7 - 0.25 * pixels)},
+               .align = TextAlign::kRight,
+               .pixel_size = pixels,
+               .color = unset ? context.theme.label : InkOn(context.theme, note.VtFont.VtColor)});
+}
+
+}  // namespace
+
+ChartFrame PlaceFrame(const LayoutContext& context) {
+  ChartFrame frame;
+  const AxisRanges ranges = RangesOf(context.view);
+  frame.plot.left = LeftRoom(context);
+  frame.plot.top = std::round(TopRoom(context));
+  frame.plot.bottom = std::round(context.size.height - BottomRoom(context));
+  frame.label_base =
+      std::round(frame.plot.bottom + kTickRoom * context.scale + 0.9 * LabelLine(context));
+  PlaceRightColumn(context, frame);
+  PlaceValueScale(context, ranges, frame);
+  frame.title = PlaceTitle(context, frame);
+  return frame;
+}
+
+void DrawTitles(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+  const ChartView& view = context.view;
+  if (!view.TitleText.empty()) {
+    const int pixels = context.FontPixels(view.title.VtFont.Size);
+    const bool stands = AtBottom(view.title) && Upwards(view.title);
+    const double ascent = kCapHeight * pixels;
+    const PicturePoint at = stands ? PicturePoint{frame.title.right, frame.title.bottom}
+                                   : PicturePoint{frame.title.left, frame.title.top + ascent};
+    picture.Add(DrawText{.text = view.TitleText,
+                         .at = {at.x, AtBottom(view.title) && !stands ? frame.label_base : at.y},
+                         .pixel_size = pixels,
+                         .bold = true,
+                         .upwards = stands,
+                         .color = context.theme.title});
+  }
+  DrawAxisTitles(context, frame, picture);
+  DrawFootnote(context, picture);
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,154 @@
+#include "charts/layout/layout_legend.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistaplot {
+namespace {
+
+constexpr double kRowHeight = 1.5;  // in font sizes, as are the following
+constexpr double kSwatchWidth = 1.6;
+constexpr double kSwatchGap = 0.5;
+constexpr double kColumnGap = 0.9;
+constexpr double kLeastText = 4.6;  // a column narrower than this tells names no longer
+constexpr double kLeastPoints = 6.0;
+
+std::vector<LegendEntry> NamedSeries(const ChartView& view) {
+  std::vector<LegendEntry> entries;
+  for (const DrawnSeries& series : SeriesOf(view)) {
+    const int column = series.x_column > 0 ? series.x_column : series.y_column;
+    const std::string& label = view.ColumnLabelAt(column);
+    if (label.find_first_not_of(' ') != std::string::npos) {
+      entries.push_back({series.number, label});
+    }
+  }
+  return entries;
+}
+
+double Widest(const LayoutContext& context, const std::vector<LegendEntry>& entries, int pixels) {
+  double widest = 0.0;
+  for (const LegendEntry& entry : entries) {
+    widest = std::max(widest, context.measure.Width(entry.text, pixels, false));
+  }
+  return widest;
+}
+
+struct Grid {
+  int rows = 0;
+  int columns = 0;
+  double text_width = 0.0;  // of a column; texts beyond are cut
+};
+
+double SwatchRoom(int pixels) {
+  return (kSwatchWidth + kSwatchGap) * pixels;
+}
+
+// The columns of `count` entries in that font: as many as needed, as long as each keeps kLeastText.
+Grid FitGrid(int count, int pixels, double widest, double most_width, double most_height) {
+  Grid grid;
+  grid.rows = static_cast<int>(most_height / (kRowHeight * pixels));
+  const double least = std::min(widest, kLeastText * pixels) + SwatchRoom(pixels);
+  const int most_columns =
+      static_cast<int>((most_width + kColumnGap * pixels) / (least + kColumnGap * pixels));
+  if (grid.rows < 1 || most_columns < 1) return {};
+  grid.columns = std::min((count + grid.rows - 1) / grid.rows, most_columns);
+  const double gaps = (grid.columns - 1) * kColumnGap * pixels;
+  const double room = (most_width - gaps) / grid.columns - SwatchRoom(pixels);
+  grid.text_width = std::min(widest, room);
+  return grid;
+}
+
+bool HoldsAll(const Grid& grid, int count, double widest) {
+  return grid.rows * grid.columns >= count && (grid.columns == 1 || grid.text_width >= widest);
+}
+
+// The series' mark: a short line, its marker, or both.
+void DrawSwatch(const LayoutContext& context,
+                int series,
+                const PictureBox& box,
+                ChartPicture& picture) {
+  const ChartSeries& settings = SettingsOf(context.view, series);
+  const PictureColor ink = SeriesInk(context, series);
+  const double middle = std::round((box.top + box.bottom) / 2.0);
+  if (settings.showline) {
+    const double half = std::max(1.0, std::round(box.Height() * 0.09));
+    picture.Add(FillBox{{box.left, middle - half, box.right, middle + half}, ink});
+  }
+  if (settings.SeriesMarker.Show || !settings.showline) {
+    picture.Add(StampMarkers{.shape = SeriesMarkerShape(series),
+                             .size = std::round(box.Height() * 0.5),
+                             .width = context.scale * 1.2,
+                             .color = ink,
+                             .centers = {{(box.left + box.right) / 2.0, middle}}});
+  }
+}
+
+}  // namespace
+
+LegendPlan PlanLegend(const LayoutContext& context, double most_width, double most_height) {
+  if (!context.view.Legend.Location.Visible) return {};
+  std::vector<LegendEntry> entries = NamedSeries(context.view);
+  if (entries.empty()) return {};
+  const int count = static_cast<int>(entries.size());
+  const int least = std::min(context.FontPixels(kLeastPoints),
+                             context.FontPixels(context.view.Legend.VtFont.Size));
+  int pixels = context.FontPixels(context.view.Legend.VtFont.Size);
+  const double widest_of_a_pixel = Widest(context, entries, pixels) / pixels;
+  const auto grid_at = [&](int size) {
+    return FitGrid(count, size, widest_of_a_pixel * size + 0.5, most_width, most_height);
+  };
+  Grid grid = grid_at(pixels);
+  while (pixels > least && !HoldsAll(grid, count, widest_of_a_pixel * pixels)) {
+    grid = grid_at(--pixels);
+  }
+  const int room = grid.rows * grid.columns;
+  if (room == 0) return {};
+
+  LegendPlan plan;
+  plan.left_out = count > room ? count - room + 1 : 0;
+  entries.resize(static_cast<std::size_t>(count - plan.left_out));
+  for (LegendEntry& entry : entries) {
+    entry.text = ElideText(context, entry.text, pixels, grid.text_width + 0.5);
+  }
+  plan.entries = std::move(entries);
+  plan.rows = (std::min(count, room) + grid.columns - 1) / grid.columns;
+  plan.pixels = pixels;
+  plan.row_height = kRowHeight * pixels;
+  plan.column_width = SwatchRoom(pixels) + grid.text_width + kColumnGap * pixels;
+  plan.width = plan.column_width * grid.columns - kColumnGap * pixels;
+  return plan;
+}
+
+void DrawLegend(const LayoutContext& context,
+                const LegendPlan& plan,
+                PicturePoint at,
+                ChartPicture& picture) {
+  if (plan.width <= 0.0) return;
+  picture.legend = {at.x, at.y, at.x + plan.width, at.y + plan.rows * plan.row_height};
+  const auto cell = [&](int index) -> PicturePoint {
+    const int column = index / plan.rows;
+    const int row = index % plan.rows;
+    return {std::round(at.x + column * plan.column_width),
+            std::round(at.y + row * plan.row_height)};
+  };
+  const auto write = [&](PicturePoint corner, double indent, const std::string& text) {
+    const double base = corner.y + (plan.row_height + kCapHeight * plan.pixels) / 2.0;
+    picture.Add(DrawText{.text = text,
+                         .at = {corner.x + indent, std::round(base)},
+                         .pixel_size = plan.pixels,
+                         .color = context.theme.title});
+  };
+  int index = 0;
+  for (const LegendEntry& entry : plan.entries) {
+    const PicturePoint corner = cell(index++);
+    const double right = corner.x + std::round(kSwatchWidth * plan.pixels);
+    DrawSwatch(
+        context, entry.series, {corner.x, corner.y, right, corner.y + plan.row_height}, picture);
+    write(corner, SwatchRoom(plan.pixels), entry.text);
+  }
+  if (plan.left_out > 0) {
+    write(cell(index), 0.0, std::string("+").append(std::to_string(plan.left_out)).append(" more"));
+  }
+}
+
+}  // namespace vistaplot

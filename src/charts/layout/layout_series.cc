@@ -1,0 +1,254 @@
+#include "charts/layout/layout_series.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "charts/kinds/line_thinner.h"
+
+namespace vistaplot {
+namespace {
+
+constexpr double kPixelsPerPoint = 96.0 / 72.0;
+// Widths of a pen of width 1, at scale 1: wide, less so with more than kClosePoints a unit of
+// width, and fine where wide lines would smear: with more than kDensePoints a unit, or kManyPoints
+// in all.
+constexpr double kLineWidth = 1.5;
+constexpr double kCloseWidth = 1.0;
+constexpr double kFineWidth = 0.7;
+constexpr double kClosePoints = 0.6;
+constexpr double kDensePoints = 1.5;
+constexpr double kManyPoints = 8000.0;
+constexpr double kLargestMarker = 6.0;  // of a whole series, at scale 1
+constexpr double kSmallestMarker = 3.0;
+constexpr double kMarkerStroke = 1.3;
+
+bool IsThere(PicturePoint point) {
+  return !std::isnan(point.y);
+}
+
+// The series' points on the picture, row by row; y is not a number where the point is missing.
+void PlacePoints(const ChartView& view,
+                 const DrawnSeries& series,
+                 const PlotScale& scale,
+                 std::vector<PicturePoint>& points) {
+  constexpr PicturePoint kMissing{0.0, std::numeric_limits<double>::quiet_NaN()};
+  const std::vector<double>& values = view.ColumnData(series.y_column);
+  points.assign(values.size(), kMissing);
+  const double first = scale.X(1.0);
+  const double row_width = scale.X(2.0) - first;
+  const double* positions = series.x_column > 0 ? view.ColumnData(series.x_column).data() : nullptr;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (!std::isfinite(values[i])) continue;
+    if (positions == nullptr) {
+      points[i] = {first + static_cast<double>(i) * row_width, scale.Y(values[i])};
+    } else if (std::isfinite(positions[i])) {
+      points[i] = {scale.X(positions[i]), scale.Y(values[i])};
+    }
+  }
+}
+
+// What is drawn of a series' line.
+struct Curve {
+  int series = 0;
+  std::vector<std::vector<PicturePoint>> pieces;
+  std::vector<PicturePoint> alone;
+};
+
+Curve ThinCurve(int series, const std::vector<PicturePoint>& points, double most, double detail) {
+  LineThinner thinner(detail, std::min(points.size(), static_cast<std::size_t>(most)));
+  for (const PicturePoint& point : points) {
+    if (IsThere(point)) {
+      thinner.Add(point);
+    } else {
+      thinner.Break();
+    }
+  }
+  thinner.Break();
+  return {series, thinner.TakePieces(), thinner.TakeAlone()};
+}
+
+// The markers of one look, each pixel once.
+class MarkerLayer {
+ public:
+  MarkerLayer(const PictureBox& box, double detail)
+      : left_(box.left - kReach), top_(box.top - kReach), detail_(detail) {
+    columns_ = static_cast<std::size_t>((box.Width() + 2.0 * kReach) * detail) + 1;
+    rows_ = static_cast<std::size_t>((box.Height() + 2.0 * kReach) * detail) + 1;
+    taken_.resize(columns_ * rows_);
+  }
+
+  // True for the first marker on this pixel; false also for places outside the plot.
+  bool Take(PicturePoint at) {
+    const double column = (at.x - left_) * detail_;
+    const double row = (at.y - top_) * detail_;
+    if (!(column >= 0.0 && row >= 0.0)) return false;
+    if (column >= static_cast<double>(columns_) || row >= static_cast<double>(rows_)) return false;
+    const std::size_t pixel =
+        static_cast<std::size_t>(row) * columns_ + static_cast<std::size_t>(column);
+    if (taken_[pixel]) return false;
+    taken_[pixel] = true;
+    return true;
+  }
+
+ private:
+  static constexpr double kReach = 2.0;  // points on the plot's edge count
+  double left_;
+  double top_;
+  double detail_;
+  std::size_t columns_ = 0;
+  std::size_t rows_ = 0;
+  std::vector<bool> taken_;
+};
+
+double SeriesMarkerSize(const LayoutContext& context, const PlotScale& scale) {
+  const double rows = std::max(1, context.view.rowcount());
+  const double size = 1.1 * scale.box.Width() / rows / context.scale;
+  return std::round(std::clamp(size, kSmallestMarker, kLargestMarker) * context.scale);
+}
+
+void StampWholeSeries(const LayoutContext& context,
+                      int series,
+                      const std::vector<PicturePoint>& points,
+                      const PlotScale& scale,
+                      ChartPicture& picture) {
+  const auto& own = SettingsOf(context.view, series).DataPoints.items;
+  auto next_own = own.begin();
+  MarkerLayer layer(scale.box, context.detail);
+  StampMarkers markers{.shape = SeriesMarkerShape(series),
+                       .size = SeriesMarkerSize(context, scale),
+                       .width = kMarkerStroke * context.scale,
+                       .color = SeriesInk(context, series),
+                       .centers = {}};
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    while (next_own != own.end() && next_own->first < static_cast<int>(i) + 1) ++next_own;
+    if (next_own != own.end() && next_own->first == static_cast<int>(i) + 1) continue;
+    if (IsThere(points[i]) && layer.Take(points[i])) markers.centers.push_back(points[i]);
+  }
+  if (!markers.centers.empty()) picture.Add(std::move(markers));
+}
+
+bool SameLook(const StampMarkers& one, const StampMarkers& other) {
+  return one.shape == other.shape && one.size == other.size && one.width == other.width &&
+         one.color == other.color;
+}
+
+StampMarkers LookOf(const LayoutContext& context, const ChartMarker& marker, int series) {
+  return {.shape = MarkerShapeOf(marker, series),
+          .size = std::max(2.0, std::round(marker.Size * kPixelsPerPoint * context.scale)),
+          .width = std::max(1.0, marker.Pen.Width) * kMarkerStroke * context.scale,
+          .color = MarkerInk(context, marker, series),
+          .centers = {}};
+}
+
+void StampOwnMarkers(const LayoutContext& context,
+                     int series,
+                     const std::vector<PicturePoint>& points,
+                     ChartPicture& picture) {
+  std::vector<StampMarkers> looks;
+  for (const auto& [number, point] : SettingsOf(context.view, series).DataPoints.items) {
+    const auto index = static_cast<std::size_t>(number - 1);
+    if (!point.Marker.Visible || index >= points.size() || !IsThere(points[index])) continue;
+    StampMarkers look = LookOf(context, point.Marker, series);
+    auto known = std::find_if(
+        looks.begin(), looks.end(), [&](const auto& other) { return SameLook(look, other); });
+    if (known == looks.end()) known = looks.insert(looks.end(), std::move(look));
+    known->centers.push_back(points[index]);
+  }
+  for (StampMarkers& look : looks) picture.Add(std::move(look));
+}
+
+// Labels in the order of the points; one that would cover an earlier one is left away.
+void WriteLabels(const LayoutContext& context,
+                 int series,
+                 const std::vector<PicturePoint>& points,
+                 std::vector<DrawText>& labels) {
+  std::vector<PictureBox> written;
+  for (const auto& [number, point] : SettingsOf(context.view, series).DataPoints.items) {
+    const auto index = static_cast<std::size_t>(number - 1);
+    if (!point.DataPointLabel || index >= points.size() || !IsThere(points[index])) continue;
+    const ChartPointLabel& label = *point.DataPointLabel;
+    const int pixels = context.FontPixels(label.VtFont.Size);
+    const double half = context.measure.Width(label.Text, pixels, false) / 2.0;
+    const PicturePoint at = points[index];
+    const double top = at.y + point.Marker.Size * kPixelsPerPoint * context.scale / 2.0 + 1.0;
+    const PictureBox box{at.x - half, top, at.x + half, top + pixels};
+    if (std::any_of(written.begin(), written.end(), [&](const auto& other) {
+          return other.Overlaps(box);
+        })) {
+      continue;
+    }
+    written.push_back(box);
+    labels.push_back(DrawText{.text = label.Text,
+                              .at = {at.x, std::round(top + 0.85 * pixels)},
+                              .align = TextAlign::kCenter,
+                              .pixel_size = pixels,
+                              .color = context.theme.label});
+  }
+}
+
+std::vector<Curve> ThinCurves(const LayoutContext& context, const PlotScale& scale) {
+  constexpr double kMostPerColumn = 4.0;
+  const double most = kMostPerColumn * (scale.box.Width() * context.detail + 2.0);
+  std::vector<Curve> curves;
+  std::vector<PicturePoint> points;
+  for (const DrawnSeries& series : SeriesOf(context.view)) {
+    if (!SettingsOf(context.view, series.number).showline) continue;
+    PlacePoints(context.view, series, scale, points);
+    curves.push_back(ThinCurve(series.number, points, most, context.detail));
+  }
+  return curves;
+}
+
+double LineWidth(const std::vector<Curve>& curves, double plot_width) {
+  double all = 0.0;
+  double most = 0.0;
+  for (const Curve& curve : curves) {
+    double points = 0.0;
+    for (const auto& piece : curve.pieces) points += static_cast<double>(piece.size());
+    all += points;
+    most = std::max(most, points);
+  }
+  if (all > kManyPoints || most > kDensePoints * plot_width) return kFineWidth;
+  return most > kClosePoints * plot_width ? kCloseWidth : kLineWidth;
+}
+
+void DrawCurve(const LayoutContext& context, Curve curve, double width, ChartPicture& picture) {
+  const double pen = std::max(SettingsOf(context.view, curve.series).Pen.Width, 0.5);
+  const double drawn = std::max(1.0, pen * width * context.scale);
+  const PictureColor ink = SeriesInk(context, curve.series);
+  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, drawn});
+  if (curve.alone.empty()) return;
+  picture.Add(StampMarkers{.shape = MarkerShape::kDot,
+                           .size = std::round(drawn + 2.0 * context.scale),
+                           .width = 0.0,
+                           .color = ink,
+                           .centers = std::move(curve.alone)});
+}
+
+void DrawMarkers(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
+  std::vector<PicturePoint> points;
+  std::vector<DrawText> labels;  // above all markers
+  for (const DrawnSeries& series : SeriesOf(context.view)) {
+    const ChartSeries& settings = SettingsOf(context.view, series.number);
+    if (!settings.SeriesMarker.Show && settings.DataPoints.items.empty()) continue;
+    PlacePoints(context.view, series, scale, points);
+    if (settings.SeriesMarker.Show) {
+      StampWholeSeries(context, series.number, points, scale, picture);
+    }
+    StampOwnMarkers(context, series.number, points, picture);
+    WriteLabels(context, series.number, points, labels);
+  }
+  for (DrawText& label : labels) picture.Add(std::move(label));
+}
+
+}  // namespace
+
+void DrawSeries(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
+  std::vector<Curve> curves = ThinCurves(context, scale);
+  const double width = LineWidth(curves, scale.box.Width());
+  for (Curve& curve : curves) DrawCurve(context, std::move(curve), width, picture);
+  DrawMarkers(context, scale, picture);
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,31 @@
+// Colours of charts: those that series have until somebody sets another, and those of paper, texts
+// and guide lines on light and on dark ground.
+#pragma once
+
+#include "charts/view/chart_picture.h"
+#include "charts/view/chart_view.h"
+
+namespace vistaplot {
+
+/// The pen colour of series `s` (from 1) until a builder sets one. Ten colours that stay apart for
+/// colour-blind readers and show on white and on black, then lighter and darker kinds of them.
+ChartColor DefaultSeriesColor(int s);
+
+struct ChartTheme {
+  PictureColor background;
+  PictureColor title;
+  PictureColor label;
+  PictureColor guide;       ///< lines of the value guides
+  PictureColor guide_zero;  ///< the guide at zero
+  PictureColor axis;        ///< base line and ticks
+  bool dark = false;
+};
+
+ChartTheme LightTheme();  ///< also for print: white ground
+ChartTheme DarkTheme();
+
+/// A builder's colour as it is drawn on the theme's ground: unchanged on light ground; on dark
+/// ground lightened as far as it needs to be seen.
+PictureColor InkOn(const ChartTheme& theme, const ChartColor& color);
+
+}  // namespace vistaplot
