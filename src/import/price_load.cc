@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "marketdata/family_file.h"
+#include "marketdata/family_files.h"
 #include "marketdata/issue_lists.h"
 #include "marketdata/service.h"
 

@@ -7,7 +7,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "marketdata/family_file.h"
+#include "formats/family_file.h"
 #include "marketdata/service.h"
 
 namespace vistaplot {

@@ -7,7 +7,7 @@
 #include "base/files.h"
 #include "base/number_text.h"
 #include "base/text.h"
-#include "quoteline/family_file.h"
+#include "quoteline/family_folders.h"
 #include "quoteline/quoteline.h"
 #include "quoteline/service.h"
 #include "quoteline/store_change.h"

@@ -9,7 +9,7 @@
 #include "base/date.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "quoteline/family_file.h"
+#include "quoteline/family_folders.h"
 #include "quoteline/fnu_issues.h"
 #include "quoteline/store.h"
 
@@ -179,16 +179,27 @@ class Checker {
       return;
     }
     const std::string_view stem = UpToFirstDot(std::string_view(name).substr(name.rfind('/') + 1));
-    if (stem.size() > kFamilyNameLength) {
+    if (stem.size() > kFamilyName.width) {
       Fault(name, "its name has more than 8 characters, so that it cannot be loaded");
     }
     const auto family = ParseFamilyFile(bytes.Value());
     if (!family) {
-      Fault(name, family.Error().description);
+      Fault(name, "is shorter than a family's header");
       return;
     }
-    if (!issues_known_) return;
-    for (const std::string& symbol : family.Value().symbols) {
+    const int count = family.Value().header.count;
+    const std::size_t held = (bytes.Value().size() - kFamilyDataStart) / FamilyEntrySize;
+    if (count < 0) {
+      Fault(name, "counts fewer than no symbols");
+    } else if (static_cast<std::size_t>(count) > held) {
+      Fault(name, "counts " + std::to_string(count) + " symbols but holds " + std::to_string(held));
+    } else if (issues_known_) {
+      CheckMembers(name, family.Value());
+    }
+  }
+
+  void CheckMembers(const std::string& name, const Family& family) {
+    for (const std::string& symbol : family.symbols) {
       if (!symbols_.contains(UpperCase(symbol))) Fault(name, "no such issue: \"" + symbol + "\"");
     }
   }

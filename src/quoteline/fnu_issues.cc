@@ -8,7 +8,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "quoteline/fnu_file.h"
+#include "formats/fnu_file.h"
 #include "quoteline/history.h"
 
 namespace vistaplot {

@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
 
 #include "base/files.h"
+#include "formats/signal_file.h"
 #include "quoteline/administration.h"
-#include "quoteline/family_file.h"
+#include "quoteline/family_folders.h"
 #include "quoteline/quoteline.h"
 #include "quoteline/sample_market.h"
 #include "quoteline/sample_results.h"
@@ -49,11 +51,13 @@ bool IsMember(const SampleIssue& issue, const FamilyPlan& plan) {
 std::vector<SampleFile> MakeFamilies(const SampleMarket& market) {
   std::vector<SampleFile> files;
   for (const FamilyPlan& plan : kFamilies) {
-    Family family{.name = plan.name, .title = plan.title, .symbols = {}};
+    const FamilyHeader header{.name = plan.name, .title = plan.title};
+    std::vector<std::string> symbols;
     for (const SampleIssue& issue : market.issues) {
-      if (IsMember(issue, plan)) family.symbols.push_back(issue.symbol);
+      if (IsMember(issue, plan)) symbols.push_back(issue.symbol);
     }
-    files.push_back({std::string(plan.folder) + "/" + plan.name + ".FAM", FamilyFileBytes(family)});
+    files.push_back({std::string(plan.folder) + "/" + plan.name + ".FAM",
+                     FamilyFileBytes(header, symbols).Value()});
   }
   return files;
 }
@@ -80,11 +84,13 @@ std::string SignalFileBytes(const SignalPlan& plan, const SampleMarket& market) 
   const auto index = std::find_if(market.issues.begin(), market.issues.end(), [&](const auto& i) {
     return i.symbol == plan.index;
   });
-  std::string bytes = "\"" + index->name + " " + std::to_string(plan.fast) + "/" +
-                      std::to_string(plan.slow) + " day crossover (made up)\"\r\n";
+  std::string bytes;
+  AppendSignalTitle(bytes,
+                    index->name + " " + std::to_string(plan.fast) + "/" +
+                        std::to_string(plan.slow) + " day crossover (made up)");
   double fast = 0.0;
   double slow = 0.0;
-  char letter = '\0';
+  std::optional<bool> is_in;
   for (std::size_t i = 0; i < market.days.size(); ++i) {
     fast += static_cast<double>(index->prices[i]);
     slow += static_cast<double>(index->prices[i]);
@@ -93,13 +99,9 @@ std::string SignalFileBytes(const SignalPlan& plan, const SampleMarket& market) 
     if (i + 1 < plan.slow) continue;
     const bool above =
         fast / static_cast<double>(plan.fast) > slow / static_cast<double>(plan.slow);
-    const char now = above ? 'B' : 'S';
-    if (now == letter) continue;
-    letter = now;
-    bytes += letter;
-    bytes += ',';
-    AppendDateText(bytes, market.days[i], DatePattern::kMonthDayLongYear);
-    bytes += "\r\n";
+    if (is_in == above) continue;
+    is_in = above;
+    AppendSignal(bytes, {.is_in = above, .date = market.days[i]});
   }
   return bytes;
 }

@@ -7,7 +7,7 @@
 #include "base/result.h"
 #include "quoteline/administration.h"
 #include "quoteline/check.h"
-#include "quoteline/family_file.h"
+#include "quoteline/family_folders.h"
 #include "quoteline/sample.h"
 
 namespace vistaplot {
@@ -76,10 +76,10 @@ int RunImport(const ImportRequest& request) {
 }
 
 int RunFamily(const std::string& directory, const FamilyArguments& arguments) {
-  const auto written =
-      WriteFamily(directory,
-                  arguments.folder,
-                  {.name = arguments.name, .title = arguments.title, .symbols = arguments.symbols});
+  const auto written = WriteFamily(
+      directory,
+      arguments.folder,
+      {.header = {.name = arguments.name, .title = arguments.title}, .symbols = arguments.symbols});
   if (!written) return Complain(written.Error());
   PrintLine(written.Value() + ": " + Counted(arguments.symbols.size(), "symbol"));
   return Finish();

@@ -11,7 +11,7 @@
 #include "batch/script_dialogs.h"
 #include "batch/script_runner.h"
 #include "batch/state_dump.h"
-#include "marketdata/family_file.h"
+#include "formats/family_file.h"
 #include "support/fake_quoteline.h"
 #include "support/memory_settings.h"
 #include "support/recording_output.h"

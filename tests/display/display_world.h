@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "marketdata/family_file.h"
+#include "formats/family_file.h"
 #include "support/fake_quoteline.h"
 #include "support/memory_settings.h"
 #include "support/temporary_folder.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "marketdata/family_file.h"
+#include "formats/family_file.h"
 #include "support/load_world.h"
 #include "support/temporary_folder.h"
 

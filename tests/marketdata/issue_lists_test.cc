@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "marketdata/family_file.h"
+#include "formats/family_file.h"
 #include "support/fake_quoteline.h"
 #include "support/recording_dialogs.h"
 #include "support/silent_progress.h"

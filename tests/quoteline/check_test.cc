@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "quoteline/family_file.h"
+#include "formats/family_file.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {
@@ -64,7 +64,7 @@ TEST(Check, NamesBrokenSeriesAndFamilies) {
   QuotelineWorld world;
   world.Import("w.csv", kTwoIssues);
   const std::string family =
-      FamilyFileBytes({.name = "F", .title = "T", .symbols = {"A", "s", "GONE"}});
+      FamilyFileBytes({.name = "F", .title = "T"}, Lines{"A", "s", "GONE"}).Value();
   world.folder.Write("QLDEF/F.FAM", family);
   world.folder.Write("QLDEF/SHORT.FAM", family.substr(0, 115));
   world.folder.Write("USERDEF/CUT.fam", family.substr(0, 116 + 2 * 19 + 18));
@@ -95,7 +95,7 @@ TEST(Check, ABrokenDatabaseIsOneFaultAndNotOneOfEveryFamily) {
   QuotelineWorld world;
   world.Import("w.csv", kTwoIssues);
   world.folder.Write("QLDEF/F.FAM",
-                     FamilyFileBytes({.name = "F", .title = "T", .symbols = {"A", "B"}}));
+                     FamilyFileBytes({.name = "F", .title = "T"}, Lines{"A", "B"}).Value());
   world.folder.Write("s.fnu", "S\nx\n01/04/00,1\n");
   world.Tamper("DROP TABLE issues");
   const CheckReport report = CheckService(world.folder.Path());

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "formats/family_file.h"
 #include "forms/screens.h"
-#include "marketdata/family_file.h"
 #include "support/fake_quoteline.h"
 #include "support/memory_settings.h"
 #include "support/recording_dialogs.h"

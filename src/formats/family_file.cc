@@ -1,16 +1,14 @@
-#include "marketdata/family_file.h"
+#include "formats/family_file.h"
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
-#include "base/files.h"
 #include "base/text.h"
 
 namespace vistaplot {
 namespace {
 
-/// A field as text of its full width; zero bytes and what the record lacks are blanks.
+// A field as text of its full width; zero bytes and what the record lacks are blanks.
 std::string TextOf(std::string_view record, const FixedField& field) {
   std::string bytes(FieldBytes(record, field));
   std::replace(bytes.begin(), bytes.end(), '\0', ' ');
@@ -35,17 +33,13 @@ Result<FamilyEntry> ReadFamilyEntry(std::string_view bytes, int index) {
   return FamilyEntry{TextOf(bytes.substr(start), kFamilySymbol)};
 }
 
-Result<Family> ReadFamilyFile(const std::string& path) {
-  const Result<std::string> bytes = ReadWholeFile(path);
-  if (!bytes) {
-    return bytes.Error();
+Result<Family> ParseFamilyFile(std::string_view bytes) {
+  if (bytes.size() < kFamilyDataStart) {
+    return MakeError(kErrorInputPastEnd);
   }
-  if (bytes.Value().size() < kFamilyDataStart) {
-    return MakeError(kErrorInputPastEnd, path);
-  }
-  Family family{.header = ReadFamilyHeader(bytes.Value()), .symbols = {}};
+  Family family{.header = ReadFamilyHeader(bytes)};
   for (int index = 0; index < family.header.count; ++index) {
-    const Result<FamilyEntry> entry = ReadFamilyEntry(bytes.Value(), index);
+    const Result<FamilyEntry> entry = ReadFamilyEntry(bytes, index);
     if (!entry) {
       family.cut_off = true;
       break;
@@ -71,19 +65,6 @@ Result<std::string> FamilyFileBytes(const FamilyHeader& header,
     bytes += entry;
   }
   return bytes;
-}
-
-std::string FindFamilyFile(std::string_view name,
-                           const std::string& quoteline_dir,
-                           const PathRoots& roots) {
-  for (const std::string_view folder : {"/QLDEF/", "/USERDEF/", "/QL4WIN/SQLDEF/"}) {
-    std::string path = quoteline_dir;
-    path.append(folder).append(name).append(".FAM");
-    if (FileExists(HostPath(path, roots))) {
-      return path;
-    }
-  }
-  return {};
 }
 
 }  // namespace vistaplot

@@ -1,47 +1,33 @@
-#include "quoteline/fnu_file.h"
+#include "formats/fnu_file.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "base/number_text.h"
 #include "base/text.h"
-#include "quoteline/symbol.h"
+#include "formats/text_lines.h"
 
 namespace vistaplot {
 
 namespace {
 
+constexpr std::size_t kLongestSymbol = 5;
+
 bool IsGraphic(char c) {
   return c > ' ' && c < 127;
 }
 
-// Takes the next line off the front of `bytes`; lines end with CR LF, LF or CR.
-std::string_view TakeLine(std::string_view& bytes) {
-  const std::size_t end = bytes.find_first_of("\r\n");
-  const std::string_view line = bytes.substr(0, end);
-  if (end == std::string_view::npos) {
-    bytes = {};
-  } else {
-    bytes.remove_prefix(end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1));
-  }
-  return line;
+std::string_view NextLine(std::string_view& bytes) {
+  return bytes.empty() ? std::string_view{} : TakeLine(bytes);
 }
 
-// Takes the next comma-delimited field off the front of `line`, without quotes around it.
-std::string_view TakeField(std::string_view& line) {
-  line = TrimWhite(line);
-  std::string_view field;
-  if (line.starts_with('"')) {
-    const std::size_t quote = line.find('"', 1);
-    field = line.substr(1, quote == std::string_view::npos ? quote : quote - 1);
-    line.remove_prefix(quote == std::string_view::npos ? line.size() : quote);
-  } else {
-    field = TrimWhite(line.substr(0, line.find(',')));
-  }
-  const std::size_t comma = line.find(',');
-  line = comma == std::string_view::npos ? std::string_view{} : line.substr(comma + 1);
-  return field;
+// The first field of the next line.
+std::string_view NextText(std::string_view& bytes) {
+  std::string_view line = NextLine(bytes);
+  return TrimWhite(TakeField(line));
 }
 
 std::optional<FnuValue> ParseValueLine(std::string_view line) {
@@ -63,16 +49,13 @@ RuntimeError Broken(std::string_view name, int line, std::string text) {
 
 Result<FnuFile> ParseFnuFile(std::string_view name, std::string_view bytes) {
   FnuFile file;
-  std::string_view first = TakeLine(bytes);
-  const std::string_view symbol = TrimWhite(TakeField(first));
-  const auto key = KeyOf(symbol);
+  const std::string_view symbol = NextText(bytes);
   if (symbol.empty()) return Broken(name, 1, "no symbol");
-  if (!key || !std::all_of(symbol.begin(), symbol.end(), IsGraphic)) {
+  if (symbol.size() > kLongestSymbol || !std::all_of(symbol.begin(), symbol.end(), IsGraphic)) {
     return Broken(name, 1, "the symbol is not 1 to 5 characters without blanks");
   }
-  file.symbol = SymbolText(*key);
-  std::string_view second = TakeLine(bytes);
-  file.title = Utf8FromWindows1252(TakeField(second));
+  file.symbol = UpperCase(symbol);
+  file.title = Utf8FromWindows1252(NextText(bytes));
   for (int line_number = 3; !bytes.empty(); ++line_number) {
     const std::string_view line = TakeLine(bytes);
     if (TrimWhite(line).empty()) continue;
@@ -82,6 +65,28 @@ Result<FnuFile> ParseFnuFile(std::string_view name, std::string_view bytes) {
   }
   if (file.values.empty()) return Broken(name, 3, "no line with a date and a value");
   return file;
+}
+
+FnuTitle ReadFnuTitle(std::string_view bytes) {
+  FnuTitle titles;
+  titles.symbol = UpperCase(Utf8FromWindows1252(NextText(bytes)));
+  titles.title = Utf8FromWindows1252(NextText(bytes));
+  return titles;
+}
+
+void AppendFnuTitle(std::string& bytes, std::string_view symbol, std::string_view title) {
+  bytes += Windows1252FromUtf8(symbol);
+  bytes += "\r\n";
+  bytes += Windows1252FromUtf8(title);
+  bytes += "\r\n";
+}
+
+void AppendFnuValue(std::string& bytes, const FnuValue& value) {
+  bytes += '"';
+  AppendDateText(bytes, value.date, DatePattern::kMonthDayLongYear);
+  bytes += "\",";
+  AppendNumberText(bytes, value.value);
+  bytes += ",0\r\n";
 }
 
 }  // namespace vistaplot

@@ -1,4 +1,4 @@
-#include "quoteline/family_file.h"
+#include "quoteline/family_folders.h"
 
 #include <gtest/gtest.h>
 
@@ -14,10 +14,10 @@ using test::QuotelineWorld;
 TEST(FamilyFile, IsAHeaderOf116BytesAnd19BytesASymbol) {
   QuotelineWorld world;
   world.Import("w.csv", "Date,A,$NADV\n2000-01-03,10,5\n");
-  const auto written =
-      WriteFamily(world.folder.Path(),
-                  "ql4win\\sqldef",
-                  {.name = "two", .title = "Zwei f\xC3\xBCr alle", .symbols = {"$nadv", "A", "A"}});
+  const auto written = WriteFamily(
+      world.folder.Path(),
+      "ql4win\\sqldef",
+      {.header = {.name = "two", .title = "Zwei f\xC3\xBCr alle"}, .symbols = {"$nadv", "A", "A"}});
   ASSERT_TRUE(written) << PlainText(written.Error());
   EXPECT_EQ(written.Value(), world.folder.Path("QL4WIN/SQLDEF/TWO.FAM"));
   const std::string bytes = world.folder.Read("QL4WIN/SQLDEF/TWO.FAM");
@@ -34,15 +34,17 @@ TEST(FamilyFile, RefusesWhatTheProgramCouldNotLoad) {
     const auto written = WriteFamily(world.folder.Path(), folder, std::move(family));
     return written ? std::string() : PlainText(written.Error());
   };
-  EXPECT_EQ(refusal("MYDEF", {.name = "F", .title = "", .symbols = {"A"}}),
+  EXPECT_EQ(refusal("MYDEF", {.header = {.name = "F", .title = ""}, .symbols = {"A"}}),
             "MYDEF: is no family folder (QLDEF, QL4WIN/SQLDEF or USERDEF)");
-  EXPECT_EQ(refusal("QLDEF", {.name = "NINECHARS", .title = "", .symbols = {"A"}}),
+  EXPECT_EQ(refusal("QLDEF", {.header = {.name = "NINECHARS", .title = ""}, .symbols = {"A"}}),
             "\"NINECHARS\": a family's name has 1 to 8 letters, digits or - _ $ ^ ~ ! # % & @");
-  EXPECT_NE(refusal("QLDEF", {.name = "../X", .title = "", .symbols = {"A"}}), "");
-  EXPECT_EQ(refusal("QLDEF", {.name = "F", .title = std::string(73, 't'), .symbols = {"A"}}),
-            "F: the title has 73 characters; a family holds 72");
-  EXPECT_EQ(refusal("QLDEF", {.name = "F", .title = "", .symbols = {"X", "A", "TOOLONG"}}),
-            "X, TOOLONG: no such issue; the family was not written");
+  EXPECT_NE(refusal("QLDEF", {.header = {.name = "../X", .title = ""}, .symbols = {"A"}}), "");
+  EXPECT_EQ(
+      refusal("QLDEF", {.header = {.name = "F", .title = std::string(73, 't')}, .symbols = {"A"}}),
+      "F: the title has 73 characters; a family holds 72");
+  EXPECT_EQ(
+      refusal("QLDEF", {.header = {.name = "F", .title = ""}, .symbols = {"X", "A", "TOOLONG"}}),
+      "X, TOOLONG: no such issue; the family was not written");
   EXPECT_EQ(world.folder.Read("QLDEF/F.FAM"), "");
 }
 

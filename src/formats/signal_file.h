@@ -1,0 +1,37 @@
+// Signal files (*.SIG): when a timing system is in the market and when out of it.
+// docs/formats/sig.md describes the lines.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/date.h"
+
+namespace vistaplot {
+
+struct Signal {
+  bool is_in = false;   ///< in the market (the letter "B") or out of it (any other one)
+  DateSerial date = 0;  ///< from this day on, until the next signal
+};
+
+struct SignalFile {
+  std::string title;            ///< UTF-8, without its quotes
+  std::vector<Signal> signals;  ///< in the order of the lines
+};
+
+/// The title of the composite files that the program writes.
+inline constexpr std::string_view kCompositeTitle = "314Vistaplot Composite Signal";
+
+/// Reads the bytes of a signal file. Only a capital "B" is in the market. Lines without a date are
+/// passed over, so that any bytes are a file, if one without signals. Dates are not checked for
+/// their order.
+SignalFile ParseSignalFile(std::string_view bytes);
+
+/// Line 1: the title (UTF-8) in double quotes.
+void AppendSignalTitle(std::string& bytes, std::string_view title);
+
+/// One line: "B" or "S", a comma, the date as "mm/dd/yyyy".
+void AppendSignal(std::string& bytes, const Signal& signal);
+
+}  // namespace vistaplot
