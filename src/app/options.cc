@@ -1,15 +1,12 @@
 #include "app/options.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
+#include "base/files.h"
 #include "base/number_text.h"
 #include "base/version.h"
 
@@ -33,27 +30,6 @@ constexpr std::string_view kHelp =
     "\n"
     "Exit status of --batch: 0 the script ran to its end, 1 a script error, 2 wrong use,\n"
     "3 the program ended itself after a fatal error.\n";
-
-std::string Variable(const EnvironmentLookup& environment, const char* name) {
-  const char* value = environment(name);
-  return value == nullptr ? std::string() : std::string(value);
-}
-
-std::string HomeFolder(const EnvironmentLookup& environment) {
-  std::string home = Variable(environment, "HOME");
-  if (!home.empty()) return home;
-  const passwd* user = ::getpwuid(::getuid());
-  return user != nullptr && user->pw_dir != nullptr ? std::string(user->pw_dir) : std::string("/");
-}
-
-// One of the desktop's base folders: the variable, else `below_home` of the user's home.
-std::string BaseFolder(const EnvironmentLookup& environment,
-                       const char* variable,
-                       std::string_view below_home) {
-  std::string folder = Variable(environment, variable);
-  if (folder.starts_with('/')) return folder;
-  return HomeFolder(environment) + "/" + std::string(below_home);
-}
 
 std::optional<int> Pixels(std::string_view text) {
   for (const char c : text) {
@@ -122,13 +98,9 @@ std::string TakeFlag(Options& options, const Argument& argument) {
 }
 
 void FillDefaults(Options& options, const EnvironmentLookup& environment) {
-  if (options.quoteline_dir.empty()) options.quoteline_dir = Variable(environment, "QUOTELINE_DIR");
-  if (options.quoteline_dir.empty()) {
-    options.quoteline_dir = BaseFolder(environment, "XDG_DATA_HOME", ".local/share") + "/quoteline";
-  }
+  if (options.quoteline_dir.empty()) options.quoteline_dir = DefaultServiceFolder(environment);
   if (options.settings_file.empty()) {
-    options.settings_file =
-        BaseFolder(environment, "XDG_CONFIG_HOME", ".config") + "/vistaplot/settings.ini";
+    options.settings_file = JoinPath(ConfigFolder(environment), "vistaplot/settings.ini");
   }
   if (options.batch_script && !options.display) options.display = kBatchDisplay;
 }
@@ -155,10 +127,6 @@ ParsedOptions ParseOptions(std::span<const char* const> arguments,
   }
   if (parsed.Ok()) FillDefaults(parsed.options, environment);
   return parsed;
-}
-
-ParsedOptions ParseOptions(std::span<const char* const> arguments) {
-  return ParseOptions(arguments, [](const char* name) { return std::getenv(name); });
 }
 
 std::string_view HelpText() {

@@ -1,12 +1,12 @@
 // The command line of vistaplot.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "base/user_folders.h"
 #include "controls/form_host.h"
 
 namespace vistaplot {
@@ -39,16 +39,10 @@ struct ParsedOptions {
   bool Ok() const { return error.empty(); }
 };
 
-/// The value of an environment variable; null when it is not set.
-using EnvironmentLookup = std::function<const char*(const char* name)>;
-
 /// Reads the arguments behind the program's name: "--name value" or "--name=value", the last one
-/// of a name counts. Options that are absent take their defaults from the environment; a variable
-/// that is empty counts as unset, and so does an $XDG_... folder that is not absolute.
+/// of a name counts. Options that are absent take their defaults from base/user_folders.h.
 ParsedOptions ParseOptions(std::span<const char* const> arguments,
-                           const EnvironmentLookup& environment);
-/// The same with the process's own environment.
-ParsedOptions ParseOptions(std::span<const char* const> arguments);
+                           const EnvironmentLookup& environment = ProcessEnvironment());
 
 std::string_view HelpText();  ///< lines, each with its end of line
 std::string VersionText();    ///< "Vistaplot 3.4.1" and an end of line

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace vistaplot {
 
 void AppendCsvField(std::string& text, std::string_view field) {
@@ -17,10 +19,7 @@ void AppendCsvField(std::string& text, std::string_view field) {
   text += '"';
 }
 
-CsvReader::CsvReader(std::string_view text) : text_(text) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (text_.starts_with(kByteOrderMark)) text_.remove_prefix(kByteOrderMark.size());
-}
+CsvReader::CsvReader(std::string_view text) : text_(WithoutByteOrderMark(text)) {}
 
 bool CsvReader::Next(std::vector<std::string>& fields) {
   fields.clear();

@@ -1,7 +1,8 @@
-// Host files: read whole, written whole beside the target and renamed, listed by pattern.
+// Host files: read whole, written whole (file_writing.cc), listed by pattern.
 // Paths here are the host's; texts that users type go through base/host_path.h first.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,12 +11,25 @@
 
 namespace vistaplot {
 
-/// All bytes of a file. Errors 53, 76, 70, 75 as the host's; a folder is 75.
-Result<std::string> ReadWholeFile(const std::string& path);
+/// Far more than any file that is read as a whole; a device that never ends is told by it.
+inline constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
 
-/// Replaces a file's content in one step: written beside the target, synced, renamed. On failure
-/// the old file is whole and nothing is left behind. Errors 61, 70, 75, 76.
+/// All bytes of a file, pipe or device. Errors 53, 76, 70, 75 as the host's; a folder is 75, and so
+/// is what has more than `most` bytes, "larger than N MiB".
+Result<std::string> ReadWholeFile(const std::string& path, std::size_t most = kLargestFile);
+
+/// Replaces a file's content in one step: written to a draft beside the target, synced, renamed. On
+/// failure the old file is whole and nothing is left behind; drafts of writers that were killed
+/// are removed. Errors 61, 70, 75, 76.
+///
+/// A link stays, the file that it leads to is replaced. What is no regular file (a device, a pipe)
+/// is written into, and so is the open file that "/dev/stdout" or "/dev/fd/N" stands for, behind
+/// what was written there already.
 Status WriteFileAtomically(const std::string& path, std::string_view content);
+
+/// The path that the links in the last component of `path` lead to; nothing need be there. Folders
+/// on the way stay as written.
+std::string LinkTarget(const std::string& path);
 
 bool FileExists(const std::string& path);    ///< a regular file (or a link to one)
 bool FolderExists(const std::string& path);  ///< a folder (or a link to one)

@@ -9,6 +9,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/user_folders.h"
 
 namespace vistaplot {
 
@@ -19,11 +20,6 @@ namespace fs = std::filesystem;
 bool Exists(const std::string& path) {
   std::error_code error;
   return fs::symlink_status(path, error).type() != fs::file_type::not_found && !error;
-}
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? std::string() : std::string(value);
 }
 
 bool IsLetter(char c) {
@@ -99,15 +95,15 @@ std::string DrivePath(std::string_view text, const PathRoots& roots) {
 
 PathRoots RootsFromEnvironment() {
   PathRoots roots;
-  const std::string home = Environment("HOME");
-  roots.drives_dir = Environment("VISTAPLOT_DRIVES");
-  if (roots.drives_dir.empty()) {
-    std::string data_home = Environment("XDG_DATA_HOME");
-    if (data_home.empty() && !home.empty()) data_home = JoinPath(home, ".local/share");
-    if (!data_home.empty()) roots.drives_dir = JoinPath(data_home, "vistaplot/drives");
-  }
-  if (!home.empty()) roots.wine_devices_dir = JoinPath(home, ".wine/dosdevices");
+  const char* named = std::getenv("VISTAPLOT_DRIVES");
+  roots.drives_dir = named == nullptr ? "" : named;
+  if (roots.drives_dir.empty()) roots.drives_dir = JoinPath(DataFolder(), "vistaplot/drives");
+  roots.wine_devices_dir = JoinPath(HomeFolder(), ".wine/dosdevices");
   return roots;
+}
+
+std::string PathIgnoringCase(const std::string& folder, std::string_view below) {
+  return Walk(folder, Components(below));
 }
 
 std::string HostPath(std::string_view text, const PathRoots& roots) {

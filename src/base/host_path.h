@@ -16,9 +16,9 @@ struct PathRoots {
   std::string wine_devices_dir;
 };
 
-/// The roots that the environment gives: drives_dir is $VISTAPLOT_DRIVES, else
-/// $XDG_DATA_HOME/vistaplot/drives (~/.local/share when unset); wine_devices_dir is
-/// ~/.wine/dosdevices. QuotelineDir stays empty.
+/// The roots that the environment gives: drives_dir is $VISTAPLOT_DRIVES, else vistaplot/drives in
+/// the data folder (base/user_folders.h); wine_devices_dir is ~/.wine/dosdevices. QuotelineDir
+/// stays empty.
 PathRoots RootsFromEnvironment();
 
 /// The host's path of `text`.
@@ -30,5 +30,9 @@ PathRoots RootsFromEnvironment();
 /// Each component is matched exactly first, then ignoring case (first in name order); a last
 /// component that is not there is taken as written.
 std::string HostPath(std::string_view text, const PathRoots& roots);
+
+/// The path of "A/B/C" below `folder`, which is taken as it stands: each component exactly, else
+/// ignoring case (first in name order), else as written.
+std::string PathIgnoringCase(const std::string& folder, std::string_view below);
 
 }  // namespace vistaplot

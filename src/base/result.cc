@@ -46,6 +46,7 @@ int NumberFromErrno(int host_errno) {
       return kErrorPermissionDenied;
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:  // a limit on the size of files
       return kErrorDiskFull;
     default:
       return kErrorPathFileAccess;

@@ -212,6 +212,20 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
   return parts;
 }
 
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const Decoded decoded = DecodeUtf8(text);
+    if (decoded.code == kInvalid) return false;
+    text.remove_prefix(decoded.length);
+  }
+  return true;
+}
+
 std::string Utf8FromWindows1252(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
@@ -228,6 +242,17 @@ std::string Windows1252FromUtf8(std::string_view text) {
     text.remove_prefix(decoded.length);
   }
   return bytes;
+}
+
+std::string ShownText(std::string_view text) {
+  constexpr std::size_t kShown = 30;
+  // Bytes that continue no character would be cut nowhere.
+  const std::string_view head = LeftCharacters(text.substr(0, 4 * kShown + 4), kShown);
+  std::string shown(head);
+  std::replace_if(
+      shown.begin(), shown.end(), [](char c) { return Byte(c) < ' ' || c == 127; }, '?');
+  shown.insert(0, 1, '"');
+  return shown + (head.size() < text.size() ? "...\"" : "\"");
 }
 
 std::string JsonQuoted(std::string_view text) {

@@ -37,10 +37,20 @@ std::string_view UpToFirstDot(std::string_view name);
 
 std::vector<std::string_view> Split(std::string_view text, char separator);
 
+/// `text` without the byte-order mark that editors put ahead of UTF-8.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
+/// True for well-formed UTF-8 (no over-long forms, no surrogates).
+bool IsUtf8(std::string_view text);
+
 /// Windows-1252, the single-byte text of files, to UTF-8 and back; what the byte form cannot hold
 /// becomes "?". Bytes that Windows-1252 leaves undefined keep their number as a code point.
 std::string Utf8FromWindows1252(std::string_view bytes);
 std::string Windows1252FromUtf8(std::string_view text);
+
+/// `text` as a one-line message shows it: in double quotes, cut to 30 characters and "..." when it
+/// is longer, control characters as "?".
+std::string ShownText(std::string_view text);
 
 /// `text` as the inside and the quotes of a JSON string. Bytes that are no UTF-8 are read as
 /// Windows-1252, so that the result is always valid.

@@ -96,9 +96,8 @@ void ScriptRunner::RunAll(std::istream& script, const std::function<void()>& sta
 }
 
 bool ScriptRunner::ReadLine(std::string& line) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (!std::getline(*script_, line)) return false;
-  if (++line_ == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+  if (++line_ == 1) line = std::string(WithoutByteOrderMark(line));
   return true;
 }
 

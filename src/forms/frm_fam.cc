@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/date.h"
 #include "base/number_text.h"
@@ -84,10 +85,11 @@ void FrmFam::cmdOK_Click() {
 
 void FrmFam::cmdSave_Click() {
   CheckDates();
-  Status saved = context_.settings.Save("begdate", txtBegDate2.Text());
-  for (std::size_t i = 0; i < txtDays.size() && saved; ++i) {
-    saved = context_.settings.Save(kGainKeys[i], txtDays[i].Text());
+  std::vector<Setting> settings{{"begdate", txtBegDate2.Text()}};
+  for (std::size_t i = 0; i < txtDays.size(); ++i) {
+    settings.push_back({std::string(kGainKeys[i]), txtDays[i].Text()});
   }
+  const Status saved = context_.settings.SaveAll(settings);
   if (!saved) context_.dialogs.Say("Settings not saved: " + PlainText(saved.Error()));
 }
 

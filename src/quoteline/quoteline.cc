@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "base/user_folders.h"
 #include "quoteline/service.h"
 
 namespace {
@@ -41,7 +42,7 @@ OpenService& Current() {
 
 std::string ChosenDirectory() {
   const std::string& named = Current().directory;
-  return named.empty() ? vistaplot::DefaultServiceDirectory() : named;
+  return named.empty() ? vistaplot::DefaultServiceFolder() : named;
 }
 
 void WriteText(std::string_view text, std::size_t buffer_size, char* buffer) {

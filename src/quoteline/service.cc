@@ -3,29 +3,15 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <span>
 #include <utility>
 
+#include "base/user_folders.h"
 #include "quoteline/quoteline.h"
 
 namespace vistaplot {
 
 namespace {
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? std::string() : std::string(value);
-}
-
-std::string AbsolutePath(const std::string& path) {
-  std::error_code error;
-  std::string absolute = std::filesystem::absolute(path, error).lexically_normal().string();
-  if (error) return path;
-  while (absolute.size() > 1 && absolute.back() == '/') absolute.pop_back();
-  return absolute;
-}
 
 // Another mark: another file. Of a file that is taken as never changing, its time of change counts
 // too. 0 when there is none.
@@ -60,14 +46,6 @@ void RepeatLast(float* element_zero, int last_day, std::size_t days) {
 }
 
 }  // namespace
-
-std::string DefaultServiceDirectory() {
-  if (std::string named = Environment("QUOTELINE_DIR"); !named.empty()) return named;
-  if (const std::string data = Environment("XDG_DATA_HOME"); !data.empty()) {
-    return data + "/quoteline";
-  }
-  return Environment("HOME") + "/.local/share/quoteline";
-}
 
 Service::Service(std::string directory, Database database)
     : directory_(std::move(directory)), database_(std::move(database)) {}

@@ -19,10 +19,6 @@
 
 namespace vistaplot {
 
-/// The service directory when nobody names one: $QUOTELINE_DIR, else $XDG_DATA_HOME/quoteline,
-/// else ~/.local/share/quoteline.
-std::string DefaultServiceDirectory();
-
 /// What is known of an issue without its prices.
 struct IssueSummary {
   SymbolKey symbol{};

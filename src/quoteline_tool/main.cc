@@ -8,8 +8,8 @@
 #include <string>
 
 #include "base/heap.h"
+#include "base/user_folders.h"
 #include "base/version.h"
-#include "quoteline/service.h"
 #include "quoteline_tool/commands.h"
 
 namespace {
@@ -22,7 +22,7 @@ constexpr int kFault = 1;
 
 // What the command line says.
 struct Arguments {
-  std::string directory = vistaplot::DefaultServiceDirectory();
+  std::string directory = vistaplot::DefaultServiceFolder();
   ImportRequest import;
   FamilyArguments family;
   std::string pattern;

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <future>
 #include <string>
 #include <vector>
 
+#include "base/files.h"
+#include "support/child_process.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {
@@ -89,6 +93,68 @@ TEST(IniSettings, SaveKeepsWhatAnotherProgramWroteMeanwhile) {
   ASSERT_TRUE(one.Save("a", "1"));
   ASSERT_TRUE(two.Save("b", "2"));
   EXPECT_EQ(folder.Read("s.ini"), "[startup]\na=1\nb=2\n");
+}
+
+TEST(IniSettings, WhatBelongsTogetherIsStoredTogetherOrNotAtAll) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("s.ini", "[startup]\na=0\n");
+  const std::vector<Setting> both{{"a", "1"}, {"b", std::string(3000, 'x')}};
+  test::InChildWithFileLimit(1000, [&] {
+    IniSettings settings(path);
+    return !settings.SaveAll(both) && settings.Get("a") == "0";
+  });
+  EXPECT_EQ(folder.Read("s.ini"), "[startup]\na=0\n");
+  IniSettings settings(path);
+  ASSERT_TRUE(settings.SaveAll(both));
+  EXPECT_EQ(folder.Read("s.ini"), "[startup]\na=1\nb=" + std::string(3000, 'x') + "\n");
+}
+
+// Each of two programs stores pairs; a third reads. No pair is ever seen half, none is lost.
+TEST(IniSettings, TwoProgramsNeverMixTheirs) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("s.ini");
+  const auto store = [&path](const std::string& mine) {
+    IniSettings settings(path);
+    for (int i = 1; i <= 40; ++i) {
+      const std::string value = mine + std::to_string(i);
+      const std::vector<Setting> pair{{"first", value}, {"second", value}, {value, "kept"}};
+      if (!settings.SaveAll(pair)) return false;
+    }
+    return true;
+  };
+  auto one = std::async(std::launch::async, store, "x");
+  auto two = std::async(std::launch::async, store, "y");
+  while (one.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+    const IniSettings seen(path);
+    EXPECT_EQ(seen.Get("first"), seen.Get("second"));
+  }
+  EXPECT_TRUE(one.get());
+  EXPECT_TRUE(two.get());
+  const IniSettings last(path);
+  for (int i = 1; i <= 40; ++i) {
+    for (std::string key : {"x", "y"}) EXPECT_EQ(last.Get(key.append(std::to_string(i))), "kept");
+  }
+  EXPECT_EQ(ListFiles(folder.Path(), "*").Value(), std::vector<std::string>{"s.ini"});
+}
+
+TEST(IniSettings, ADeviceHoldsNothingAndStaysADevice) {
+  IniSettings settings("/dev/null");
+  EXPECT_EQ(settings.Get("a", "fallback"), "fallback");
+  EXPECT_TRUE(settings.Save("a", "1"));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST(IniSettings, AFileFarTooLargeIsLeftAlone) {
+  const TemporaryFolder folder;
+  std::string text = "[startup]\na=1\n";
+  for (int i = 0; i < 200'000; ++i) text += "k=1234\n";
+  const std::string path = folder.Write("s.ini", text);
+  IniSettings settings(path);
+  EXPECT_EQ(settings.Get("a", "fallback"), "fallback");
+  const Status saved = settings.Save("a", "2");
+  ASSERT_FALSE(saved);
+  EXPECT_EQ(PlainText(saved.Error()), path + ": larger than 1 MiB");
+  EXPECT_EQ(folder.Read("s.ini"), text);
 }
 
 TEST(IniSettings, AFileThatIsNoTextIsKeptBesideTheNewOne) {

@@ -1,13 +1,20 @@
 #include "base/files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
 #include <filesystem>
+#include <future>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "base/descriptor.h"
+#include "support/child_process.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {
@@ -67,6 +74,76 @@ TEST(WriteFileAtomically, LeavesNothingBehindWhenItFails) {
   EXPECT_EQ(NumberedText(ErrorFromErrno(ENOSPC)), "61 Disk full");
   EXPECT_EQ(NumberedText(ErrorFromErrno(EDQUOT)), "61 Disk full");
   EXPECT_EQ(NumberedText(ErrorFromErrno(EACCES)), "70 Permission denied");
+}
+
+TEST(WriteFileAtomically, AFullDiskLeavesTheOldFileWhole) {
+  const test::TemporaryFolder folder;
+  folder.Write("a.fam", "old");
+  test::InChildWithFileLimit(1000, [&folder] {
+    const auto written = WriteFileAtomically(folder.Path("a.fam"), std::string(5000, 'x'));
+    return ErrorText(written) == "61 Disk full";
+  });
+  EXPECT_EQ(folder.Read("a.fam"), "old");
+  EXPECT_EQ(ListFiles(folder.Path(), "*").Value(), Names{"a.fam"});
+}
+
+TEST(WriteFileAtomically, WritesIntoWhatIsNoFile) {
+  const test::TemporaryFolder folder;
+  const std::string pipe = folder.Path("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  fs::create_symlink("pipe", folder.Path("link"));
+  const Descriptor reader(::open(pipe.c_str(), O_RDONLY | O_NONBLOCK));
+  ASSERT_TRUE(WriteFileAtomically(folder.Path("link"), "through").Ok());
+  EXPECT_TRUE(fs::is_fifo(pipe));
+  std::array<char, 16> got{};
+  EXPECT_EQ(::read(reader.Number(), got.data(), got.size()), 7);
+  EXPECT_STREQ(got.data(), "through");
+  EXPECT_TRUE(WriteFileAtomically("/dev/null", "gone").Ok());
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(WriteFileAtomically, GoesOnBehindWhatAnOpenFileHolds) {
+  const test::TemporaryFolder folder;
+  const Descriptor file(::open(folder.Path("log").c_str(), O_WRONLY | O_CREAT, 0600));
+  ASSERT_EQ(::write(file.Number(), "one ", 4), 4);
+  fs::create_symlink("/dev/fd/" + std::to_string(file.Number()), folder.Path("link"));
+  ASSERT_TRUE(WriteFileAtomically(folder.Path("link"), "two").Ok());
+  EXPECT_EQ(folder.Read("log"), "one two");
+}
+
+TEST(WriteFileAtomically, RemovesDraftsOfKilledWritersAlone) {
+  const test::TemporaryFolder folder;
+  for (const char* name : {"a.fam.4711.new", "a.fam.12-1.new", "b.fam.4711.new", "a.fam.old.new"}) {
+    folder.Write(name, "draft");
+  }
+  const Descriptor live(::open(folder.Path("a.fam.12-1.new").c_str(), O_RDONLY));
+  ASSERT_EQ(::flock(live.Number(), LOCK_EX), 0);
+  ASSERT_TRUE(WriteFileAtomically(folder.Path("a.fam"), "x").Ok());
+  EXPECT_EQ(ListFiles(folder.Path(), "*").Value(),
+            (Names{"a.fam", "a.fam.12-1.new", "a.fam.old.new", "b.fam.4711.new"}));
+}
+
+TEST(WriteFileAtomically, WritersOfOneFileDoNotTakeEachOthersDrafts) {
+  const test::TemporaryFolder folder;
+  const auto write = [&folder](char letter) {
+    for (int i = 0; i < 100; ++i) {
+      if (!WriteFileAtomically(folder.Path("a"), std::string(1000, letter))) return false;
+    }
+    return true;
+  };
+  auto other = std::async(std::launch::async, write, 'b');
+  EXPECT_TRUE(write('a'));
+  EXPECT_TRUE(other.get());
+  const std::string content = folder.Read("a");
+  EXPECT_EQ(content, std::string(1000, content[0]));
+  EXPECT_EQ(ListFiles(folder.Path(), "*").Value(), Names{"a"});
+}
+
+TEST(ReadWholeFile, ADeviceWithoutEndIsTooLarge) {
+  const auto content = ReadWholeFile("/dev/zero", std::size_t{3} << 20U);
+  ASSERT_FALSE(content.Ok());
+  EXPECT_EQ(PlainText(content.Error()), "/dev/zero: larger than 3 MiB");
+  EXPECT_EQ(ReadWholeFile("/dev/null").Value(), "");
 }
 
 TEST(ListFiles, TakesRegularFilesInOrderWithCaseIgnored) {

@@ -78,6 +78,8 @@ TEST(RootsFromEnvironment, PrefersTheFolderOfDrivesThatIsNamed) {
   EXPECT_EQ(RootsFromEnvironment().wine_devices_dir, "/home/u/.wine/dosdevices");
   set("XDG_DATA_HOME", "/data");
   EXPECT_EQ(RootsFromEnvironment().drives_dir, "/data/vistaplot/drives");
+  set("XDG_DATA_HOME", "relative");
+  EXPECT_EQ(RootsFromEnvironment().drives_dir, "/home/u/.local/share/vistaplot/drives");
   set("VISTAPLOT_DRIVES", "/drives");
   EXPECT_EQ(RootsFromEnvironment().drives_dir, "/drives");
 }

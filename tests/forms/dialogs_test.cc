@@ -36,7 +36,9 @@ TEST(FrmFam, DatesFollowTypingAndAreSavedAsDays) {
     EXPECT_EQ(frmFam.txtBegDate2.Text(), one.day) << one.typed;
   }
   frmFam.txtDays[0].SetText("2");
+  const int saves_before = world.settings.saves;
   frmFam.cmdSave.RaiseClick();
+  EXPECT_EQ(world.settings.saves, saves_before + 1);
   EXPECT_EQ(world.settings.values["begdate"], "300");
   EXPECT_EQ(world.settings.values["gain1"], "2");
   EXPECT_EQ(world.settings.values["gain6"], "50");

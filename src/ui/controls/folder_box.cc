@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QVBoxLayout>
 
+#include "base/user_folders.h"
 #include "ui/controls/list_focus.h"
 #include "ui/controls/qt_text.h"
 
@@ -71,7 +72,7 @@ void FolderBox::SetFolder(const std::string& folder) {
 }
 
 std::string FolderBox::ListedFolder() const {
-  return folder_.empty() ? PlainUtf8(QDir::homePath()) : folder_;
+  return folder_.empty() ? HomeFolder() : folder_;
 }
 
 void FolderBox::Step(const QListWidgetItem& item) {
