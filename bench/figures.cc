@@ -27,6 +27,7 @@ int Run(const std::string& dir) {
     }
   }
   bench::MeasureLoading(wide_csv);
+  bench::MeasureAnalytics();
   {
     vistaplot::OffscreenApplication application;
     application.Ensure();

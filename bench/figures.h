@@ -8,6 +8,9 @@ namespace vistaplot::bench {
 /// Reading the price file, and loading and summarising every issue of it.
 void MeasureLoading(const std::string& wide_csv);
 
+/// The indicators over all days of one issue, each beside a plain loop of the same arithmetic.
+void MeasureAnalytics();
+
 /// Building, laying out and painting charts of 12,000 points at 1280 by 900 pixels. Needs a running
 /// QGuiApplication.
 void MeasureCharts();
