@@ -8,16 +8,10 @@
 #include <span>
 #include <utility>
 
+#include "base/lanes.h"
+
 namespace vistaplot {
 namespace {
-
-/// One number of each of `kLanes` issues, in one register.
-template <std::size_t kLanes>
-struct Lanes {
-  static constexpr std::size_t kBytes = kLanes * sizeof(float);
-  typedef float Floats __attribute__((vector_size(kBytes)));
-  typedef std::int32_t Ints __attribute__((vector_size(kBytes)));
-};
 
 /// The walks of `kLanes` issues side by side; the members are those of GrowthWalk.
 template <std::size_t kLanes>
@@ -216,7 +210,7 @@ std::vector<GrowthWalk> WalkAll(const FamilyRecords& records,
 
 std::vector<GrowthWalk> WalkGrowth(const FamilyRecords& records, int begin_day, int end_day) {
 #if defined(__x86_64__)
-  if (__builtin_cpu_supports("avx2")) {
+  if (BestLaneForm() == LaneForm::kEight) {
     return WalkAll<8>(records, begin_day, end_day, WalkEight);
   }
 #endif

@@ -1,0 +1,119 @@
+// Correlation and Hurst exponent. The values of the walk come from a separate program that rounds
+// every operation to single precision.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "analytics/correlation.h"
+#include "analytics/hurst.h"
+#include "support/indicator_prices.h"
+
+namespace vistaplot {
+namespace {
+
+using test::HundredDays;
+using test::PriceHistory;
+
+/// Prices whose daily growth factors repeat.
+PriceHistory Growing(const std::vector<float>& factors, int days, int history) {
+  PriceHistory world{.prices = {64.0F}, .history = history};
+  while (static_cast<int>(world.prices.size()) < days) {
+    world.prices.push_back(world.prices.back() * factors[world.prices.size() % factors.size()]);
+  }
+  return world;
+}
+
+TEST(Correlation, OfAFundWithItselfIsOneFromDayTwoOn) {
+  const PriceHistory world = HundredDays();
+  const auto values = ComputeCorrelation(world.Chart(), world.Chart(), 50);
+  EXPECT_EQ(values[0], 0.5F);
+  for (std::size_t i = 1; i < values.size(); ++i) EXPECT_NEAR(values[i], 1.0F, 1e-5F);
+}
+
+// Opposite moves on all days but the two before the one that shows it.
+TEST(Correlation, EndsTwoDaysBefore) {
+  PriceHistory first{.prices = {8, 16, 8, 16, 8, 16, 1, 5}, .history = 6};
+  PriceHistory second{.prices = {8, 4, 8, 4, 8, 4, 9, 9}, .history = 6};
+  const auto values = ComputeCorrelation(first.Chart(), second.Chart(), 4);
+  EXPECT_NEAR(values[1], -1.0F, 1e-6F);
+  first.prices[5] = 3;  // the return of the day before that day is the first one looked at
+  EXPECT_GT(ComputeCorrelation(first.Chart(), second.Chart(), 4)[1], -0.99F);
+}
+
+TEST(Correlation, WithoutSpreadIsOne) {
+  const PriceHistory still{.prices = std::vector<float>(60, 5.0F), .history = 50};
+  const PriceHistory walk{.prices = test::CentWalk(60), .history = 50};
+  EXPECT_EQ(ComputeCorrelation(still.Chart(), walk.Chart(), 20)[5], 1.0F);
+}
+
+TEST(Correlation, HasNoValueWhereAReturnIsMissing) {
+  PriceHistory gap{.prices = test::CentWalk(70), .history = 50};
+  gap.prices[52] = -1.0F;  // chart day 3: missing in the returns of days 3 and 4
+  const PriceHistory walk{.prices = test::CentWalk(70), .history = 50};
+  const auto values = ComputeCorrelation(gap.Chart(), walk.Chart(), 10);
+  EXPECT_FALSE(std::isnan(values[3]));  // day 4 ends at the return of day 2
+  for (std::size_t i = 4; i <= 14; ++i) EXPECT_TRUE(std::isnan(values[i])) << i + 1;
+  EXPECT_FALSE(std::isnan(values[15]));
+}
+
+// Of 20 returns that end two days before, the first one from day 19 on lies in the history; the
+// oldest of them has no price before it.
+TEST(Correlation, WaitsForItsHistory) {
+  const PriceHistory world{.prices = test::CentWalk(40), .history = 3};
+  const auto values = ComputeCorrelation(world.Chart(), world.Chart(), 20);
+  for (std::size_t i = 0; i < 18; ++i) EXPECT_EQ(values[i], 0.0F) << i + 1;
+  EXPECT_TRUE(std::isnan(values[18]));
+  EXPECT_NEAR(values[19], 1.0F, 1e-5F);
+}
+
+TEST(Hurst, OfOneSeparateProgram) {
+  const auto values = ComputeHurst(HundredDays().Chart(), {}, 0.0F).values;
+  EXPECT_FLOAT_EQ(values[1], 0.42794928F);
+  EXPECT_FLOAT_EQ(values[49], 0.767716527F);
+  EXPECT_FLOAT_EQ(values[99], 0.592630029F);
+}
+
+// Returns of one sign and then of the other, in turn: rescaled ranges do not grow with length.
+TEST(Hurst, IsLowForReturnsThatTurnEveryDay) {
+  const PriceHistory world = Growing({1.02F, 0.99F}, 150, 120);
+  const auto values = ComputeHurst(world.Chart(), {.window = 96, .subdivisions = 3}, 0.0F).values;
+  for (const float value : values) EXPECT_NEAR(value, 0.0F, 0.05F);
+}
+
+TEST(Hurst, OfEqualReturnsIsZeroAndKeepsTheLastRange) {
+  const PriceHistory still{.prices = std::vector<float>(150, 30.0F), .history = 120};
+  const auto series = ComputeHurst(still.Chart(), {}, 0.75F);
+  for (const float value : series.values) EXPECT_NEAR(value, 0.0F, 1e-4F);
+  EXPECT_EQ(series.last_y, 0.75F);
+}
+
+TEST(Hurst, IsZeroWhereTheWindowBeginsWithAMissingReturn) {
+  PriceHistory world{.prices = test::CentWalk(150), .history = 120};
+  world.prices[20] = -1.0F;  // chart day -99: the oldest return of days 1 and 2
+  const auto values = ComputeHurst(world.Chart(), {}, 0.0F).values;
+  EXPECT_EQ(values[0], 0.0F);
+  EXPECT_EQ(values[1], 0.0F);
+  EXPECT_NE(values[2], 0.0F);
+}
+
+TEST(Analyses, HaveNoValueForSettingsThatMakeNoSense) {
+  const PriceHistory world = HundredDays();
+  for (const int days : {0, -1}) {
+    EXPECT_TRUE(std::isnan(ComputeCorrelation(world.Chart(), world.Chart(), days)[0]));
+  }
+  // No window, none and fewer than none subdivisions, subperiods without a return, all alike.
+  for (const HurstSettings& settings : {HurstSettings{0, 5},
+                                        HurstSettings{-1, 5},
+                                        HurstSettings{100, 0},
+                                        HurstSettings{100, -1},
+                                        HurstSettings{5, 5},
+                                        HurstSettings{100, 1}}) {
+    for (const float value : ComputeHurst(world.Chart(), settings, 0.0F).values) {
+      EXPECT_TRUE(std::isnan(value)) << settings.window << "/" << settings.subdivisions;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vistaplot
