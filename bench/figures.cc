@@ -11,7 +11,7 @@
 
 #include "base/heap.h"
 #include "price_walk.h"
-#include "ui/frame/offscreen_application.h"
+#include "ui/frame/application.h"
 
 namespace {
 

@@ -143,7 +143,6 @@ std::string FatalEndText(const Options& options) {
 }
 
 DisplaySize DisplayInTwips(const PixelSize& pixels) {
-  constexpr float kTwipsPerPixel = 15.0F;
   return {.width = static_cast<float>(pixels.width) * kTwipsPerPixel,
           .height = static_cast<float>(pixels.height) * kTwipsPerPixel};
 }

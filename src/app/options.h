@@ -50,7 +50,7 @@ std::string VersionText();    ///< "Vistaplot 3.4.1" and an end of line
 /// What a run says on standard error when a fatal error ended it, with an end of line.
 std::string FatalEndText(const Options& options);
 
-/// A size in pixels as the lengths that screens scale to, 15 twips a pixel.
+/// A size in pixels as the lengths that screens scale to, kTwipsPerPixel each.
 DisplaySize DisplayInTwips(const PixelSize& pixels);
 
 /// The folder that holds the running program's file, without a separator at its end.

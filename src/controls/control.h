@@ -39,7 +39,7 @@ class ControlObserver {
   virtual void ControlChanged(Control& control, ControlAspect aspect) = 0;
 };
 
-/// Left, top, width and height in twips (15 to a pixel at the 640 by 480 design), relative to the
+/// Left, top, width and height in twips (kTwipsPerPixel), relative to the
 /// form. A control may lack any of them: a menu item has none.
 struct Place {
   std::optional<float> Left;

@@ -7,7 +7,10 @@ class Form;
 
 enum class WindowArrangement { kCascade, kTile, kArrangeIcons };
 
-/// Lengths in twips, 15 to a pixel.
+/// Places are told in twips; a pixel of every display has as many.
+inline constexpr float kTwipsPerPixel = 15.0F;
+
+/// Lengths in twips.
 struct DisplaySize {
   float width = 9600.0F;
   float height = 7200.0F;

@@ -11,8 +11,6 @@ namespace vistaplot {
 
 namespace {
 
-constexpr int kPriceSheet = 1;
-
 /// The column of the price sheet whose heading is `symbol`; the dates in column 1 take no part.
 std::optional<int> ColumnOfSymbol(const Sheet& prices, const std::string& symbol) {
   if (symbol.empty()) return std::nullopt;

@@ -32,7 +32,7 @@ void FrmGraph::VtChart1_PointSelected(PointSelection& selection) {
     selection.Cancel = true;
     return;
   }
-  const Sheet& prices = context_.state.table.SheetAt(1);
+  const Sheet& prices = context_.state.table.SheetAt(kPriceSheet);
   const int row = selection.DataPoint + context_.state.selection.FirstDay;
   const auto date = ParseDate(prices.CellText(row, 1));
   if (!date) {

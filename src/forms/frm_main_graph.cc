@@ -21,7 +21,7 @@ void FrmMain::mnuFileGraph_Click() {
   }
   {
     const BusyScope busy(frmTab, progress, kGraphingAction);
-    state.table.SetActiveSheet(1);
+    state.table.SetActiveSheet(kPriceSheet);
     context_.screens.price_graph.Graph();
   }
   // A refused chart has had its message; the user stays where it can be mended.
@@ -34,7 +34,7 @@ void FrmMain::mnuTimePeriod_Click(int index) {
   FrmTab& frmTab = context_.screens.frmTab;
   {
     const BusyScope busy(frmTab, progress, kGraphingAction);
-    context_.state.table.SetActiveSheet(1);
+    context_.state.table.SetActiveSheet(kPriceSheet);
     for (MenuItem& period : mnuTimePeriod) period.SetChecked(false);
     mnuTimePeriod[static_cast<std::size_t>(index)].SetChecked(true);
     context_.state.selection.TimePeriodIndex = static_cast<std::int16_t>(index);
@@ -53,7 +53,7 @@ void FrmMain::cmdPrev_Click() {
 
 void FrmMain::StepFund(int step) {
   const ProgressScope action(progress, kGraphingAction);
-  context_.state.table.SetActiveSheet(1);
+  context_.state.table.SetActiveSheet(kPriceSheet);
   GraphSelection& selection = context_.state.selection;
   selection.CurrentFund = SteppedFund(selection, step);
   context_.screens.price_graph.Redraw();

@@ -108,11 +108,11 @@ void FrmTab::LoadSelection() {
 // The sheet of prices is empty: nothing on it can be drawn or selected until the next load.
 void FrmTab::ForgetLoad() {
   SharedState& state = context_.state;
-  Sheet& prices = state.table.SheetAt(1);
+  Sheet& prices = state.table.SheetAt(kPriceSheet);
   prices.MaxRow = 0;
   prices.MaxCol = 0;
   prices.selection.clear();
-  state.table.NotifyContent(1);
+  state.table.NotifyContent(kPriceSheet);
   state.flags.ResultFileLoaded = false;
   context_.screens.frmMain.pnlStatus.SetCaption("");
   state.selection.SelectedCount = 0;
@@ -140,7 +140,7 @@ void FrmTab::SummariseLoad() {
 }
 
 std::string FrmTab::LoadedText() const {
-  const Sheet& prices = context_.state.table.SheetAt(1);
+  const Sheet& prices = context_.state.table.SheetAt(kPriceSheet);
   const int issues = context_.state.load.IssueColumnCount;
   return (FamiliesChosen() ? FamilyNames(SelectedEntries()) : prices.SheetName) + ": " +
          std::to_string(issues) + (issues == 1 ? " issue" : " issues") + ", days " +

@@ -18,7 +18,6 @@
 
 namespace vistaplot {
 
-inline constexpr int kSummarySheet = 2;
 inline constexpr int kGainPeriods = 6;
 
 /// Yearly rate in percent that the ulcer performance index sets against the return.

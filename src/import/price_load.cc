@@ -12,8 +12,6 @@
 namespace vistaplot {
 namespace {
 
-constexpr int kPriceSheet = 1;
-
 void NameSheet(DataTable& table, std::string_view name) {
   table.SheetAt(kPriceSheet).SheetName = name;
   table.NotifySheets();

@@ -12,6 +12,10 @@
 
 namespace vistaplot {
 
+/// Where a load of prices puts them, and where the summary of what was loaded stands.
+inline constexpr int kPriceSheet = 1;
+inline constexpr int kSummarySheet = 2;
+
 /// The most columns that a price sheet holds: dates and 255 issues.
 inline constexpr int kMaxColumns = 256;
 inline constexpr int kMaxIssues = 255;

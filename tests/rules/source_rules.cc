@@ -47,6 +47,17 @@ std::vector<std::string> ReadLines(const fs::path& path) {
   return lines;
 }
 
+/// The rows that an entry names: the one of that name, or all folders of a room that has a row for
+/// each of them.
+std::vector<std::string> RoomsNamed(const std::string& entry,
+                                    const std::vector<std::string>& above) {
+  std::vector<std::string> named;
+  for (const auto& row : above) {
+    if (row == entry || row.starts_with(entry + '/')) named.push_back(row);
+  }
+  return named;
+}
+
 /// One entry of a row's last cell; `above` are the rows ahead of it, oldest first.
 void Allow(const std::string& entry,
            const std::vector<std::string>& above,
@@ -65,9 +76,10 @@ void Allow(const std::string& entry,
     allowed.libraries.push_back(entry);
   } else if (entry.ends_with(".h")) {
     allowed.headers.push_back(entry);
-  } else if (Contains(above, entry)) {
-    allowed.rooms.push_back(entry);
   } else {
+    const auto named = RoomsNamed(entry, above);
+    allowed.rooms.insert(allowed.rooms.end(), named.begin(), named.end());
+    if (!named.empty()) return;
     throw std::runtime_error("neither a row above nor a library: " + entry);
   }
 }

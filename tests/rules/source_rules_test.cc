@@ -25,6 +25,7 @@ constexpr std::string_view kTable =
     "| `house/attic` | the one above it | house/cellar |\n"
     "| `wide` | everything | low, store/store.h |\n"
     "| `skin` | windows | store and above, Qt |\n"
+    "| `top` | uses both folders | house |\n"
     "| `main.cc` | the program | all above |\n";
 
 std::string AllOf(const std::string& path) {
@@ -67,6 +68,8 @@ TEST(SourceRules, EachForbiddenIncludeIsNamedWithItsLine) {
       {"house/cellar/a.cc",
        "#include \"house/attic/b.h\"\n",
        ":1: house/cellar may not include house/attic/b.h"},
+      {"top/a.cc", "#include \"house/attic/b.h\"\n#include \"house/cellar/b.h\"\n", nullptr},
+      {"top/a.cc", "#include \"house/b.h\"\n", ":1: top may not include house/b.h"},
       {"house/a.cc", "", ":1: the table has no row for house"},
       {"main.cc", "#include \"skin/a.h\"\n", nullptr},
       {"new/a.cc", "", ":1: the table has no row for new"},

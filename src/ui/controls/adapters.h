@@ -1,5 +1,6 @@
-// The makers of the plain kinds of control; each has a source of its own. A maker is called with a
-// control of its kind only. Adapters know no form.
+// The makers of the plain kinds of control. A maker is called with a control of its kind only and
+// gives it a widget below `parts.parent`, still empty (ControlAdapter::CopyAll fills it). Adapters
+// know no form.
 #pragma once
 
 #include <memory>
@@ -9,6 +10,9 @@
 namespace vistaplot {
 
 class TextBox;
+
+using AdapterMaker = std::unique_ptr<ControlAdapter> (*)(Control& control,
+                                                         const AdapterParts& parts);
 
 std::unique_ptr<ControlAdapter> MakeLabel(Control& control, const AdapterParts& parts);
 std::unique_ptr<ControlAdapter> MakeTextBox(Control& control, const AdapterParts& parts);

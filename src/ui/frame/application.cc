@@ -1,9 +1,12 @@
 #include "ui/frame/application.h"
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QScreen>
+#include <array>
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -15,6 +18,14 @@
 namespace vistaplot {
 
 namespace {
+
+// Remarks about a desktop that is not there (no run-time folder, ...) would mix with a script's
+// errors; what ends the program is still told.
+void TellOnlyFailures(QtMsgType kind, const QMessageLogContext& /*context*/, const QString& text) {
+  if (kind == QtFatalMsg || kind == QtCriticalMsg) {
+    std::fputs((text + QLatin1Char('\n')).toLocal8Bit().constData(), stderr);
+  }
+}
 
 constexpr int kNoDisplay = 2;
 
@@ -90,6 +101,27 @@ void KeepPlainLocale() {
 }
 
 }  // namespace
+
+struct OffscreenApplication::Held {
+  std::string name = "vistaplot";
+  std::string option = "-platform";
+  std::string platform = "offscreen";
+  std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
+  int count = 3;
+  QGuiApplication application{count, arguments.data()};
+};
+
+OffscreenApplication::OffscreenApplication() = default;
+OffscreenApplication::~OffscreenApplication() = default;
+
+void OffscreenApplication::Ensure() {
+  if (QCoreApplication::instance() != nullptr) return;
+  const QtMessageHandler usual = qInstallMessageHandler(TellOnlyFailures);
+  held_ = std::make_unique<Held>();
+  qInstallMessageHandler(usual);
+  std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale::c());
+}
 
 int RunWindows(const Options& options, ScriptPlayer* player, int& /*argc*/, char** argv) {
   if (!DisplayNamed()) {

@@ -4,7 +4,6 @@
 
 #include "ui/chart/chart_export.h"
 #include "ui/frame/application.h"
-#include "ui/frame/offscreen_application.h"
 
 namespace {
 

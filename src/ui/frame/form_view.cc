@@ -6,20 +6,22 @@
 
 #include "controls/label_search.h"
 #include "controls/value_controls.h"
+#include "ui/chart/chart_adapter.h"
+#include "ui/controls/adapters.h"
 #include "ui/controls/qt_text.h"
+#include "ui/grid/grid_view.h"
 
 namespace vistaplot {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15.0;
 constexpr int kDialogMargin = 12;        ///< pixels between a dialog's last controls and its edge
 constexpr int kTargetGrowth = 130;       ///< percent of the natural height
 constexpr QSize kLeastScreen(600, 440);  ///< screens with fields scroll below this
 constexpr QSize kLeastPicture(160, 120);
 
 int Pixel(double twips, double factor) {
-  return static_cast<int>(std::lround(twips * factor / kTwipsPerPixel));
+  return static_cast<int>(std::lround(twips * factor / static_cast<double>(kTwipsPerPixel)));
 }
 
 double Length(const std::optional<float>& length) {
@@ -38,6 +40,41 @@ int OneLineHeight(const ControlAdapter& adapter, int room) {
   const ControlKind kind = adapter.Source().Kind();
   if (kind != ControlKind::kButton && kind != ControlKind::kScrollBar) return natural;
   return std::clamp(room, natural, natural * kTargetGrowth / 100);
+}
+
+/// The maker for a control's kind; null for kinds that stand on no form.
+AdapterMaker MakerFor(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::kLabel:
+      return MakeLabel;
+    case ControlKind::kTextBox:
+      return MakeTextBox;
+    case ControlKind::kCheckBox:
+      return MakeCheckBox;
+    case ControlKind::kOptionGroup:
+      return MakeOptionGroup;
+    case ControlKind::kComboBox:
+      return MakeComboBox;
+    case ControlKind::kListBox:
+      return MakeListBox;
+    case ControlKind::kButton:
+      return MakeButton;
+    case ControlKind::kFrame:
+      return MakeFrame;
+    case ControlKind::kPanel:
+      return MakePanel;
+    case ControlKind::kScrollBar:
+      return MakeScrollBar;
+    case ControlKind::kTimer:
+      return MakeTimer;
+    case ControlKind::kGrid:
+      return MakeGrid;
+    case ControlKind::kChartBox:
+      return MakeChartBox;
+    case ControlKind::kMenuItem:
+      return nullptr;
+  }
+  return nullptr;
 }
 
 /// What a control is called where nothing on its form says more.
@@ -73,6 +110,14 @@ QString SpokenName(const Control& control, const Control* label) {
 
 }  // namespace
 
+std::unique_ptr<ControlAdapter> MakeAdapter(Control& control, const AdapterParts& parts) {
+  const AdapterMaker maker = MakerFor(control.Kind());
+  if (maker == nullptr) return nullptr;
+  std::unique_ptr<ControlAdapter> adapter = maker(control, parts);
+  adapter->CopyAll();
+  return adapter;
+}
+
 QRect PixelPlace(const Place& place, double x_factor, double y_factor) {
   const double left = Length(place.Left);
   const double top = Length(place.Top);
@@ -82,12 +127,9 @@ QRect PixelPlace(const Place& place, double x_factor, double y_factor) {
   return {corner, end - QPoint(1, 1)};
 }
 
-FormView::FormView(Form& form,
-                   const AdapterFactory& factory,
-                   const AdapterParts& parts,
-                   QSize display)
+FormView::FormView(Form& form, const AdapterParts& parts, QSize display)
     : QWidget(parts.parent), form_(form) {
-  Build(factory, parts);
+  Build(parts);
   MeasureBase(display);
   NameWidgets();
   JoinScrollBar();
@@ -102,11 +144,11 @@ ControlAdapter* FormView::AdapterOf(const Control& control) const {
   return found == by_control_.end() ? nullptr : found->second;
 }
 
-void FormView::Build(const AdapterFactory& factory, const AdapterParts& parts) {
+void FormView::Build(const AdapterParts& parts) {
   for (Control* control : form_.Controls()) {
     AdapterParts own = parts;
     own.parent = ParentFor(*control);
-    auto adapter = factory.Make(*control, own);
+    auto adapter = MakeAdapter(*control, own);
     if (adapter == nullptr) continue;
     if (adapter->Widget() != nullptr) adapter->Widget()->setObjectName(QtText(control->Name()));
     by_control_[control] = adapter.get();

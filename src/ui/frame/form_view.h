@@ -7,11 +7,16 @@
 #include <vector>
 
 #include "controls/form.h"
-#include "ui/frame/adapter_factory.h"
+#include "ui/controls/control_adapter.h"
 
 namespace vistaplot {
 
-/// A place in pixels (15 twips each), both edges rounded, so that neighbours stay neighbours.
+/// The adapter of a control, by its kind, with all that the control holds copied into its widget.
+/// Null for kinds that stand on no form (menu items). Grids need `parts.table`, folder boxes
+/// `parts.roots`.
+std::unique_ptr<ControlAdapter> MakeAdapter(Control& control, const AdapterParts& parts);
+
+/// A place in pixels, both edges rounded, so that neighbours stay neighbours.
 QRect PixelPlace(const Place& place, double x_factor, double y_factor);
 
 class FormView : public QWidget {
@@ -21,7 +26,7 @@ class FormView : public QWidget {
   /// Builds a widget for every control of `form`, in its order. `display` is the size that the form
   /// was scaled to, in pixels; empty: the form is as large as its controls. `parts.parent` becomes
   /// the view's parent.
-  FormView(Form& form, const AdapterFactory& factory, const AdapterParts& parts, QSize display);
+  FormView(Form& form, const AdapterParts& parts, QSize display);
   ~FormView() override;
 
   Form& Source() const { return form_; }
@@ -41,7 +46,7 @@ class FormView : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void Build(const AdapterFactory& factory, const AdapterParts& parts);
+  void Build(const AdapterParts& parts);
   QWidget* ParentFor(const Control& control);
   void MeasureBase(QSize display);
   void NameWidgets();

@@ -1,15 +1,36 @@
 #include "ui/frame/frame_menus.h"
 
+#include <QKeySequence>
 #include <QMenu>
+#include <QPainter>
+#include <QString>
 #include <algorithm>
 
 #include "base/text.h"
-#include "ui/controls/access_keys.h"
 #include "ui/controls/qt_text.h"
 
 namespace vistaplot {
 
 namespace {
+
+bool BeginsWord(const QString& text, qsizetype at) {
+  return at == 0 || !text[at - 1].isLetter();
+}
+
+/// Where the free letter of `text` stands; 0 when there is none.
+qsizetype PlaceOfKey(const QString& text, const QString& taken) {
+  qsizetype any = -1;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (!text[i].isLetter() || taken.contains(text[i], Qt::CaseInsensitive)) continue;
+    if (BeginsWord(text, i)) return i;
+    if (any < 0) any = i;
+  }
+  return std::max<qsizetype>(any, 0);
+}
+
+QString KeyOf(const QString& text) {
+  return QKeySequence::mnemonic(text).toString().right(1);
+}
 
 bool HoldsItems(const Control& item, const Form& frame) {
   return std::any_of(frame.Controls().begin(), frame.Controls().end(), [&item](Control* other) {
@@ -18,6 +39,27 @@ bool HoldsItems(const Control& item, const Form& frame) {
 }
 
 }  // namespace
+
+void MenuBar::paintEvent(QPaintEvent* event) {
+  QMenuBar::paintEvent(event);
+  QAction* current = activeAction();
+  if (!hasFocus() || current == nullptr) return;
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::Highlight));
+  painter.drawRect(actionGeometry(current).adjusted(0, 0, -1, -1));
+}
+
+void GiveAccessKeys(const QList<QAction*>& actions) {
+  QString taken;
+  for (const QAction* action : actions) taken += KeyOf(action->text());
+  for (QAction* action : actions) {
+    QString text = action->text();
+    if (text.isEmpty() || !KeyOf(text).isEmpty()) continue;
+    text.insert(PlaceOfKey(text, taken), u'&');
+    taken += KeyOf(text);
+    action->setText(text);
+  }
+}
 
 MenuItemAdapter::MenuItemAdapter(MenuItem& item, QAction& action, EventGuard& guard)
     : ControlAdapter(item, guard), item_(item), action_(action) {

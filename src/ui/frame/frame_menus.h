@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAction>
+#include <QList>
 #include <QMenuBar>
 #include <memory>
 #include <vector>
@@ -11,6 +12,23 @@
 #include "ui/controls/control_adapter.h"
 
 namespace vistaplot {
+
+/// A menu bar that shows which menu the keyboard is at before one is open, which some styles do
+/// not.
+class MenuBar : public QMenuBar {
+  Q_OBJECT
+
+ public:
+  using QMenuBar::QMenuBar;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+/// Marks an access key in every text of `actions` that has none: the first letter of one of its
+/// words that no other of them uses, else any letter of it, else its first one, which then steps
+/// through those that share it.
+void GiveAccessKeys(const QList<QAction*>& actions);
 
 /// One menu item as an action: a menu's own one, or a command. Captions keep their access keys; a
 /// checked item has a tick; the caption "-" is a line between commands.

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "ui/controls/qt_text.h"
+#include "ui/frame/form_view.h"
 #include "ui/frame/tool_icon.h"
 
 namespace vistaplot {
@@ -88,20 +89,17 @@ void ToolAdapter::CopyCaption() {
   action_->setText(SpokenText(text));
 }
 
-FrameTools::FrameTools(const Form& frame,
-                       const AdapterFactory& factory,
-                       QMainWindow& window,
-                       EventGuard& guard) {
+FrameTools::FrameTools(const Form& frame, QMainWindow& window, EventGuard& guard) {
   for (Control* control : frame.Controls()) {
     if (control->Kind() == ControlKind::kTimer) {
-      adapters_.push_back(factory.Make(*control, {.guard = guard}));
+      adapters_.push_back(MakeAdapter(*control, {.guard = guard}));
     }
     if (control->Kind() != ControlKind::kPanel) continue;
     if (!Inside(*control, frame, ControlKind::kButton).empty()) {
       AddToolBar(static_cast<Panel&>(*control), frame, window, guard);
       continue;
     }
-    adapters_.push_back(factory.Make(*control, {.guard = guard, .parent = window.statusBar()}));
+    adapters_.push_back(MakeAdapter(*control, {.guard = guard, .parent = window.statusBar()}));
     const int share = static_cast<int>(std::lround(RightOf(*control) - LeftOf(*control)));
     window.statusBar()->addWidget(adapters_.back()->Widget(), std::max(share, 1));
   }

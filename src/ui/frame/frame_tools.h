@@ -11,7 +11,6 @@
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
 #include "ui/controls/control_adapter.h"
-#include "ui/frame/adapter_factory.h"
 
 namespace vistaplot {
 
@@ -43,10 +42,7 @@ class FrameTools : public QObject {
   Q_OBJECT
 
  public:
-  FrameTools(const Form& frame,
-             const AdapterFactory& factory,
-             QMainWindow& window,
-             EventGuard& guard);
+  FrameTools(const Form& frame, QMainWindow& window, EventGuard& guard);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

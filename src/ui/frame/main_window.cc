@@ -9,7 +9,7 @@
 #include <QStatusBar>
 
 #include "ui/controls/qt_text.h"
-#include "ui/frame/menu_bar.h"
+#include "ui/frame/frame_menus.h"
 #include "ui/frame/tool_icon.h"
 
 namespace vistaplot {
@@ -23,10 +23,10 @@ QMenuBar& NewMenuBar(QMainWindow& window) {
 
 }  // namespace
 
-MainWindow::MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard)
+MainWindow::MainWindow(const Form& frame, EventGuard& guard)
     : area_(*new ScreenArea(this)),
       menus_(frame, NewMenuBar(*this), guard),
-      tools_(frame, factory, *this, guard) {
+      tools_(frame, *this, guard) {
   setWindowTitle(QtText(frame.Caption()));
   setWindowIcon(ProgramIcon());
   setCentralWidget(&area_);

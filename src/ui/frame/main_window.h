@@ -17,7 +17,7 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  MainWindow(const Form& frame, const AdapterFactory& factory, EventGuard& guard);
+  MainWindow(const Form& frame, EventGuard& guard);
 
   ScreenArea& Area() { return area_; }
 

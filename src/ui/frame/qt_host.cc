@@ -12,7 +12,6 @@ namespace vistaplot {
 namespace {
 
 QSize InPixels(const DisplaySize& display) {
-  constexpr float kTwipsPerPixel = 15.0F;
   return {static_cast<int>(std::lround(display.width / kTwipsPerPixel)),
           static_cast<int>(std::lround(display.height / kTwipsPerPixel))};
 }
@@ -57,7 +56,7 @@ AdapterParts QtHost::PartsFor(QWidget* parent) const {
 }
 
 void QtHost::BuildScreen(Form& form, Entry& entry) {
-  entry.view = new FormView(form, factory_, PartsFor(nullptr), InPixels(display_));
+  entry.view = new FormView(form, PartsFor(nullptr), InPixels(display_));
   auto* window = new ScreenWindow(form, *entry.view, guard_);
   window_->Area().Add(*window);
   entry.window = window;
@@ -66,7 +65,7 @@ void QtHost::BuildScreen(Form& form, Entry& entry) {
 
 void QtHost::BuildDialog(Form& form, Entry& entry) {
   auto* window = new DialogWindow(form, window_, guard_);
-  entry.view = new FormView(form, factory_, PartsFor(window), QSize());
+  entry.view = new FormView(form, PartsFor(window), QSize());
   window->Hold(*entry.view);
   entry.window = window;
 }

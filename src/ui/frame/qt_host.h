@@ -11,7 +11,6 @@
 #include "controls/form.h"
 #include "controls/form_host.h"
 #include "ui/chart/chart_adapter.h"
-#include "ui/frame/adapter_factory.h"
 #include "ui/frame/form_view.h"
 #include "ui/frame/main_window.h"
 
@@ -19,8 +18,8 @@ namespace vistaplot {
 
 class QtHost : public FormHost {
  public:
-  /// Both outlive the host.
-  QtHost(EventGuard& guard, const AdapterFactory& factory) : guard_(guard), factory_(factory) {}
+  /// `guard` outlives the host.
+  explicit QtHost(EventGuard& guard) : guard_(guard) {}
 
   /// Where the forms are shown from now on, and what their grids and folder boxes show. `frame` is
   /// the form that the window itself skins.
@@ -65,7 +64,6 @@ class QtHost : public FormHost {
   void BuildDialog(Form& form, Entry& entry);
 
   EventGuard& guard_;
-  const AdapterFactory& factory_;
   MainWindow* window_ = nullptr;
   const Form* frame_ = nullptr;
   DataTable* table_ = nullptr;

@@ -37,7 +37,6 @@ QSize AvailableSize() {
 WindowProgram::WindowProgram(const WindowParts& parts)
     : display_(parts.display),
       player_(parts.player),
-      factory_(StandardAdapters()),
       program_({.quoteline = parts.quoteline,
                 .settings = parts.settings,
                 .dialogs = player_ == nullptr ? dialogs_ : player_->Over(dialogs_),
@@ -45,7 +44,7 @@ WindowProgram::WindowProgram(const WindowParts& parts)
                 .output = player_ == nullptr ? output_ : player_->Over(output_),
                 .program_dir = ProgramFolder(),
                 .roots = RootsFromEnvironment()}),
-      window_(program_.AllScreens().frmMain, factory_, guard_) {
+      window_(program_.AllScreens().frmMain, guard_) {
   guard_.ReportTo(&dialogs_);
   output_.Use(&window_, dialogs_);
   dialogs_.Use(&window_, program_.State().roots);

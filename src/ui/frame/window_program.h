@@ -54,8 +54,7 @@ class WindowProgram : public QObject {
   ScriptPlayer* player_;
   EventGuard guard_;
   QtDialogs dialogs_{guard_};
-  AdapterFactory factory_;
-  QtHost host_{guard_, factory_};
+  QtHost host_{guard_};
   QtOutput output_{guard_};
   Program program_;
   MainWindow window_;

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "controls/form_host.h"
 #include "table/sheet.h"
 #include "ui/grid/grid_selection.h"
 
@@ -19,7 +20,7 @@ struct GridSizes {
   int digit_width = 8;
   int default_width = 80;  ///< of a column whose width is not set
   /// Column widths are made for digits of 110 twips; wider ones get wider columns.
-  double twips_per_pixel = 15.0;
+  double twips_per_pixel = static_cast<double>(kTwipsPerPixel);
 };
 
 /// First to last line, both shown; empty when last < first.

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kRowPadding = 6;
 constexpr int kDefaultMargin = 16;
-constexpr double kTwipsPerPixel = 15.0;
 constexpr double kTwipsPerDigit = 110.0;
 constexpr double kLineShare = 0.16;    // of the text's colour in the lines between cells
 constexpr double kEdgeShare = 0.45;    // in the line that closes the headings
@@ -262,7 +261,8 @@ GridSizes GridFonts::Sizes() const {
   return {.row_height = plain.Metrics().height() + kRowPadding,
           .digit_width = digit_width,
           .default_width = plain.Width("00/00/0000") + kDefaultMargin,
-          .twips_per_pixel = std::min(kTwipsPerPixel, kTwipsPerDigit / std::max(digit_width, 1))};
+          .twips_per_pixel = std::min(static_cast<double>(kTwipsPerPixel),
+                                      kTwipsPerDigit / std::max(digit_width, 1))};
 }
 
 void PaintGrid(QPainter& painter, const GridScene& scene, GridFonts& fonts) {

@@ -4,10 +4,35 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cassert>
 
+#include "controls/view_controls.h"
 #include "ui/controls/qt_text.h"
 
 namespace vistaplot {
+
+namespace {
+
+class GridAdapter : public ControlAdapter {
+ public:
+  GridAdapter(Grid& grid, const AdapterParts& parts)
+      : ControlAdapter(grid, parts.guard),
+        view_(new GridView(grid, *parts.table, parts.guard, parts.parent)) {
+    SetWidget(view_);
+  }
+
+  bool Follows() const override { return true; }
+
+  std::vector<QWidget*> TabStops() const override { return {&view_->Area(), &view_->Tabs()}; }
+
+  /// The sheet shown names itself.
+  void SetAccessibleName(const QString& /*name*/, bool /*labelled*/) override {}
+
+ private:
+  GridView* view_;
+};
+
+}  // namespace
 
 GridView::GridView(Grid& grid, DataTable& table, EventGuard& guard, QWidget* parent)
     : QWidget(parent),
@@ -95,6 +120,11 @@ void GridView::Choose(int tab) {
   if (tab < 0 || tab >= static_cast<int>(sheets_.size())) return;
   const int number = sheets_[static_cast<std::size_t>(tab)];
   guard_.Run([this, number] { table_.SetActiveSheet(number); });
+}
+
+std::unique_ptr<ControlAdapter> MakeGrid(Control& control, const AdapterParts& parts) {
+  assert(parts.table != nullptr);
+  return std::make_unique<GridAdapter>(static_cast<Grid&>(control), parts);
 }
 
 }  // namespace vistaplot

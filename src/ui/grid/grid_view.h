@@ -3,11 +3,12 @@
 
 #include <QTabBar>
 #include <QWidget>
+#include <memory>
 #include <vector>
 
 #include "controls/view_controls.h"
 #include "table/data_table.h"
-#include "ui/controls/event_guard.h"
+#include "ui/controls/control_adapter.h"
 #include "ui/grid/grid_area.h"
 
 namespace vistaplot {
@@ -43,5 +44,8 @@ class GridView : public QWidget, public TableObserver {
   QTabBar* tabs_;
   std::vector<int> sheets_;  ///< the sheet of each tab
 };
+
+/// Shows `control`, a Grid, over `parts.table`.
+std::unique_ptr<ControlAdapter> MakeGrid(Control& control, const AdapterParts& parts);
 
 }  // namespace vistaplot

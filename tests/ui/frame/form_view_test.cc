@@ -28,7 +28,7 @@ struct SmallView {
   test::SilentHost host;
   SmallForm form{host};
   EventGuard guard;
-  FormView view{form, StandardAdapters(), {.guard = guard}, QSize(640, 480)};
+  FormView view{form, {.guard = guard}, QSize(640, 480)};
 
   SmallView() {
     view.show();

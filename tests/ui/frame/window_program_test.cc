@@ -16,7 +16,7 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
-#include "ui/controls/panel_field.h"
+#include "ui/controls/widgets.h"
 #include "ui/frame/program_windows.h"
 
 namespace vistaplot {

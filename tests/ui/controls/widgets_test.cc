@@ -1,4 +1,4 @@
-#include "ui/controls/caption_label.h"
+#include "ui/controls/widgets.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,128 @@
+// Text boxes, check boxes and scroll bars: controls that hold a value.
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <algorithm>
+
+#include "controls/value_controls.h"
+#include "ui/controls/adapters.h"
+#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
+
+namespace vistaplot {
+
+namespace {
+
+/// The user is still at work in the box while only its window or a pop-up takes the keyboard.
+bool LeavesBox(const QFocusEvent& event) {
+  return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
+}
+
+class TextBoxAdapter : public ControlAdapter {
+ public:
+  TextBoxAdapter(TextBox& box, const AdapterParts& parts)
+      : ControlAdapter(box, parts.guard), box_(box), line_(new QLineEdit(parts.parent)) {
+    SetWidget(line_);
+    line_->installEventFilter(this);
+    connect(line_, &QLineEdit::textEdited, this, [this](const QString& text) {
+      Act([this, &text] { box_.SetText(PlainUtf8(text)); });
+    });
+  }
+
+  bool OneLine() const override { return true; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusOut && LeavesBox(*static_cast<QFocusEvent*>(event))) {
+      Act([this] { box_.RaiseLostFocus(); });
+    }
+    return ControlAdapter::eventFilter(watched, event);
+  }
+
+ protected:
+  void CopyValue() override {
+    const QString text = QtText(box_.Text());
+    if (line_->text() != text) line_->setText(text);  // keeps the cursor where the user types
+  }
+
+ private:
+  TextBox& box_;
+  QLineEdit* line_;
+};
+
+class CheckBoxAdapter : public ControlAdapter {
+ public:
+  CheckBoxAdapter(CheckBox& box, const AdapterParts& parts)
+      : ControlAdapter(box, parts.guard), box_(box), tick_(new QCheckBox(parts.parent)) {
+    SetWidget(tick_);
+    connect(tick_, &QCheckBox::clicked, this, [this](bool checked) {
+      Act([this, checked] { box_.SetChecked(checked); });
+    });
+  }
+
+  bool OneLine() const override { return true; }
+
+ protected:
+  void CopyCaption() override { tick_->setText(QtText(box_.Caption())); }
+  void CopyValue() override { tick_->setChecked(box_.Checked()); }
+
+ private:
+  CheckBox& box_;
+  QCheckBox* tick_;
+};
+
+Qt::Orientation OrientationOf(const Control& control) {
+  const Place& place = control.Where();
+  return place.Height.value_or(0.0F) > place.Width.value_or(0.0F) ? Qt::Vertical : Qt::Horizontal;
+}
+
+class ScrollBarAdapter : public ControlAdapter {
+ public:
+  ScrollBarAdapter(ScrollBar& bar, const AdapterParts& parts)
+      : ControlAdapter(bar, parts.guard),
+        bar_(bar),
+        slider_(new PlainScrollBar(OrientationOf(bar), parts.parent)) {
+    slider_->setFocusPolicy(Qt::StrongFocus);
+    SetWidget(slider_);
+    connect(slider_, &QScrollBar::valueChanged, this, [this](int value) {
+      Act([this, value] { bar_.SetValue(value); });
+    });
+  }
+
+  bool OneLine() const override { return slider_->orientation() == Qt::Horizontal; }
+
+ protected:
+  void CopyValue() override {
+    slider_->setRange(bar_.Min(), bar_.Max());
+    slider_->setPageStep(std::max(1, (bar_.Max() - bar_.Min()) / kPages));
+    slider_->setValue(bar_.Value());
+  }
+
+ private:
+  static constexpr int kPages = 20;  ///< clicks beside the slider that lead from end to end
+
+  ScrollBar& bar_;
+  PlainScrollBar* slider_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlAdapter> MakeTextBox(Control& control, const AdapterParts& parts) {
+  auto& box = static_cast<TextBox&>(control);
+  if (parts.roots != nullptr && box.content == TextContent::kFolder) {
+    return MakeFolderBox(box, parts);
+  }
+  if (parts.roots != nullptr && box.content == TextContent::kDrive) return MakeDriveBox(box, parts);
+  return std::make_unique<TextBoxAdapter>(box, parts);
+}
+
+std::unique_ptr<ControlAdapter> MakeCheckBox(Control& control, const AdapterParts& parts) {
+  return std::make_unique<CheckBoxAdapter>(static_cast<CheckBox&>(control), parts);
+}
+
+std::unique_ptr<ControlAdapter> MakeScrollBar(Control& control, const AdapterParts& parts) {
+  return std::make_unique<ScrollBarAdapter>(static_cast<ScrollBar&>(control), parts);
+}
+
+}  // namespace vistaplot

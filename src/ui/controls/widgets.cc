@@ -1,0 +1,163 @@
+#include "ui/controls/widgets.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionProgressBar>
+#include <QStyleOptionSlider>
+#include <QStylePainter>
+#include <QTextLayout>
+#include <algorithm>
+
+#include "ui/controls/qt_text.h"
+
+namespace vistaplot {
+
+namespace {
+
+/// A text in at most `most` lines of that width, in pixels; joined they are the text again unless
+/// the last one had to be cut.
+QStringList LinesOf(const QString& text, const QFont& font, int width, int most) {
+  QStringList lines;
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  while (lines.size() < most) {
+    QTextLine line = layout.createLine();
+    if (!line.isValid()) break;
+    line.setLineWidth(width);
+    const bool last = lines.size() + 1 == most;
+    const QString part = text.mid(line.textStart(), last ? -1 : line.textLength());
+    lines += last ? QFontMetrics(font).elidedText(part, Qt::ElideRight, width, Qt::TextShowMnemonic)
+                  : part;
+  }
+  layout.endLayout();
+  return lines;
+}
+
+constexpr int kArrow = 4;  ///< half the length of an arrow's base, in pixels
+
+/// Between two colours of the palette, so that it is seen on light and dark desktops.
+QColor Between(const QColor& from, const QColor& to, int percent) {
+  const auto mixed = [percent](int a, int b) { return a + (b - a) * percent / 100; };
+  return {
+      mixed(from.red(), to.red()), mixed(from.green(), to.green()), mixed(from.blue(), to.blue())};
+}
+
+}  // namespace
+
+CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void CaptionLabel::SetCaption(const QString& caption) {
+  setText(caption);
+  Fit();
+}
+
+void CaptionLabel::Fit() {
+  const QString whole = text();
+  const int most = std::max(1, height() / fontMetrics().lineSpacing());
+  const QStringList lines = LinesOf(whole, font(), width(), most);
+  fitted_ = lines.join(u'\n');
+  setToolTip(lines.join(QString()) == whole ? QString() : SpokenText(PlainUtf8(whole)));
+  update();
+}
+
+void CaptionLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const int how = static_cast<int>(alignment()) | Qt::TextShowMnemonic;
+  style()->drawItemText(&painter, rect(), how, palette(), isEnabled(), fitted_, foregroundRole());
+}
+
+void CaptionLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Fit();
+}
+
+void CaptionLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Fit();
+}
+
+PanelField::PanelField(QWidget* parent) : QWidget(parent) {}
+
+void PanelField::SetText(const QString& text) {
+  text_ = text;
+  setAccessibleName(text);
+  update();
+}
+
+void PanelField::SetPercent(int percent) {
+  has_bar_ = has_bar_ || percent != percent_;
+  percent_ = percent;
+  update();
+}
+
+void PanelField::SetBlank(bool blank) {
+  blank_ = blank;
+  update();
+}
+
+QSize PanelField::sizeHint() const {
+  return {fontMetrics().averageCharWidth() * 10, fontMetrics().height() + 4};
+}
+
+void PanelField::paintEvent(QPaintEvent* /*event*/) {
+  if (blank_) return;
+  QStylePainter painter(this);
+  if (has_bar_) {
+    QStyleOptionProgressBar bar;
+    bar.initFrom(this);
+    bar.state |= QStyle::State_Horizontal;
+    bar.minimum = 0;
+    bar.maximum = 100;
+    bar.progress = percent_;
+    bar.text = QString::number(percent_) + u'%';
+    bar.textVisible = true;
+    bar.textAlignment = Qt::AlignCenter;
+    painter.drawControl(QStyle::CE_ProgressBar, bar);
+  }
+  const QString shown = fontMetrics().elidedText(text_, Qt::ElideRight, width());
+  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
+}
+
+void PlainScrollBar::paintEvent(QPaintEvent* /*event*/) {
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const auto part = [&](QStyle::SubControl control) {
+    return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+  };
+  const QColor ground = palette().color(QPalette::Window);
+  const QColor ink = palette().color(QPalette::WindowText);
+  const bool active = isSliderDown() || underMouse();
+  QPainter painter(this);
+  painter.fillRect(rect(), Between(ground, ink, 8));
+  painter.fillRect(part(QStyle::SC_ScrollBarSlider).adjusted(1, 2, -1, -2),
+                   Between(ground, ink, active ? 55 : 38));
+  if (hasFocus()) {
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Between(ground, ink, isEnabled() ? 75 : 30));
+  PaintArrow(painter, part(QStyle::SC_ScrollBarSubLine), /*towards_end=*/false);
+  PaintArrow(painter, part(QStyle::SC_ScrollBarAddLine), /*towards_end=*/true);
+}
+
+void PlainScrollBar::PaintArrow(QPainter& painter, const QRect& button, bool towards_end) const {
+  if (button.isEmpty()) return;
+  const QPointF middle = QRectF(button).center();
+  const double tip = towards_end ? kArrow / 2.0 : -kArrow / 2.0;
+  QPolygonF arrow({{tip, 0.0}, {-tip, -kArrow}, {-tip, kArrow}});
+  if (orientation() == Qt::Vertical) {
+    for (QPointF& corner : arrow) corner = corner.transposed();
+  }
+  painter.drawPolygon(arrow.translated(middle));
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,73 @@
+// Widgets that the toolkit lacks, or paints otherwise than the screens need.
+#pragma once
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QWidget>
+
+namespace vistaplot {
+
+/// A caption that never runs out of its place unseen: in as many lines as the place has room for,
+/// the last one cut with an ellipsis where that is not enough; the whole text is then its tool tip.
+class CaptionLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit CaptionLabel(QWidget* parent);
+
+  /// "&" in `caption` marks the access key.
+  void SetCaption(const QString& caption);
+
+  /// What of the caption is painted, lines parted by line ends.
+  const QString& Fitted() const { return fitted_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void Fit();
+
+  QString fitted_;
+};
+
+/// A panel as a widget: a text, and a bar once a percentage was shown. It keeps its room while it is
+/// blank, so that it can be shown and painted at once in the middle of long work, when no layout
+/// runs.
+class PanelField : public QWidget {
+ public:
+  explicit PanelField(QWidget* parent);
+
+  void SetText(const QString& text);
+  void SetPercent(int percent);  ///< 0 to 100
+  void SetBlank(bool blank);     ///< nothing is painted
+
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString text_;
+  int percent_ = 0;
+  bool has_bar_ = false;
+  bool blank_ = false;
+};
+
+/// A scroll bar in flat colours: it is painted with every step of a chart, and the styles' shaded
+/// bars take a good part of the time that the chart takes.
+class PlainScrollBar : public QScrollBar {
+  Q_OBJECT
+
+ public:
+  using QScrollBar::QScrollBar;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void PaintArrow(QPainter& painter, const QRect& button, bool towards_end) const;
+};
+
+}  // namespace vistaplot
