@@ -1,7 +1,7 @@
 // Combo boxes, list boxes and option groups: controls with entries.
 
-#include <QBoxLayout>
 #include <QAbstractListModel>
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QItemSelectionModel>

@@ -32,8 +32,8 @@ class CaptionLabel : public QLabel {
   QString fitted_;
 };
 
-/// A panel as a widget: a text, and a bar once a percentage was shown. It keeps its room while it is
-/// blank, so that it can be shown and painted at once in the middle of long work, when no layout
+/// A panel as a widget: a text, and a bar once a percentage was shown. It keeps its room while it
+/// is blank, so that it can be shown and painted at once in the middle of long work, when no layout
 /// runs.
 class PanelField : public QWidget {
  public:
