@@ -14,7 +14,6 @@ namespace vistaplot {
 
 namespace {
 
-constexpr float kTwipsPerPixel = 15.0F;
 constexpr const char* kNoChart = "There is no chart yet: load data, select funds and choose Graph";
 constexpr const char* kNoSheet = "There is no data yet: load data first";
 
