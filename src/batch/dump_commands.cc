@@ -90,7 +90,6 @@ void ExpectChart(ScriptWorld& world, ScriptWords words) {
 
 // A chart's own size on the display.
 int PixelsOf(const std::optional<float>& twips, int otherwise) {
-  constexpr float kTwipsPerPixel = 15.0F;
   return twips ? RoundHalfEven(static_cast<double>(*twips / kTwipsPerPixel)) : otherwise;
 }
 
