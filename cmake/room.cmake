@@ -50,7 +50,5 @@ function(vp_test name)
   endif()
   target_link_libraries(${name}_test PRIVATE vp_options ${gtest})
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_definitions(${name}_test
-                             PRIVATE VISTAPLOT_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
