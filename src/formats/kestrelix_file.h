@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/fixed_fields.h"
+#include "base/records.h"
 
 namespace vistaplot {
 
@@ -28,6 +29,16 @@ static_assert(FieldsFit(kKestrelixFields, 71));
 
 /// The line, counted from 1, that names the columns; rows follow it.
 inline constexpr int kKestrelixNamesLine = 3;
+
+struct KestrelixFile {
+  std::string title;  ///< line 1 whole, UTF-8
+  /// The names (line 3) and the rows behind them, without the last line; blanks around fields are
+  /// dropped. The bytes are let go where there are none of these.
+  Records records;
+};
+
+/// Reads a file's bytes, at most kMostRecordBytes.
+KestrelixFile ReadKestrelixFile(std::string bytes);
 
 /// Appends a line of nine texts (UTF-8), each right-aligned in its field and cut to its width,
 /// and CR LF.

@@ -19,6 +19,17 @@ std::string_view TakeLine(std::string_view& bytes) {
   return line;
 }
 
+std::vector<std::uint32_t> LineStarts(std::string_view bytes) {
+  std::size_t count = 0;
+  for (std::string_view rest = bytes; !rest.empty(); TakeLine(rest)) ++count;
+  std::vector<std::uint32_t> starts;
+  starts.reserve(count);  // a list that grows would take twice the room
+  for (std::string_view rest = bytes; !rest.empty(); TakeLine(rest)) {
+    starts.push_back(static_cast<std::uint32_t>(bytes.size() - rest.size()));
+  }
+  return starts;
+}
+
 std::string_view TakeField(std::string_view& line) {
   line = TrimWhite(line);
   std::string_view field;

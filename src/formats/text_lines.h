@@ -2,7 +2,9 @@
 // what is taken is a part of the bytes given.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace vistaplot {
 
@@ -14,5 +16,8 @@ std::string_view TakeLine(std::string_view& bytes);
 /// double quotes where it begins with one (commas inside do not end it), else the text up to the
 /// comma without blanks and tabs around. Empty where the line has no further field.
 std::string_view TakeField(std::string_view& line);
+
+/// Where the lines of `bytes` (at most 4 GiB) begin, in order.
+std::vector<std::uint32_t> LineStarts(std::string_view bytes);
 
 }  // namespace vistaplot

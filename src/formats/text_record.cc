@@ -1,6 +1,8 @@
 #include "formats/text_record.h"
 
 #include <cassert>
+#include <cstdint>
+#include <utility>
 
 #include "base/text.h"
 
@@ -16,6 +18,18 @@ void AppendTextRecord(std::string& bytes,
   }
   bytes += record;
   bytes += kRecordTail;
+}
+
+Records ReadTextRecords(std::string bytes, const TextRecordForm& form) {
+  Records records{
+      .bytes = std::move(bytes), .fields = form.fields, .length = form.size - kRecordTail.size()};
+  records.starts.resize(records.bytes.size() / form.size);
+  std::uint32_t start = 0;
+  for (std::uint32_t& place : records.starts) {
+    place = start;
+    start += static_cast<std::uint32_t>(form.size);
+  }
+  return records;
 }
 
 std::vector<std::string> ReadTextRecord(std::string_view record, FixedFields fields) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/fixed_fields.h"
+#include "base/records.h"
 
 namespace vistaplot {
 
@@ -26,6 +27,10 @@ struct TextRecordForm {
 void AppendTextRecord(std::string& bytes,
                       const TextRecordForm& form,
                       std::span<const std::string> texts);
+
+/// The records of a file's bytes in file order; an incomplete last one is left out. `bytes` are at
+/// most kMostRecordBytes.
+Records ReadTextRecords(std::string bytes, const TextRecordForm& form);
 
 /// The texts (UTF-8) of a record's fields as they stand, blanks included; what a short record lacks
 /// is empty. Separators and tail are not looked at.

@@ -1,10 +1,32 @@
 #include "formats/vornaxil_file.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "base/text.h"
+#include "formats/text_lines.h"
 
 namespace vistaplot {
+
+VornaxilFile ReadVornaxilFile(std::string bytes) {
+  VornaxilFile file;
+  file.records.bytes = std::move(bytes);
+  std::vector<std::uint32_t>& starts = file.records.starts;
+  starts = LineStarts(file.records.bytes);
+  if (!starts.empty()) starts.pop_back();
+  if (starts.size() >= kVornaxilKindLine) {
+    std::string_view rest(file.records.bytes);
+    rest.remove_prefix(starts[kVornaxilKindLine - 1]);
+    file.kind = VornaxilKindOf(TakeLine(rest));
+    file.records.fields = VornaxilFields(*file.kind);
+  }
+  const auto skipped = std::min<std::size_t>(starts.size(), kFirstVornaxilLine - 1);
+  starts.erase(starts.begin(), starts.begin() + static_cast<std::ptrdiff_t>(skipped));
+  return file;
+}
 
 std::string_view VornaxilKindOf(std::string_view line2) {
   constexpr FixedField kMark{"kind", 5, 2};

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "base/fixed_fields.h"
+#include "base/records.h"
 
 namespace vistaplot {
 
@@ -44,6 +45,15 @@ static_assert(FieldsFit(kVornaxilApmFields, 64));
 /// Line 2 tells the kind; rows begin in this line, counted from 1.
 inline constexpr int kVornaxilKindLine = 2;
 inline constexpr int kFirstVornaxilLine = 8;
+
+struct VornaxilFile {
+  /// "SM " or "APM"; nothing where line 2 is missing or the last one, which is never looked at.
+  std::optional<std::string_view> kind = {};
+  Records records = {};  ///< lines 8 on without the last one; fields of the kind
+};
+
+/// Reads a file's bytes, at most kMostRecordBytes.
+VornaxilFile ReadVornaxilFile(std::string bytes);
 
 /// The kind that line 2 tells: "SM " where its characters 6 and 7 are "MA" or "St", else "APM".
 std::string_view VornaxilKindOf(std::string_view line2);

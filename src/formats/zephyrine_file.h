@@ -4,9 +4,11 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "base/fixed_fields.h"
+#include "base/records.h"
 #include "formats/text_record.h"
 
 namespace vistaplot {
@@ -36,16 +38,14 @@ inline constexpr std::array<FixedField, 17> kZephyrineFields{{
 inline constexpr TextRecordForm kZephyrineForm{kZephyrineFields, 119, ' '};
 static_assert(FieldsFit(kZephyrineFields, 115));
 
-/// Short records end behind field 14 (average STRF) and their tail; the fields behind show
+/// Short records end behind the average STRF and their tail; the fields behind read as
 /// kZephyrineMissing.
 inline constexpr std::size_t kShortZephyrineSize = 98;
-inline constexpr std::size_t kShortZephyrineFields = 14;
 inline constexpr std::string_view kZephyrineMissing = "  0.00";
 
-/// Bytes of a record of a file of `file_size` bytes: 119 where these are whole records of 119 (an
-/// empty file included), else 98.
-constexpr std::size_t ZephyrineRecordSize(std::size_t file_size) {
-  return file_size % kZephyrineForm.size == 0 ? kZephyrineForm.size : kShortZephyrineSize;
-}
+/// The records of a file's bytes in file order. They are long where the length is a whole multiple
+/// of 119 (that of an empty file included), else short; an incomplete last one is left out.
+/// `bytes` are at most kMostRecordBytes.
+Records ReadZephyrineRecords(std::string bytes);
 
 }  // namespace vistaplot

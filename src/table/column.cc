@@ -1,7 +1,6 @@
 #include "table/column.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include "base/number_text.h"
@@ -35,24 +34,9 @@ bool SetAsPrice(Column& column, int row, std::string_view text) {
 
 }  // namespace
 
-RecordBlock::RecordBlock(int first_row, std::size_t record_length, std::string bytes)
-    : bytes_(std::move(bytes)),
-      record_length_(record_length),
-      first_row_(first_row),
-      order_(bytes_.size() / record_length) {
-  std::iota(order_.begin(), order_.end(), 0U);
-}
-
-std::string_view RecordBlock::Cut(int row, const RecordField& field) const {
-  const std::size_t record = order_[static_cast<std::size_t>(row - first_row_)];
-  const std::size_t offset = std::min(field.offset, record_length_);
-  return std::string_view(bytes_).substr(record * record_length_ + offset,
-                                         std::min(field.width, record_length_ - offset));
-}
-
 void RecordBlock::Reorder(int first_row, const RowOrder& order) {
   const auto start = static_cast<std::size_t>(first_row - first_row_);
-  Gather(std::span(order_).subspan(start, order.size()), order);
+  Gather(std::span(records_.starts).subspan(start, order.size()), order);
 }
 
 int LastRow(const Column& column, const RecordBlock& records) {

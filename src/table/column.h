@@ -8,40 +8,40 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "base/fixed_fields.h"
+#include "base/records.h"
 
 namespace vistaplot {
 
 /// A new order of some rows: element i is the 0-based place that moves to place i.
 using RowOrder = std::vector<std::uint32_t>;
 
-/// The place of a field within a record: `width` bytes from byte `offset` (0-based).
-struct RecordField {
-  std::size_t offset = 0;
-  std::size_t width = 0;
-};
-
-/// Fixed-length records, one a row, as the bytes of their file. Text in them is Windows-1252.
+/// The records of an imported file, one a row. Text in them is Windows-1252.
 class RecordBlock {
  public:
   RecordBlock() = default;
-  /// Record i is row first_row + i; an incomplete last record is left out.
-  RecordBlock(int first_row, std::size_t record_length, std::string bytes);
+  /// Record i is row first_row + i.
+  RecordBlock(int first_row, Records records)
+      : records_(std::move(records)), first_row_(first_row) {}
 
   bool Holds(int row) const { return row >= first_row_ && row <= LastRow(); }
-  int LastRow() const { return first_row_ + static_cast<int>(order_.size()) - 1; }
+  int LastRow() const { return first_row_ + static_cast<int>(records_.starts.size()) - 1; }
 
-  /// The bytes of a field in a row that Holds; cut where the record ends.
-  std::string_view Cut(int row, const RecordField& field) const;
+  /// The bytes of a field in a row that Holds.
+  std::string_view Cut(int row, const FixedField& field) const {
+    return RecordField(
+        records_, records_.starts[static_cast<std::size_t>(row - first_row_)], field);
+  }
 
   /// Reorders rows first_row, first_row + 1, ...
   void Reorder(int first_row, const RowOrder& order);
 
  private:
-  std::string bytes_;
-  std::size_t record_length_ = 0;
+  Records records_;
   int first_row_ = 1;
-  std::vector<std::uint32_t> order_;  // the record of row first_row_ + i
 };
 
 /// A column's cells. A cell in the range of `prices`, or of the sheet's records where `field` is
@@ -52,7 +52,7 @@ struct Column {
   /// changes no text and no number that a reader gets.
   mutable std::vector<float> prices;
   mutable bool is_rounded = false;
-  std::optional<RecordField> field;
+  std::optional<FixedField> field;
   int width = 0;  ///< twips
 
   bool HoldsPrice(int row) const {

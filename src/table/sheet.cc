@@ -81,11 +81,9 @@ void Sheet::SetTextColumn(int col, std::vector<std::string> texts) {
   column.texts = std::move(texts);
 }
 
-void Sheet::SetRecordColumns(int first_row,
-                             std::size_t record_length,
-                             std::string bytes,
-                             std::span<const RecordField> fields) {
-  assert(first_row >= 1 && record_length >= 1);
+void Sheet::SetRecords(int first_row, Records records) {
+  assert(first_row >= 1);
+  const FixedFields fields = records.fields;
   const int replaced = static_cast<int>(fields.size());
   for (int col = 1; col <= static_cast<int>(columns_.size()); ++col) {
     Column& column = Make(col);
@@ -95,7 +93,7 @@ void Sheet::SetRecordColumns(int first_row,
       TurnIntoText(column, records_);
     }
   }
-  records_ = RecordBlock(first_row, record_length, std::move(bytes));
+  records_ = RecordBlock(first_row, std::move(records));
   for (int col = 1; col <= replaced; ++col) {
     Make(col).field = fields[static_cast<std::size_t>(col) - 1];
   }

@@ -54,13 +54,9 @@ class Sheet {
   /// Replaces a whole column of texts: texts[i] in row 1 + i.
   void SetTextColumn(int col, std::vector<std::string> texts);
 
-  /// Replaces columns 1 to fields.size() from row `first_row` on by records (Windows-1252): row
-  /// first_row + i shows record i, column c its fields[c - 1], uncut and untrimmed. The rows above
-  /// keep their texts; an incomplete last record is left out. `record_length` is at least 1.
-  void SetRecordColumns(int first_row,
-                        std::size_t record_length,
-                        std::string bytes,
-                        std::span<const RecordField> fields);
+  /// Replaces columns 1 to fields.size() from row `first_row` on by records: row first_row + i
+  /// shows record i, column c its fields[c - 1]. The rows above keep their texts.
+  void SetRecords(int first_row, Records records);
 
   /// CellNumber of rows first_row .. first_row + count - 1 of one column, oldest first; cells
   /// outside the sheet are 0. The one place where 1-based rows become a 0-based span.

@@ -5,9 +5,11 @@
 #include <bit>
 #include <cstddef>
 #include <numeric>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "base/date.h"
 #include "base/number_text.h"
 #include "base/text.h"
 
@@ -30,6 +32,15 @@ std::uint64_t SortableBits(double number) {
   constexpr std::uint64_t kSign = std::uint64_t{1} << 63U;
   const auto bits = std::bit_cast<std::uint64_t>(number == 0.0 ? 0.0 : number);
   return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+// The serial of a date that is written month/day/year; other forms of dates are texts here.
+std::optional<double> MonthFirstDate(std::string_view text) {
+  const std::size_t slash = text.find('/');
+  if (slash > 2 || text.find('-') != std::string_view::npos) return std::nullopt;
+  const auto date = ParseDate(text);
+  if (!date) return std::nullopt;
+  return static_cast<double>(*date);
 }
 
 // One stable pass of a radix sort over the byte at `shift`; false when all rows share that byte.
@@ -73,6 +84,7 @@ class Sorter {
   // Lists of one key; a run's sort is done with them before the next run of its key begins.
   struct Scratch {
     std::vector<NumberedRow> numbers;
+    std::vector<NumberedRow> dates;
     std::vector<NumberedRow> spare;
     std::vector<TextRow> texts;
     std::vector<std::uint32_t> empties;
@@ -86,11 +98,13 @@ class Sorter {
     const bool is_descending = columns_[level].is_descending;
     ReadKeys(begin, end, columns_[level], scratch);
     SortNumbers(scratch.numbers, scratch.spare);
+    SortNumbers(scratch.dates, scratch.spare);
     SortTexts(scratch.texts, is_descending);
     scratch.run_ends.clear();
     std::size_t place = begin;
     if (is_descending) place = StoreTexts(scratch, place);
-    place = StoreNumbers(scratch, place);
+    place = StoreNumbers(is_descending ? scratch.dates : scratch.numbers, scratch, place);
+    place = StoreNumbers(is_descending ? scratch.numbers : scratch.dates, scratch, place);
     if (!is_descending) place = StoreTexts(scratch, place);
     for (const std::uint32_t row : scratch.empties) order_[place++] = row;
     scratch.run_ends.push_back(place);
@@ -103,18 +117,20 @@ class Sorter {
 
   void ReadKeys(std::size_t begin, std::size_t end, const SortColumn& column, Scratch& scratch) {
     scratch.numbers.clear();
+    scratch.dates.clear();
     scratch.texts.clear();
     scratch.empties.clear();
     for (std::size_t place = begin; place < end; ++place) {
       const std::uint32_t row = order_[place];
       CellKey key = column.key(row);
-      if (key.kind == CellKey::Kind::kNumber) {
-        const std::uint64_t bits = SortableBits(key.number);
-        scratch.numbers.push_back({column.is_descending ? ~bits : bits, row});
-      } else if (key.kind == CellKey::Kind::kText) {
+      if (key.kind == CellKey::Kind::kText) {
         scratch.texts.push_back({std::move(key.text), row});
-      } else {
+      } else if (key.kind == CellKey::Kind::kEmpty) {
         scratch.empties.push_back(row);
+      } else {
+        const std::uint64_t bits = SortableBits(key.number);
+        auto& rows = key.kind == CellKey::Kind::kDate ? scratch.dates : scratch.numbers;
+        rows.push_back({column.is_descending ? ~bits : bits, row});
       }
     }
   }
@@ -125,11 +141,12 @@ class Sorter {
     });
   }
 
-  std::size_t StoreNumbers(Scratch& scratch, std::size_t place) {
-    for (std::size_t i = 0; i < scratch.numbers.size(); ++i) {
-      order_[place++] = scratch.numbers[i].row;
-      const bool ends_run =
-          i + 1 == scratch.numbers.size() || scratch.numbers[i].bits != scratch.numbers[i + 1].bits;
+  std::size_t StoreNumbers(const std::vector<NumberedRow>& rows,
+                           Scratch& scratch,
+                           std::size_t place) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      order_[place++] = rows[i].row;
+      const bool ends_run = i + 1 == rows.size() || rows[i].bits != rows[i + 1].bits;
       if (ends_run) scratch.run_ends.push_back(place);
     }
     return place;
@@ -157,6 +174,9 @@ CellKey KeyOfText(std::string_view text) {
   if (trimmed.empty()) return {};
   if (const auto number = WholeNumber(trimmed)) {
     return {.kind = CellKey::Kind::kNumber, .number = *number, .text = {}};
+  }
+  if (const auto date = MonthFirstDate(trimmed)) {
+    return {.kind = CellKey::Kind::kDate, .number = *date, .text = {}};
   }
   return {.kind = CellKey::Kind::kText, .number = 0.0, .text = LowerCase(trimmed)};
 }

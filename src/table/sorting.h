@@ -1,9 +1,10 @@
 // The order in which the rows of a sheet are sorted.
 //
-// A cell that is a number as a whole (blanks around it dropped) sorts by its value; any other cell
-// sorts as text, case ignored, blanks around it dropped. Ascending: numbers, texts; descending:
-// texts, numbers. Empty cells, and cells of blanks alone, come last in both directions. Rows that
-// are equal in every key keep their order in both directions.
+// A cell that is a number as a whole (blanks around it dropped) sorts by its value; one that is a
+// date as a whole (month/day/year, the year of two or four digits) by its day; any other cell as
+// text, case ignored, blanks around it dropped. Ascending: numbers, dates, texts; descending:
+// texts, dates, numbers. Empty cells, and cells of blanks alone, come last in both directions. Rows
+// that are equal in every key keep their order in both directions.
 #pragma once
 
 #include <cstdint>
@@ -18,11 +19,11 @@ namespace vistaplot {
 
 /// What a cell sorts as.
 struct CellKey {
-  enum class Kind { kNumber, kText, kEmpty };
+  enum class Kind { kNumber, kDate, kText, kEmpty };
 
   Kind kind = Kind::kEmpty;
-  double number = 0.0;
-  std::string text;  ///< trimmed, letters folded
+  double number = 0.0;  ///< a date's serial
+  std::string text;     ///< trimmed, letters folded
 };
 
 CellKey KeyOfText(std::string_view text);

@@ -81,11 +81,36 @@ TEST(ZephyrineFile, EveryFieldStandsAtItsByte) {
 }
 
 TEST(ZephyrineFile, LengthTellsTheFormOfItsRecords) {
-  EXPECT_EQ(ZephyrineRecordSize(0), 119U);
-  EXPECT_EQ(ZephyrineRecordSize(238), 119U);
-  EXPECT_EQ(ZephyrineRecordSize(196), 98U);
-  EXPECT_EQ(ZephyrineRecordSize(1666), 119U) << "17 short ones are 14 long ones";
-  EXPECT_EQ(ZephyrineRecordSize(1), 98U);
+  struct Case {
+    std::size_t bytes;
+    std::size_t records;
+    const char* beta;  ///< of the first record
+  };
+  const Case cases[] = {{0, 0, ""},
+                        {1, 0, ""},
+                        {97, 0, ""},
+                        {98, 1, "  0.00"},
+                        {119, 1, "xxxxxx"},
+                        {196, 2, "  0.00"},
+                        {237, 2, "  0.00"},
+                        {238, 2, "xxxxxx"},
+                        {1666, 14, "xxxxxx"}};
+  for (const Case& c : cases) {
+    const Records records = ReadZephyrineRecords(std::string(c.bytes, 'x'));
+    EXPECT_EQ(records.starts.size(), c.records) << c.bytes;
+    if (c.records == 0) continue;
+    EXPECT_EQ(RecordField(records, records.starts[0], kZephyrineFields[14]), c.beta) << c.bytes;
+    EXPECT_EQ(RecordField(records, records.starts.back(), kZephyrineFields[13]), "xxxx");
+  }
+}
+
+TEST(ZephyrineFile, ShortRecordsFollowEachOtherEvery98Bytes) {
+  const std::string record = "1234" + std::string(86, '.') + "STRF\r\n  ";
+  const Records records = ReadZephyrineRecords(record + record + record.substr(0, 50));
+  ASSERT_EQ(records.starts, (std::vector<std::uint32_t>{0, 98}));
+  EXPECT_EQ(RecordField(records, 98, kZephyrineFields[0]), "1234");
+  EXPECT_EQ(RecordField(records, 98, kZephyrineFields[13]), "STRF");
+  EXPECT_EQ(RecordField(records, 0, kZephyrineFields[16]), "  0.00");
 }
 
 TEST(VornaxilFile, Line2TellsTheKind) {
@@ -118,6 +143,61 @@ TEST(VornaxilFile, EveryFieldStandsAtItsColumn) {
   std::string row;
   AppendVornaxilRow(row, kVornaxilApmFields, ReadTextRecord(apm, kVornaxilApmFields));
   EXPECT_EQ(row, std::string(apm) + "\r\n");
+}
+
+TEST(VornaxilFile, RowsBeginInLine8AndTheLastLineIsNone) {
+  const std::string head = "one\r\n     MA\n3\r4\r\n5\r\n6\r\n7\r\n";
+  struct Case {
+    std::string bytes;
+    const char* kind;                ///< null: none is told
+    std::vector<std::string> first;  ///< first fields of the rows
+  };
+  const Case cases[] = {{"", nullptr, {}},
+                        {"one\r\n     MA", nullptr, {}},
+                        {"one\r\n     MA\r\n", nullptr, {}},
+                        {"one\r\n     MA\r\n3", "SM ", {}},
+                        {"one\r\n     XX\r\n3", "APM", {}},
+                        {head, "SM ", {}},
+                        {head + "  r8", "SM ", {}},
+                        {head + "  r8\r\n", "SM ", {}},
+                        {head + "  r8\r\n  r9", "SM ", {"r8"}},
+                        {head + "  r8\r\n  r9\r\n", "SM ", {"r8"}},
+                        {head + "  r8\r\n\r\n", "SM ", {"r8"}},
+                        {head + "  r8\r\n\n  r10\r\n\r\n", "SM ", {"r8", "", "r10"}}};
+  for (const Case& c : cases) {
+    const VornaxilFile file = ReadVornaxilFile(c.bytes);
+    EXPECT_EQ(file.kind.value_or("none"), c.kind == nullptr ? "none" : c.kind) << c.bytes;
+    Texts first;
+    for (const std::uint32_t start : file.records.starts) {
+      first.emplace_back(RecordField(file.records, start, kVornaxilSmFields[0]));
+    }
+    EXPECT_EQ(first, c.first) << c.bytes;
+  }
+}
+
+TEST(KestrelixFile, TitleNamesAndRowsWithoutTheLastLine) {
+  struct Case {
+    const char* bytes;
+    const char* title;
+    std::vector<std::string> second;  ///< second fields of names and rows
+  };
+  const Case cases[] = {{"", "", {}},
+                        {" T\xFC ", " T\xC3\xBC ", {}},
+                        {"T\r\n", "T", {}},
+                        {"T\r\nskipped\r\n", "T", {}},
+                        {"T\nskipped\nabcnames", "T", {}},
+                        {"T\nskipped\nabc names \nlast", "T", {"names"}},
+                        {"T\r\r01  names\r012  1.50  3\rabc\r", "T", {"names", "1.50"}}};
+  for (const Case& c : cases) {
+    const KestrelixFile file = ReadKestrelixFile(c.bytes);
+    EXPECT_EQ(file.title, c.title) << c.bytes;
+    Texts second;
+    for (const std::uint32_t start : file.records.starts) {
+      second.emplace_back(RecordField(file.records, start, kKestrelixFields[1]));
+      EXPECT_EQ(RecordField(file.records, start, kKestrelixFields[8]), "") << "behind the line";
+    }
+    EXPECT_EQ(second, c.second) << c.bytes;
+  }
 }
 
 TEST(KestrelixFile, EveryFieldStandsAtItsColumn) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -22,8 +23,12 @@ Texts ColumnTexts(const Sheet& sheet, int col, int rows) {
 
 // Three records of six bytes, two fields each, and the beginning of a fourth.
 void ImportRecords(Sheet& sheet) {
-  const std::vector<RecordField> fields = {{.offset = 0, .width = 2}, {.offset = 2, .width = 4}};
-  sheet.SetRecordColumns(2, 6, "AA 1.5\xFC\xFC   7CC-2.0DD", fields);
+  static constexpr std::array<FixedField, 2> kFields = {{{"name", 0, 2}, {"value", 2, 4}}};
+  sheet.SetRecords(2,
+                   {.bytes = "AA 1.5\xFC\xFC   7CC-2.0DD",
+                    .starts = {0, 6, 12},
+                    .fields = kFields,
+                    .length = 6});
 }
 
 TEST(Sheet, CellsOutsideAreEmptyAndZero) {

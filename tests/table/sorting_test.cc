@@ -37,6 +37,27 @@ TEST(SortedOrder, PutsNumbersBeforeTextsAndEmptyCellsLast) {
             (Texts{"b", "A", "a", "12 days", "10", "1e1", " 9.5 ", "-0", "0", "-3", "", "  "}));
 }
 
+TEST(SortedOrder, DatesStandBetweenNumbersAndTextsByDay) {
+  const Texts texts = {"12/31/99",
+                       "1/2/2000",
+                       "x",
+                       "1999/12/30",
+                       "99",
+                       "02/30/99",
+                       "01/01/29",
+                       "1-1-90",
+                       "",
+                       "01/01/30"};
+  const Texts dates = {"01/01/30", "12/31/99", "1/2/2000", "01/01/29"};
+  Texts ascending = {"99"};
+  ascending.insert(ascending.end(), dates.begin(), dates.end());
+  for (const char* text : {"02/30/99", "1-1-90", "1999/12/30", "x", ""}) ascending.push_back(text);
+  EXPECT_EQ(Sorted(texts, false), ascending);
+  Texts descending(ascending.rbegin() + 1, ascending.rend());
+  descending.emplace_back("");
+  EXPECT_EQ(Sorted(texts, true), descending);
+}
+
 TEST(SortedOrder, LaterKeysOrderRowsThatAreEqualInTheFirst) {
   const Texts first = {"1", "x", "1.0", "", "X", "", "1"};
   const Texts second = {"b", "2", "c", "5", "1", "6", "a"};
