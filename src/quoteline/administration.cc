@@ -51,7 +51,7 @@ Result<bool> InitService(const std::string& directory) {
   std::vector<std::string_view> folders(kFamilyFolders.begin(), kFamilyFolders.end());
   folders.emplace_back("SIG");
   for (const std::string_view folder : folders) {
-    if (auto made = MakeFolders(JoinPath(directory, folder)); !made) return made.Error();
+    if (auto made = MakeFolders(ServicePath(directory, folder)); !made) return made.Error();
   }
   if (!FileExists(DatabasePath(directory))) {
     if (auto made = CreateStore(directory); !made) return made.Error();
@@ -95,7 +95,7 @@ Result<std::string> HistoryCsv(const std::string& directory, std::string_view sy
   std::string csv = "Day,Date,Price\n";
   for (int day = issue->first_day; day <= days; ++day) {
     csv += std::to_string(day) + "," + DateOfDay(service, day) + "," +
-           ExactText(prices[static_cast<std::size_t>(day)]) + "\n";
+           NumberText(prices[static_cast<std::size_t>(day)]) + "\n";
   }
   return csv;
 }

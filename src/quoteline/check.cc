@@ -163,7 +163,7 @@ class Checker {
   }
 
   void CheckFamilies(std::string_view folder) {
-    const auto names = ListFiles(JoinPath(directory_, folder), "*.FAM");
+    const auto names = ListFiles(ServicePath(directory_, folder), "*.FAM");
     if (!names) {
       Fault(folder, "the folder is missing; \"quoteline init\" makes it");
       return;
@@ -173,12 +173,17 @@ class Checker {
   }
 
   void CheckFamily(const std::string& name) {
-    const auto bytes = ReadWholeFile(JoinPath(directory_, name));
+    const auto bytes = ReadWholeFile(ServicePath(directory_, name));
     if (!bytes) {
       report_.faults.push_back(PlainText(bytes.Error()));
       return;
     }
     const std::string_view stem = UpToFirstDot(std::string_view(name).substr(name.rfind('/') + 1));
+    const auto same_name = FamilyFilesNamed(directory_, UpperCase(stem));
+    if (same_name.size() > 1 && !EqualsIgnoringCase(same_name.front(), name)) {
+      report_.notes.push_back(name + ": never loaded, as " + same_name.front() +
+                              " has the same name");
+    }
     if (stem.size() > kFamilyName.width) {
       Fault(name, "its name has more than 8 characters, so that it cannot be loaded");
     }

@@ -43,6 +43,9 @@ void AddSecondPrice(BadLines& bad_lines,
                     const DateLine& first,
                     const DateLine& second);
 
+/// A name as it is kept: UTF-8, where it is none from Windows-1252; control characters are blanks.
+std::string CleanName(std::string_view bytes);
+
 /// Notes a line with `fields` fields where the header has `columns`.
 void AddTooFewFields(BadLines& bad_lines,
                      std::uint32_t line,

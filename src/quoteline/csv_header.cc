@@ -14,9 +14,11 @@ namespace {
 constexpr std::string_view kDelimiters = ",;\t";
 constexpr std::array<std::string_view, 3> kPriceColumns = {"Close", "NAV", "Price"};
 constexpr std::string_view kAdjustedColumn = "Adj Close";
-// Columns of downloads that are no symbols: a file of these alone lacks the price it came for.
-constexpr std::array<std::string_view, 8> kForeignColumns = {
-    "Open", "High", "Low", "Volume", "Vol", "Value", "Units", "Split"};
+// What price files call their other columns: a file of these alone lacks the price it came for.
+constexpr std::array<std::string_view, 22> kOtherColumns = {
+    "Open",   "High",  "Low",   "Last", "Bid",   "Ask",   "Mid",    "Volume",
+    "Vol",    "Value", "Units", "Time", "Chg",   "Yield", "Change", "Settle",
+    "Trades", "OI",    "VWAP",  "Div",  "Split", "Factor"};
 
 bool LooksBinary(std::string_view bytes) {
   constexpr std::size_t kLookedAt = 1U << 16U;
@@ -27,13 +29,21 @@ bool LooksBinary(std::string_view bytes) {
   });
 }
 
+bool LooksLikeWebPage(std::string_view text) {
+  constexpr std::array<std::string_view, 8> kBeginnings = {
+      "<!doctype", "<!--", "<html", "<head", "<body", "<table", "<script", "<?xml"};
+  return std::any_of(kBeginnings.begin(), kBeginnings.end(), [text](std::string_view beginning) {
+    return StartsWithIgnoringCase(text, beginning);
+  });
+}
+
 std::string ForeignContent(std::string_view bytes) {
   if (TrimWhite(bytes).empty()) return "is empty, not a price file";
   if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
     return "is UTF-16 text, not a price file; save it as UTF-8 first";
   }
   if (LooksBinary(bytes)) return "is a binary file, not a price file";
-  if (TrimWhite(bytes).starts_with('<')) return "is a web page, not a price file";
+  if (LooksLikeWebPage(TrimWhite(bytes))) return "is a web page, not a price file";
   return {};
 }
 
@@ -67,22 +77,25 @@ std::size_t FindPriceColumn(const std::vector<std::string>& names, bool adjusted
   return CsvHeader::kNoColumn;
 }
 
-bool HasForeignColumn(const std::vector<std::string>& names) {
-  return std::any_of(kForeignColumns.begin(), kForeignColumns.end(), [&](std::string_view name) {
-    return FindColumn(names, name) != CsvHeader::kNoColumn;
+// True when a condition holds for the names of all columns but the date's.
+template <class Condition>
+bool AllOthers(const std::vector<std::string>& names, std::size_t date, Condition condition) {
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i != date && !condition(names[i])) return false;
+  }
+  return true;
+}
+
+bool IsOtherColumn(std::string_view name) {
+  return std::any_of(kOtherColumns.begin(), kOtherColumns.end(), [name](std::string_view other) {
+    return EqualsIgnoringCase(name, other);
   });
 }
 
-// An issue may be called NAV: among capital symbols alone such a column is one of them.
-bool IsWide(const std::vector<std::string>& names) {
-  constexpr std::size_t kFewest = 3;  // the date, and two issues
-  if (names.size() < kFewest || HasForeignColumn(names)) return false;
-  return std::all_of(names.begin(), names.end(), [](const std::string& name) {
-    return EqualsIgnoringCase(name, "Date") || SymbolFromText(name) == name;
-  });
-}
+constexpr const char* kNoPriceColumn = "has no price column (Close, NAV or Price) in its header";
 
 void ReadWideSymbols(const std::vector<std::string>& names, CsvHeader& header) {
+  header.form = CsvForm::kWide;
   for (std::size_t i = 0; i < names.size() && header.refusal.empty(); ++i) {
     if (i == header.date) {
       header.symbols.emplace_back();
@@ -90,7 +103,7 @@ void ReadWideSymbols(const std::vector<std::string>& names, CsvHeader& header) {
     }
     const auto symbol = SymbolFromText(names[i]);
     if (!symbol) {
-      header.refusal = "column " + ShownField(names[i]) +
+      header.refusal = "column " + ShownText(names[i]) +
                        " of its header is no symbol (1 to 5 letters, digits, $ ^ . -)";
     } else if (std::find(header.symbols.begin(), header.symbols.end(), *symbol) !=
                header.symbols.end()) {
@@ -101,18 +114,64 @@ void ReadWideSymbols(const std::vector<std::string>& names, CsvHeader& header) {
   }
 }
 
-// A header without a price column of its own: of a wide file, or of none.
-void ReadAsWide(const std::vector<std::string>& names, bool adjusted, CsvHeader& header) {
-  header.form = CsvForm::kWide;
-  if (adjusted) {
-    header.refusal = "has no column \"Adj Close\", which --adjusted takes";
-  } else if (FindColumn(names, kAdjustedColumn) != CsvHeader::kNoColumn) {
+// A header without a price column, of which nothing else is said: of a wide file, or of none.
+void ReadAsWide(const std::vector<std::string>& names, CsvHeader& header) {
+  const auto is_symbol = [](const std::string& name) { return SymbolFromText(name).has_value(); };
+  if (FindColumn(names, kAdjustedColumn) != CsvHeader::kNoColumn) {
     header.refusal = "has no price column but \"Adj Close\"; --adjusted takes that";
-  } else if (header.symbol != CsvHeader::kNoColumn || HasForeignColumn(names) || names.size() < 2) {
-    header.refusal = "has no price column (Close, NAV or Price) in its header";
+  } else if (header.symbol != CsvHeader::kNoColumn || names.size() < 2) {
+    header.refusal = kNoPriceColumn;
+  } else if (AllOthers(names, header.date, IsOtherColumn)) {
+    header.refusal = kNoPriceColumn;
+    if (AllOthers(names, header.date, is_symbol)) {
+      header.refusal += "; if its columns are symbols, say so with --wide";
+    }
   } else {
     ReadWideSymbols(names, header);
+    if (!header.refusal.empty()) header.refusal.insert(0, std::string(kNoPriceColumn) + ", and ");
   }
+}
+
+// With a price column: of one issue, or long.
+void ReadAsPrices(const std::vector<std::string>& names, bool one_issue, CsvHeader& header) {
+  if (header.symbol != CsvHeader::kNoColumn && !one_issue) {
+    header.form = CsvForm::kLong;
+    header.name = FindColumn(names, "Name");
+    return;
+  }
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const bool taken = i == header.date || i == header.price || i == header.symbol;
+    if (!taken && !names[i].empty()) header.left_out.push_back(names[i]);
+  }
+}
+
+void ReadForm(const std::vector<std::string>& names,
+              const PriceFileOptions& options,
+              CsvHeader& header) {
+  const bool one_issue = !options.symbol.empty();
+  header.symbol = FindColumn(names, "Symbol");
+  header.price = FindPriceColumn(names, options.adjusted);
+  if (options.wide) {
+    ReadWideSymbols(names, header);
+  } else if (header.price != CsvHeader::kNoColumn) {
+    ReadAsPrices(names, one_issue, header);
+  } else if (options.adjusted) {
+    header.refusal = "has no column \"Adj Close\", which --adjusted takes";
+  } else if (one_issue) {
+    header.refusal = kNoPriceColumn;
+  } else {
+    ReadAsWide(names, header);
+  }
+}
+
+// The names of the header line's columns; those that spreadsheets leave empty behind the last one
+// are none.
+std::vector<std::string> ColumnNames(std::string_view line, char delimiter) {
+  std::vector<std::string> names;
+  CsvCursor cursor(line, delimiter);
+  while (!cursor.AtLineEnd()) names.emplace_back(cursor.NextField());
+  while (!names.empty() && names.back().empty()) names.pop_back();
+  return names;
 }
 
 }  // namespace
@@ -127,7 +186,7 @@ std::size_t SkipPreamble(std::string_view& bytes, std::optional<char>& delimiter
     if (line.size() == kSeparator.size() + 1 &&
         EqualsIgnoringCase(line.substr(0, kSeparator.size()), kSeparator)) {
       delimiter = line.back();
-    } else if (!TrimWhite(line).empty()) {
+    } else if (line.find_first_not_of(" \t,;") != std::string_view::npos) {
       return lines;
     }
     bytes.remove_prefix(end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1));
@@ -135,31 +194,21 @@ std::size_t SkipPreamble(std::string_view& bytes, std::optional<char>& delimiter
   }
 }
 
-CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted, std::optional<char> delimiter) {
+CsvHeader ReadCsvHeader(std::string_view bytes,
+                        const PriceFileOptions& options,
+                        std::optional<char> delimiter) {
   CsvHeader header;
   header.refusal = ForeignContent(bytes);
   if (!header.refusal.empty()) return header;
   const std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
   header.delimiter = delimiter.value_or(DelimiterOf(line));
-  std::vector<std::string> names;
-  CsvCursor cursor(line, header.delimiter);
-  while (!cursor.AtLineEnd()) names.emplace_back(cursor.NextField());
-  // Spreadsheets leave delimiters behind the last column.
-  while (!names.empty() && names.back().empty()) names.pop_back();
+  const std::vector<std::string> names = ColumnNames(line, header.delimiter);
   header.columns = names.size();
   header.date = FindColumn(names, "Date");
   if (header.date == CsvHeader::kNoColumn) {
     header.refusal = "is not a price file: its first line names no column \"Date\"";
-    return header;
-  }
-  header.symbol = FindColumn(names, "Symbol");
-  header.price = FindPriceColumn(names, adjusted);
-  const bool wide = header.symbol == CsvHeader::kNoColumn && !adjusted && IsWide(names);
-  if (header.price == CsvHeader::kNoColumn || wide) {
-    ReadAsWide(names, adjusted, header);
-  } else if (header.symbol != CsvHeader::kNoColumn) {
-    header.form = CsvForm::kLong;
-    header.name = FindColumn(names, "Name");
+  } else {
+    ReadForm(names, options, header);
   }
   return header;
 }

@@ -21,19 +21,26 @@ struct CsvHeader {
   char delimiter = ',';
   std::size_t columns = 0;
   std::size_t date = kNoColumn;
-  std::size_t price = kNoColumn;     ///< one issue and long
-  std::size_t symbol = kNoColumn;    ///< long
-  std::size_t name = kNoColumn;      ///< long; may lack
-  std::vector<std::string> symbols;  ///< wide: one a column, empty for the date's
+  std::size_t price = kNoColumn;      ///< one issue and long
+  std::size_t symbol = kNoColumn;     ///< long; of one issue: may be there, with one symbol
+  std::size_t name = kNoColumn;       ///< long; may lack
+  std::vector<std::string> symbols;   ///< wide: one a column, empty for the date's
+  std::vector<std::string> left_out;  ///< one issue: the names of the other columns
 };
 
-/// Takes what stands ahead of a header off `bytes`: blank lines, and the line "sep=;" by which
-/// spreadsheets name the delimiter. Returns how many lines these were.
+/// Takes what stands ahead of a header off `bytes`: lines of blanks and delimiters alone, and the
+/// line "sep=;" by which spreadsheets name the delimiter. Returns how many lines these were.
 std::size_t SkipPreamble(std::string_view& bytes, std::optional<char>& delimiter);
 
 /// Reads the first line of `bytes`, which carry no byte-order mark any more; without a `delimiter`
 /// it is the one that stands most often. Bytes that are no text with a header of the three forms
 /// give a refusal that says what they are.
-CsvHeader ReadCsvHeader(std::string_view bytes, bool adjusted, std::optional<char> delimiter);
+///
+/// A price column makes it a file of one issue, or with a column "Symbol" a long one. Without one
+/// it is wide when all other columns are symbols and not all of them are what price files call
+/// their columns. options.wide and options.symbol (one issue) say outright what it is.
+CsvHeader ReadCsvHeader(std::string_view bytes,
+                        const PriceFileOptions& options,
+                        std::optional<char> delimiter);
 
 }  // namespace vistaplot

@@ -40,6 +40,13 @@ std::optional<CivilDate> MonthFirstDate(std::string_view text) {
                    .day = Digits(text.substr(first + 1, second - first - 1))};
 }
 
+// A day of the calendar, of any year.
+std::optional<CivilDate> WrittenDate(std::string_view text) {
+  auto date = IsoDate(text);
+  if (!date) date = MonthFirstDate(text);
+  return date && IsValidDate(*date) ? date : std::nullopt;
+}
+
 }  // namespace
 
 std::string_view CsvCursor::NextField() {
@@ -86,7 +93,7 @@ void CsvCursor::NextLine() {
 void CsvCursor::SkipEmptyLines() {
   while (at_ != end_) {
     const char* place = at_;
-    while (place != end_ && *place == ' ') ++place;
+    while (place != end_ && (*place == ' ' || *place == delimiter_)) ++place;
     if (place != end_ && !IsLineEnd(*place)) return;
     at_ = place;
     if (place == end_) return;
@@ -95,23 +102,22 @@ void CsvCursor::SkipEmptyLines() {
 }
 
 std::optional<DateSerial> PriceDate(std::string_view text) {
-  auto date = IsoDate(text);
-  if (!date) date = MonthFirstDate(text);
-  if (!date || date->year < kFirstYear || !IsValidDate(*date)) return std::nullopt;
+  const auto date = WrittenDate(text);
+  if (!date || date->year < kFirstYear) return std::nullopt;
   return SerialFromDate(*date);
 }
 
-std::string ShownField(std::string_view field) {
-  constexpr std::size_t kShown = 30;
-  std::string text = "\"";
-  text += LeftCharacters(field, kShown);
-  if (text.size() <= field.size()) text += "...";
-  std::replace_if(
-      text.begin(),
-      text.end(),
-      [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; },
-      '?');
-  return text + "\"";
+std::string DateFault(std::string_view text) {
+  if (TrimWhite(text).empty()) return "the date is missing";
+  const char* fault = WrittenDate(text) ? " lies before 1900, where dates begin"
+                                        : " is not a date (YYYY-MM-DD or M/D/YYYY)";
+  return ShownText(text) + fault;
+}
+
+std::string_view WithoutEndMark(std::string_view bytes) {
+  constexpr char kEndMark = 26;
+  const std::size_t last = bytes.find_last_not_of(kEndMark);
+  return bytes.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
 }  // namespace vistaplot

@@ -32,7 +32,7 @@ class CsvCursor {
   /// Goes on to the next line.
   void NextLine();
 
-  /// Passes over empty lines (blanks alone).
+  /// Passes over empty lines: those of blanks and delimiters alone, as spreadsheets leave them.
   void SkipEmptyLines();
 
   // For readers of their own: the place of the next field, the bytes left, and the way past a
@@ -66,7 +66,10 @@ class CsvCursor {
 /// A date written YYYY-MM-DD or M/D/YYYY, from 1 January 1900 on.
 std::optional<DateSerial> PriceDate(std::string_view text);
 
-/// A field as a message shows it: quoted, cut when long, without control characters.
-std::string ShownField(std::string_view field);
+/// What keeps PriceDate from taking `text`, for a message.
+std::string DateFault(std::string_view text);
+
+/// `bytes` without the Ctrl-Z (26) that older programs put behind a text's end.
+std::string_view WithoutEndMark(std::string_view bytes);
 
 }  // namespace vistaplot

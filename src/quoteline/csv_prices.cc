@@ -16,37 +16,11 @@ namespace vistaplot {
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kKeptBadLines = 1000;
 
 std::string FileName(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
-// Where a sequence of UTF-8 at the beginning of `text` ends; 0 when it is none.
-std::size_t SequenceLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text[0]);
-  const std::size_t length = lead < 0x80 ? 1 : lead >> 5U == 6 ? 2 : lead >> 4U == 14 ? 3 : 4;
-  if ((length == 4 && lead >> 3U != 30) || text.size() < length) return 0;
-  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80; };
-  const auto rest = text.substr(1, length - 1);
-  return std::all_of(rest.begin(), rest.end(), continues) ? length : 0;
-}
-
-// Names come in UTF-8 or, where that cannot be, in Windows-1252; control characters become blanks.
-std::string CleanName(std::string_view bytes) {
-  std::string_view rest = bytes;
-  for (std::size_t length = 1; !rest.empty() && length > 0; rest.remove_prefix(length)) {
-    length = SequenceLength(rest);
-  }
-  std::string name = rest.empty() ? std::string(bytes) : Utf8FromWindows1252(bytes);
-  std::replace_if(
-      name.begin(),
-      name.end(),
-      [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; },
-      ' ');
-  return std::string(TrimBlanks(name));
 }
 
 // The issue of a file that holds one.
@@ -55,7 +29,7 @@ void AddOnlyIssue(const PriceFileOptions& options, PriceFile& file) {
   const std::string_view stem = UpToFirstDot(file_name);
   const auto symbol = SymbolFromText(options.symbol.empty() ? stem : options.symbol);
   if (!symbol) {
-    file.refusal = ShownField(options.symbol.empty() ? stem : std::string_view(options.symbol)) +
+    file.refusal = ShownText(options.symbol.empty() ? stem : std::string_view(options.symbol)) +
                    " is no symbol (1 to 5 letters, digits, $ ^ . -); name one with --symbol";
     return;
   }
@@ -76,6 +50,8 @@ class Parser {
     file_.path = path;
     file_.refusal = "is empty, not a price file";
   }
+
+  bool IsRefused() const { return next_line_ == 0; }
 
   void TakeLines(std::string_view lines, double share) {
     const bool first = reader_ == nullptr && next_line_ == 1;
@@ -99,16 +75,17 @@ class Parser {
  private:
   // Reads the header; without a refusal a reader stands ready.
   void Begin(std::string_view& lines) {
-    if (lines.starts_with(kByteOrderMark)) lines.remove_prefix(kByteOrderMark.size());
+    lines = WithoutByteOrderMark(lines);
     std::optional<char> delimiter;
     next_line_ = 1 + static_cast<std::uint32_t>(SkipPreamble(lines, delimiter));
-    header_ = ReadCsvHeader(lines, options_.adjusted, delimiter);
+    header_ = ReadCsvHeader(lines, options_, delimiter);
     file_.refusal = header_.refusal;
-    const bool named = !options_.symbol.empty() || !options_.name.empty();
-    if (file_.refusal.empty() && header_.form != CsvForm::kOneIssue && named) {
-      file_.refusal = "holds several issues; --symbol and --name are for a file of one";
+    const bool one_issue = header_.form == CsvForm::kOneIssue;
+    if (file_.refusal.empty() && !one_issue && !options_.name.empty()) {
+      file_.refusal = "holds several issues; --name is for a file of one";
     }
-    if (file_.refusal.empty() && header_.form == CsvForm::kOneIssue) AddOnlyIssue(options_, file_);
+    if (file_.refusal.empty() && one_issue) AddOnlyIssue(options_, file_);
+    for (const std::string& name : header_.left_out) file_.left_out.push_back(CleanName(name));
     if (!file_.refusal.empty()) {
       next_line_ = 0;
       return;
@@ -125,6 +102,16 @@ class Parser {
 };
 
 }  // namespace
+
+std::string CleanName(std::string_view bytes) {
+  std::string name = IsUtf8(bytes) ? std::string(bytes) : Utf8FromWindows1252(bytes);
+  std::replace_if(
+      name.begin(),
+      name.end(),
+      [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; },
+      ' ');
+  return std::string(TrimBlanks(name));
+}
 
 void BadLines::Add(std::uint32_t line, std::string text) {
   // A wide line may be noted for several issues; it is one bad line all the same.
@@ -172,6 +159,7 @@ PriceFile ParsePriceFile(const std::string& path,
                          std::string_view bytes,
                          const PriceFileOptions& options) {
   Parser parser(path, options);
+  bytes = WithoutEndMark(bytes);
   if (!bytes.empty()) parser.TakeLines(bytes, 1.0);
   return parser.Finish();
 }
@@ -181,7 +169,7 @@ Result<PriceFile> ReadPriceFile(const std::string& path, const PriceFileOptions&
   if (!opened) return opened.Error();
   LineBlocks& blocks = opened.Value();
   Parser parser(path, options);
-  while (blocks.Next()) parser.TakeLines(blocks.Lines(), blocks.Share());
+  while (!parser.IsRefused() && blocks.Next()) parser.TakeLines(blocks.Lines(), blocks.Share());
   if (auto read = blocks.Outcome(); !read) return read.Error();
   return parser.Finish();
 }

@@ -15,9 +15,13 @@ namespace vistaplot {
 
 struct PriceFileOptions {
   bool adjusted = false;  ///< take the column "Adj Close"
-  std::string symbol;     ///< of a file that holds one issue; empty: from the file's name
-  std::string name;       ///< its name; may be empty
+  bool wide = false;      ///< every column but the date's is an issue, whatever it is called
+  std::string symbol;     ///< of a file that holds one issue, which it then is; empty: its name
+  std::string name;       ///< of that issue; may be empty
 };
+
+/// Characters of an issue's name, at most, wherever it comes from.
+inline constexpr std::size_t kLongestName = 80;
 
 struct DateLine {
   DateSerial date = 0;
@@ -56,10 +60,13 @@ struct PriceFile {
   /// Ascending dates without repetition. The issues of a wide file share one list.
   std::vector<std::vector<DateLine>> date_lists;
   std::vector<PriceSeries> series;  ///< in the order of the file; symbols without repetition
+  /// Columns of a file of one issue that nothing was taken from, ready to be shown.
+  std::vector<std::string> left_out;
 };
 
 /// Reads a price file. Prices are rounded to the nearest float. With a refusal or bad lines the
-/// series may be incomplete: such a file is not to be stored. Fails when it cannot be read at all.
+/// series may be incomplete: such a file is not to be stored. Fails when it cannot be read at all,
+/// is a device, or is beyond all measure (quoteline/line_blocks.h).
 Result<PriceFile> ReadPriceFile(const std::string& path, const PriceFileOptions& options);
 
 /// The same of bytes in memory; `path` gives the name in messages and the symbol.

@@ -62,22 +62,22 @@ class RowReader : public LineReader {
   bool ReadField(std::string_view field, std::size_t column) {
     if (column == header_.date) return ReadDate(field);
     if (column == header_.price) return ReadPrice(field);
-    if (header_.form != CsvForm::kLong) return true;
-    if (column == header_.symbol) return ReadSymbol(field);
-    if (column == header_.name) line_.name = field;
-    return true;
+    if (column == header_.symbol) {
+      return header_.form == CsvForm::kLong ? ReadSymbol(field) : IsOnlySymbol(field);
+    }
+    return column != header_.name || ReadName(field);
   }
 
   bool ReadDate(std::string_view field) {
     const auto date = PriceDate(field);
-    if (!date) return Refuse(ShownField(field) + " is not a date (YYYY-MM-DD or M/D/YYYY)");
+    if (!date) return Refuse(DateFault(field));
     line_.date = *date;
     return true;
   }
 
   bool ReadPrice(std::string_view field) {
     const auto price = PriceFromText(field);
-    if (!price) return Refuse(ShownField(field) + " is not a price above 0");
+    if (!price) return Refuse(PriceFault(field));
     line_.price = *price;
     return true;
   }
@@ -87,7 +87,7 @@ class RowReader : public LineReader {
     if (!file_.series.empty() && field == line_.symbol) return true;
     const auto symbol = SymbolFromText(field);
     if (!symbol) {
-      return Refuse(ShownField(field) + " is no symbol (1 to 5 letters, digits, $ ^ . -)");
+      return Refuse(ShownText(field) + " is no symbol (1 to 5 letters, digits, $ ^ . -)");
     }
     const auto [found, is_new] = places_.try_emplace(*symbol, file_.series.size());
     if (is_new) {
@@ -97,6 +97,25 @@ class RowReader : public LineReader {
     }
     current_ = found->second;
     line_.symbol = field;
+    return true;
+  }
+
+  // A file that is said to be of one issue may name it in a column, but no second one.
+  bool IsOnlySymbol(std::string_view field) {
+    if (line_.symbol.empty()) line_.symbol = field;
+    if (EqualsIgnoringCase(field, line_.symbol)) return true;
+    return Refuse("a second issue, " + ShownText(field) +
+                  ", in a file that --symbol says holds one");
+  }
+
+  bool ReadName(std::string_view field) {
+    if (field == line_.name) return true;
+    const std::size_t length = CharacterCount(CleanName(field));
+    if (length > kLongestName) {
+      return Refuse("the name has " + std::to_string(length) + " characters; " +
+                    std::to_string(kLongestName) + " are the most");
+    }
+    line_.name = field;
     return true;
   }
 

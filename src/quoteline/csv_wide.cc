@@ -82,7 +82,7 @@ class WideReader : public LineReader {
   bool ReadDate() {
     const std::string_view field = cursor_->NextField();
     const auto date = PriceDate(field);
-    if (!date) return Refuse(ShownField(field) + " is not a date (YYYY-MM-DD or M/D/YYYY)");
+    if (!date) return Refuse(DateFault(field));
     date_ = *date;
     return true;
   }
@@ -106,9 +106,7 @@ class WideReader : public LineReader {
     cell = 0.0F;
     if (field.empty()) return true;
     const auto price = PriceFromText(field);
-    if (!price) {
-      return Refuse(header_.symbols[column] + ": " + ShownField(field) + " is not a price above 0");
-    }
+    if (!price) return Refuse(header_.symbols[column] + ": " + PriceFault(field));
     cell = *price;
     has_price_ = true;
     return true;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/host_path.h"
 #include "base/text.h"
 #include "quoteline/quoteline.h"
 #include "quoteline/service.h"
@@ -69,6 +70,20 @@ std::optional<std::string_view> FamilyFolder(std::string_view text) {
   return *found;
 }
 
+std::string ServicePath(const std::string& service_directory, std::string_view below) {
+  return PathIgnoringCase(service_directory, below);
+}
+
+std::vector<std::string> FamilyFilesNamed(const std::string& service_directory,
+                                          std::string_view name) {
+  std::vector<std::string> files;
+  for (const std::string_view folder : {"QLDEF", "USERDEF", "QL4WIN/SQLDEF"}) {
+    std::string file = JoinPath(folder, std::string(name) + ".FAM");
+    if (FileExists(ServicePath(service_directory, file))) files.push_back(std::move(file));
+  }
+  return files;
+}
+
 Result<std::string> WriteFamily(const std::string& service_directory,
                                 std::string_view folder,
                                 Family family) {
@@ -82,9 +97,8 @@ Result<std::string> WriteFamily(const std::string& service_directory,
   if (auto checked = CheckSymbols(service_directory, family); !checked) return checked.Error();
   const auto bytes = FamilyFileBytes(header, family.symbols);
   if (!bytes) return Refusal("a family holds at most 32767 symbols", header.name);
-  const std::string target_folder = JoinPath(service_directory, *known);
-  if (auto made = MakeFolders(target_folder); !made) return made.Error();
-  const std::string path = JoinPath(target_folder, header.name + ".FAM");
+  if (auto made = MakeFolders(ServicePath(service_directory, *known)); !made) return made.Error();
+  const std::string path = ServicePath(service_directory, JoinPath(*known, header.name + ".FAM"));
   if (auto written = WriteFileAtomically(path, bytes.Value()); !written) return written.Error();
   return path;
 }

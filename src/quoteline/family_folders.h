@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/result.h"
 #include "formats/family_file.h"
@@ -17,6 +18,15 @@ inline constexpr std::array<std::string_view, 3> kFamilyFolders = {
 
 /// FOLDER as one of kFamilyFolders ("\" counts as "/", case ignored); nothing for another one.
 std::optional<std::string_view> FamilyFolder(std::string_view text);
+
+/// The path of "QLDEF" or "USERDEF/MINE.FAM" below the service directory: as it is there in
+/// whatever case, else as written.
+std::string ServicePath(const std::string& service_directory, std::string_view below);
+
+/// The family files called `name`, each as "FOLDER/NAME.FAM", in the order in which a family is
+/// searched for: the first is loaded, the others never are.
+std::vector<std::string> FamilyFilesNamed(const std::string& service_directory,
+                                          std::string_view name);
 
 /// Checks name (1 to 8 characters), title (72 at most) and symbols and writes FOLDER/NAME.FAM, in
 /// upper case, below the service directory; an older family of that name is replaced. Symbols must

@@ -1,5 +1,8 @@
 // A file's bytes in blocks of whole lines. A block of a megabyte that is used again and again stays
 // in the processor's cache, which a file read as a whole does not.
+//
+// What cannot be a file of prices is refused: a device (a terminal may be typed at), more than 2
+// GiB, a line of more than 16 MiB. A Ctrl-Z behind the last line does not count.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +15,7 @@ namespace vistaplot {
 
 class LineBlocks {
  public:
-  /// Errors as the host's: 53, 70, 75, 76.
+  /// Errors as the host's: 53, 70, 75, 76; 75 also for what is refused.
   static Result<LineBlocks> Open(const std::string& path);
 
   LineBlocks(LineBlocks&& other) noexcept;
@@ -42,8 +45,10 @@ class LineBlocks {
   std::string buffer_;
   std::size_t lines_ = 0;   // bytes of the block's whole lines
   std::size_t filled_ = 0;  // bytes read into the buffer
+  std::size_t taken_ = 0;   // bytes read in all
   bool at_end_ = false;
-  int failure_ = 0;  // errno
+  int failure_ = 0;      // errno
+  std::string refusal_;  // why this is read no further
 };
 
 }  // namespace vistaplot

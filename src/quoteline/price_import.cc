@@ -50,6 +50,16 @@ class Batch {
     }
   }
 
+  void NoteLeftOut() {
+    for (const PriceFile& file : files_) {
+      if (file.left_out.empty() || file.series.size() != 1) continue;
+      auto& names = report_.left_out[file.series[0].symbol];
+      for (const std::string& name : file.left_out) {
+        if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+      }
+    }
+  }
+
   void ReportBadLines() {
     std::size_t count = 0;
     for (const PriceFile& file : files_) {
@@ -146,6 +156,7 @@ ImportReport ImportPrices(const ImportRequest& request) {
   batch.CompareFiles();
   batch.ReportBadLines();
   if (!report.faults.empty()) return report;
+  batch.NoteLeftOut();
   const Status stored = Store(database.Value(), batch, request, report);
   if (!stored) {
     report.changes.clear();

@@ -1,6 +1,7 @@
 // The import of price files into a service directory.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ struct ImportReport {
   std::vector<std::string> faults;
   std::vector<std::string> notes;    ///< what the user should know all the same
   std::vector<IssueChange> changes;  ///< one an issue, ascending by symbol
+  /// By symbol: the columns that nothing was taken from, of files of one issue that had some.
+  std::map<std::string, std::vector<std::string>> left_out;
 };
 
 /// All files or none, in one transaction.

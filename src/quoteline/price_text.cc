@@ -1,6 +1,9 @@
 #include "quoteline/price_text.h"
 
+#include <algorithm>
 #include <cmath>
+#include <span>
+#include <string>
 
 #include "base/number_text.h"
 #include "base/text.h"
@@ -39,6 +42,31 @@ std::optional<Decimal> PlainDecimal(std::string_view text) {
   return decimal;
 }
 
+bool IsAmong(std::string_view text, std::span<const std::string_view> list) {
+  return std::any_of(list.begin(), list.end(), [text](std::string_view entry) {
+    return EqualsIgnoringCase(text, entry);
+  });
+}
+
+// `text` without what writers put between groups of digits.
+std::string WithoutGrouping(std::string_view text) {
+  std::string plain(text);
+  for (const std::string_view mark : {",", " ", "'", "\xC2\xA0", "\xE2\x80\xAF"}) {
+    for (std::size_t at = 0; (at = plain.find(mark)) != std::string::npos;) {
+      plain.erase(at, mark.size());
+    }
+  }
+  return plain;
+}
+
+bool HasCurrencySign(std::string_view text) {
+  constexpr std::array<std::string_view, 5> kSigns = {
+      "$", "\xE2\x82\xAC", "\xC2\xA3", "\xC2\xA5", "\x80"};
+  return std::any_of(kSigns.begin(), kSigns.end(), [text](std::string_view sign) {
+    return text.starts_with(sign) || text.ends_with(sign);
+  });
+}
+
 std::optional<float> AsPrice(double value) {
   const auto price = static_cast<float>(value);
   if (!(price > 0.0F) || !std::isfinite(price)) return std::nullopt;
@@ -55,6 +83,29 @@ std::optional<float> PriceFromText(std::string_view text) {
   }
   const auto number = WholeNumber(text);
   return number ? AsPrice(*number) : std::nullopt;
+}
+
+std::string PriceFault(std::string_view text) {
+  constexpr std::array<std::string_view, 10> kNoPrices = {
+      "null", "none", "nan", "n/a", "#n/a", "na", "nil", "-", "--", "inf"};
+  constexpr std::size_t kLongestNumber = 60;
+  text = TrimWhite(text);
+  if (text.empty()) return "the price is missing";
+  const std::string shown = ShownText(text);
+  if (IsAmong(text, kNoPrices)) return shown + " is no price; leave out what has none";
+  if (const auto number = WholeNumber(text); number && *number > 0.0) {
+    return shown + " is beyond what a price can be";
+  }
+  if (HasCurrencySign(text)) return shown + " has a currency sign; a price is digits and a point";
+  if (text.ends_with('%')) return shown + " has a percent sign; a price is digits and a point";
+  const std::string plain = text.size() > kLongestNumber ? "" : WithoutGrouping(text);
+  if (plain.size() != text.size() && WholeNumber(plain)) {
+    // "1,234" may be either; only a point as well tells that commas group.
+    const bool grouped = text.find('.') != std::string_view::npos;
+    return grouped ? shown + " groups its digits; a price is written " + plain
+                   : shown + " has a comma or blank; a price is digits and a decimal point";
+  }
+  return shown + " is not a price above 0";
 }
 
 }  // namespace vistaplot

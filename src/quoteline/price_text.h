@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vistaplot {
@@ -18,6 +19,9 @@ namespace vistaplot {
 /// significant digits and 12 decimals, where rounding to double on the way cannot produce a value
 /// half-way between two floats that the text is not. Longer texts may be off by that rounding.
 std::optional<float> PriceFromText(std::string_view text);
+
+/// What keeps PriceFromText from taking `text`, for a message: a comma, a currency sign, a word...
+std::string PriceFault(std::string_view text);
 
 /// 10^0 to 10^10, all exact in single precision (5^10 has 24 bits).
 inline constexpr std::array<float, 11> kExactPowersOfTen = {

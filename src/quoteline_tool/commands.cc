@@ -1,10 +1,12 @@
 #include "quoteline_tool/commands.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
 
 #include "base/date.h"
 #include "base/result.h"
+#include "base/text.h"
 #include "quoteline/administration.h"
 #include "quoteline/check.h"
 #include "quoteline/family_folders.h"
@@ -55,6 +57,22 @@ std::string ChangeLine(const IssueChange& change) {
          DateText(change.last_date, DatePattern::kIso);
 }
 
+// "; left out: HD, LOW", for an issue whose file had columns that nothing was taken from.
+std::string LeftOutText(const ImportReport& report, const std::string& symbol) {
+  constexpr std::size_t kShown = 12;
+  constexpr std::size_t kLongestShown = 30;
+  const auto found = report.left_out.find(symbol);
+  if (found == report.left_out.end()) return {};
+  const std::vector<std::string>& names = found->second;
+  std::string text = "; left out: ";
+  for (std::size_t i = 0; i < std::min(names.size(), kShown); ++i) {
+    if (i > 0) text += ", ";
+    text += LeftCharacters(names[i], kLongestShown);
+  }
+  if (names.size() > kShown) text += " and " + std::to_string(names.size() - kShown) + " more";
+  return text;
+}
+
 }  // namespace
 
 int RunInit(const std::string& directory) {
@@ -70,7 +88,9 @@ int RunImport(const ImportRequest& request) {
   for (const std::string& note : report.notes) PrintFault(note);
   for (const std::string& fault : report.faults) PrintFault(fault);
   if (!report.faults.empty()) return Complain("nothing was stored");
-  for (const IssueChange& change : report.changes) PrintLine(ChangeLine(change));
+  for (const IssueChange& change : report.changes) {
+    PrintLine(ChangeLine(change) + LeftOutText(report, change.symbol));
+  }
   if (request.dry_run) PrintLine("a dry run: nothing was stored");
   return Finish();
 }
@@ -82,6 +102,11 @@ int RunFamily(const std::string& directory, const FamilyArguments& arguments) {
       {.header = {.name = arguments.name, .title = arguments.title}, .symbols = arguments.symbols});
   if (!written) return Complain(written.Error());
   PrintLine(written.Value() + ": " + Counted(arguments.symbols.size(), "symbol"));
+  const auto same_name = FamilyFilesNamed(directory, UpperCase(arguments.name));
+  for (std::size_t i = 1; i < same_name.size(); ++i) {
+    PrintFault("note: " + same_name[i] + ": never loaded, as " + same_name[0] +
+               " has the same name");
+  }
   return Finish();
 }
 

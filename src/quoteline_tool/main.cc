@@ -1,6 +1,5 @@
 // quoteline: makes, fills and checks the database of the market-data service.
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <exception>
@@ -8,6 +7,7 @@
 #include <string>
 
 #include "base/heap.h"
+#include "base/text.h"
 #include "base/user_folders.h"
 #include "base/version.h"
 #include "quoteline_tool/commands.h"
@@ -31,13 +31,6 @@ struct Arguments {
   std::function<int()> run;
 };
 
-constexpr std::ptrdiff_t kLongestName = 80;
-
-/// In UTF-8 every byte but the first of a character has the upper bits 10.
-bool BeginsCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-}
-
 void AddImport(CLI::App& app, Arguments& arguments) {
   ImportRequest& import = arguments.import;
   CLI::App* command = app.add_subcommand(
@@ -46,13 +39,17 @@ void AddImport(CLI::App& app, Arguments& arguments) {
       "--adjusted", import.options.adjusted, "Take the column \"Adj Close\" instead of \"Close\"");
   command->add_flag("--replace", import.replace, "Drop the old histories of these issues first");
   command->add_flag("--dry-run", import.dry_run, "Say what would happen and store nothing");
-  command->add_option(
-      "--symbol", import.options.symbol, "The symbol of a single file of one issue");
+  CLI::Option* wide = command->add_flag(
+      "--wide", import.options.wide, "Every column but Date is an issue, whatever it is called");
+  wide->excludes(command->get_option("--adjusted"));
+  command->add_option("--symbol", import.options.symbol, "The symbol of a single file of one issue")
+      ->excludes(wide);
   command->add_option("--name", import.options.name, "Its name, at most 80 characters")
       ->check([](const std::string& name) {
-        const auto length = std::count_if(name.begin(), name.end(), BeginsCharacter);
-        return length <= kLongestName ? std::string()
-                                      : std::to_string(length) + " characters are more than 80";
+        const std::size_t length = vistaplot::CharacterCount(name);
+        return length <= vistaplot::kLongestName
+                   ? std::string()
+                   : std::to_string(length) + " characters are more than 80";
       });
   command->add_option("FILE", import.files, "Price files")->required();
   command->callback([&arguments] {

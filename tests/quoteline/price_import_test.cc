@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -95,12 +97,94 @@ TEST(PriceImport, TellsTheFormsApartByTheirHeader) {
   }
 }
 
-TEST(PriceImport, AnIssueMayBeCalledLikeAPrice) {
+// What a header makes of a line "2000-01-03,1,2,3": the issues, or the refusal; then what the one
+// issue left out.
+struct HeaderCase {
+  const char* header;
+  Lines told;
+  Lines left_out;
+};
+
+TEST(PriceImport, APriceColumnInAnyCaseMakesAFileOfOneIssue) {
+  const std::string none = "F.csv: has no price column (Close, NAV or Price) in its header";
+  const HeaderCase cases[] = {
+      {"Date,NAV,POP,CHG", {"F 1 0"}, {"POP", "CHG"}},
+      {"DATE,PRICE,YIELD,CLOSE", {"F 1 0"}, {"PRICE", "YIELD"}},
+      {"Date,HD,LOW,NAV", {"F 1 0"}, {"HD", "LOW"}},
+      {"Date,HD,LOW,WMT", {"HD 1 0", "LOW 1 0", "WMT 1 0"}, {}},
+      {"Date,High,Low,Yield", {none + "; if its columns are symbols, say so with --wide"}, {}},
+      {"Date,High,Low,Volume", {none}, {}},
+      {"Date,High,Low,Open Int",
+       {none + ", and column \"Open Int\" of its header is no symbol (1 to 5 letters, digits, "
+               "$ ^ . -)"},
+       {}},
+  };
+  for (const HeaderCase& one : cases) {
+    SCOPED_TRACE(one.header);
+    QuotelineWorld world;
+    const ImportReport report =
+        world.Import("F.csv", std::string(one.header) + "\n2000-01-03,1,2,3\n");
+    EXPECT_EQ(Told(report, world), one.told);
+    EXPECT_EQ(report.left_out.contains("F") ? report.left_out.at("F") : Lines{}, one.left_out);
+  }
+}
+
+TEST(PriceImport, WhatAFileIsCanBeSaidOutright) {
+  const std::string text = "Date,AAA,NAV\n2000-01-03,1,2\n";
+  ImportRequest wide;
+  wide.options.wide = true;
   QuotelineWorld world;
-  const ImportReport wide = world.Import("w.csv", "Date,AAA,NAV\n2000-01-03,1,2\n");
-  EXPECT_EQ(Told(wide, world), (Lines{"AAA 1 0", "NAV 1 0"}));
-  const ImportReport one = world.Import("ONE.csv", "DATE,OPEN,CLOSE,VOLUME\n2000-01-03,1,2,3\n");
-  EXPECT_EQ(Told(one, world), Lines{"ONE 1 0"});
+  EXPECT_EQ(Told(world.Import("w.csv", text, wide), world), (Lines{"AAA 1 0", "NAV 1 0"}));
+  ImportRequest one;
+  one.options.symbol = "S";
+  EXPECT_EQ(Told(world.Import("w.csv", text, one), world), Lines{"S 1 0"});
+  EXPECT_EQ(world.Prices("S"), "1,2000-01-03,2\n");
+  EXPECT_EQ(Told(world.Import("w.csv", "Date,AAA,BBB\n2000-01-03,1,2\n", one), world),
+            Lines{"w.csv: has no price column (Close, NAV or Price) in its header"});
+  const std::string two = "Symbol,Date,NAV\nA,2000-01-04,1\na,2000-01-05,2\nB,2000-01-06,3\n";
+  EXPECT_EQ(Told(world.Import("l.csv", two, one), world),
+            Lines{"l.csv:4: a second issue, \"B\", in a file that --symbol says holds one"});
+}
+
+TEST(PriceImport, WhatSpreadsheetsAndOldProgramsLeaveBehindIsNoFault) {
+  QuotelineWorld world;
+  const ImportReport rows =
+      world.Import("A.csv", ";;\nDate;Close;X\n2000-01-03;1;2\n;;\n ; ;\n\x1A\x1A");
+  EXPECT_EQ(Told(rows, world), Lines{"A 1 0"});
+  const ImportReport wide = world.Import("w.csv", "Date,B,C\n,,\n2000-01-03,1,2\x1A");
+  EXPECT_EQ(Told(wide, world), (Lines{"B 1 0", "C 1 0"}));
+}
+
+TEST(PriceImport, NamesHaveOneLimit) {
+  QuotelineWorld world;
+  const std::string longest = "Z\xFC" + std::string(78, 'x');  // 80 characters
+  const ImportReport kept =
+      world.Import("l.csv", "Symbol,Date,NAV,Name\nA,2000-01-03,1," + longest + "\n");
+  EXPECT_EQ(Told(kept, world), Lines{"A 1 0"});
+  const ImportReport refused =
+      world.Import("l.csv", "Symbol,Date,NAV,Name\nA,2000-01-03,1," + longest + "y\n");
+  EXPECT_EQ(Told(refused, world), Lines{"l.csv:2: the name has 81 characters; 80 are the most"});
+}
+
+TEST(PriceImport, ShowsPricesAsPlainNumbersOfSevenDigits) {
+  QuotelineWorld world;
+  world.Import("A.csv", "Date,NAV\n2000-01-03,300000\n2000-01-04,16777216\n2000-01-05,0.00001\n");
+  EXPECT_EQ(world.Prices("A"),
+            "1,2000-01-03,300000\n2,2000-01-04,16777220\n3,2000-01-05,0.00001\n");
+}
+
+TEST(PriceImport, WhatCanBeNoPriceFileIsRefusedAtOnce) {
+  QuotelineWorld world;
+  const std::string large = world.files.Write("large.csv", "Date,Close\n");
+  const std::string line = world.files.Write("line.csv", "Date,Close\n");
+  std::filesystem::resize_file(large, (std::uintmax_t{2} << 30U) + 1);
+  std::filesystem::resize_file(line, std::uintmax_t{40} << 20U);
+  EXPECT_EQ(Told(world.ImportFiles({"/dev/zero", "/dev/null", large}), world),
+            (Lines{"/dev/zero: is a device, not a price file",
+                   "/dev/null: is a device, not a price file",
+                   "large.csv: is larger than 2 GiB; a price file of that size is to be split"}));
+  EXPECT_EQ(Told(world.ImportFiles({line}), world),
+            Lines{"line.csv: is not a price file: a line of it is longer than 16 MiB"});
 }
 
 TEST(PriceImport, KeepsNamesOfBothEncodings) {
@@ -155,6 +239,9 @@ TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
       {"A.csv", "", {"A.csv: is empty, not a price file"}},
       {"A.csv", "\r\n \n", {"A.csv: is empty, not a price file"}},
       {"A.csv", std::string("PK\3\4\0\0", 6), {"A.csv: is a binary file, not a price file"}},
+      {"A.csv",
+       "<TICKER>,<DATE>,<CLOSE>\nA,20000103,1\n",
+       {"A.csv: is not a price file: its first line names no column \"Date\""}},
       {"A.csv", "\xFF\xFE", {"A.csv: is UTF-16 text, not a price file; save it as UTF-8 first"}},
       {"A.csv", "\n<!DOCTYPE html>", {"A.csv: is a web page, not a price file"}},
       {"A.csv",
@@ -170,7 +257,9 @@ TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
       {"A.csv", "Date,X,x\n2000-01-03,1,1", {"A.csv: symbol X stands twice in its header"}},
       {"A.csv",
        "Date,TOOBIG\n",
-       {"A.csv: column \"TOOBIG\" of its header is no symbol (1 to 5 letters, digits, $ ^ . -)"}},
+       {"A.csv: has no price column (Close, NAV or Price) in its header, and column \"TOOBIG\" of "
+        "its "
+        "header is no symbol (1 to 5 letters, digits, $ ^ . -)"}},
       {"prices.csv",
        "Date,Close\n2000-01-03,1\n",
        {"prices.csv: \"prices\" is no symbol (1 to 5 letters, digits, $ ^ . -); name one with "
@@ -183,8 +272,8 @@ TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
         "A.csv:4: more fields than the header names",
         "A.csv:5: too few fields (2 of 3)",
         "A.csv:6: \"12/31/99\" is not a date (YYYY-MM-DD or M/D/YYYY)",
-        "A.csv:7: \"\" is not a date (YYYY-MM-DD or M/D/YYYY)",
-        "A.csv:8: \"1e39\" is not a price above 0",
+        "A.csv:7: the date is missing",
+        "A.csv:8: \"1e39\" is beyond what a price can be",
         "A.csv:10: A has another price on 2000-01-07 in line 9"}},
       {"A.csv",
        "Date,Close\n2000-01-03,\"1\n2000-01-04,\"12\"3\n2000-01-05,\"4\" \n2000-01-06,1,234.50\n",
@@ -196,7 +285,7 @@ TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
        "B,2000-01-04,\n",
        {"l.csv:4: A has another price on 2000-01-03 in line 2",
         "l.csv:5: \"B#\" is no symbol (1 to 5 letters, digits, $ ^ . -)",
-        "l.csv:6: \"\" is not a price above 0"}},
+        "l.csv:6: the price is missing"}},
       {"w.csv",
        "Date,A,B\n2000-01-03,1,2\n2000-01-04,-1,x\n2000-01-05,1\n2000-01-03,1,3\n"
        "2000-01-06,1,2,3\n2000-01-07,\"1,5\",2\n",
@@ -204,7 +293,17 @@ TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
         "w.csv:4: too few fields (2 of 3)",
         "w.csv:5: B has another price on 2000-01-03 in line 2",
         "w.csv:6: more fields than the header names",
-        "w.csv:7: A: \"1,5\" is not a price above 0"}},
+        "w.csv:7: A: \"1,5\" has a comma or blank; a price is digits and a decimal point"}},
+      {"A.csv",
+       "Date;Close\n12/29/1899;1\n1899-02-29;1\n2000-01-03;3,257.85\n2000-01-04;$12.5\n"
+       "2000-01-05;12,34\n2000-01-06;null\n2000-01-07;5%\n",
+       {"A.csv:2: \"12/29/1899\" lies before 1900, where dates begin",
+        "A.csv:3: \"1899-02-29\" is not a date (YYYY-MM-DD or M/D/YYYY)",
+        "A.csv:4: \"3,257.85\" groups its digits; a price is written 3257.85",
+        "A.csv:5: \"$12.5\" has a currency sign; a price is digits and a point",
+        "A.csv:6: \"12,34\" has a comma or blank; a price is digits and a decimal point",
+        "A.csv:7: \"null\" is no price; leave out what has none",
+        "A.csv:8: \"5%\" has a percent sign; a price is digits and a point"}},
   };
   for (const Refused& refused : cases) {
     SCOPED_TRACE(refused.text);

@@ -3,8 +3,11 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <vector>
 
+#include "base/files.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {
@@ -24,7 +27,7 @@ class Tool : public testing::Test {
       arguments.replace(at, 6, files_.Path() + "/");
     }
     const std::string command = std::string(QUOTELINE_PROGRAM) + " --dir " +
-                                files_.Path("service") + " " + arguments + " >" +
+                                files_.Path(directory_) + " " + arguments + " >" +
                                 files_.Path("out") + " 2>" + files_.Path("errors");
     const int result = std::system(command.c_str());
     return {WEXITSTATUS(result), Plain("out"), Plain("errors")};
@@ -40,6 +43,7 @@ class Tool : public testing::Test {
   }
 
   test::TemporaryFolder files_;
+  std::string directory_ = "service";
 };
 
 TEST_F(Tool, WrongUsageIsStatus2AndSaysWhatIsWrong) {
@@ -53,6 +57,8 @@ TEST_F(Tool, WrongUsageIsStatus2AndSaysWhatIsWrong) {
                                "family QLDEF NAME",
                                "list --no-such-option",
                                "import --symbol A FILES/a.csv FILES/b.csv",
+                               "import --symbol A --wide FILES/a.csv",
+                               "import --adjusted --wide FILES/a.csv",
                                "init check"};
   for (const char* call : calls) {
     const Finished run = Call(call);
@@ -77,7 +83,8 @@ TEST_F(Tool, FaultsAreStatus1) {
   };
   const Case cases[] = {
       {"import FILES/BAD.csv",
-       "BAD.csv:2: \"none\" is not a price above 0\nquoteline: nothing was stored\n"},
+       "BAD.csv:2: \"none\" is no price; leave out what has none\n"
+       "quoteline: nothing was stored\n"},
       {"import FILES/missing.csv", "missing.csv: File not found\nquoteline: nothing was stored\n"},
       {"prices A", "quoteline: A: no such issue\n"},
       {"remove A", "quoteline: A: no such issue in the database; nothing was removed\n"},
@@ -120,6 +127,48 @@ TEST_F(Tool, ALifeOfAServiceDirectory) {
             "1 fault in 2 issues, 1 market day, 0 FNU series, 1 family\n");
   EXPECT_EQ(Call("rebuild").out, "symbol index of 2 issues rebuilt\n");
   EXPECT_EQ(Call("demo").status, 1);
+}
+
+TEST_F(Tool, TheSummaryLineNamesTheColumnsLeftOut) {
+  ASSERT_EQ(Call("init").status, 0);
+  files_.Write("A.csv", "Date,HD,LOW,NAV\n2000-01-03,1,2,3\n");
+  EXPECT_EQ(Call("import FILES/A.csv").out,
+            "A: 1 new, 0 changed, 2000-01-03 to 2000-01-03; left out: HD, LOW\n");
+  EXPECT_EQ(Call("import --wide FILES/A.csv").out,
+            "HD: 1 new, 0 changed, 2000-01-03 to 2000-01-03\n"
+            "LOW: 1 new, 0 changed, 2000-01-03 to 2000-01-03\n"
+            "NAV: 1 new, 0 changed, 2000-01-03 to 2000-01-03\n");
+}
+
+TEST_F(Tool, FoldersAndFamiliesAreFoundInAnyCase) {
+  for (const char* folder : {"qldef", "Ql4Win/sqldef", "userdef", "sig"}) {
+    files_.MakeFolder(std::string("service/") + folder);
+  }
+  ASSERT_EQ(Call("init").status, 0);
+  files_.Write("A.csv", "Date,NAV\n2000-01-03,1\n");
+  ASSERT_EQ(Call("import FILES/A.csv").status, 0);
+  files_.Write("service/userdef/mine.fam", "old");
+  EXPECT_EQ(Call("family USERDEF Mine T A").out, "service/userdef/mine.fam: 1 symbol\n");
+  EXPECT_EQ(ListFolders(files_.Path("service")).Value(),
+            (std::vector<std::string>{"Ql4Win", "qldef", "sig", "userdef"}));
+  EXPECT_EQ(ListFiles(files_.Path("service/userdef"), "*").Value().size(), 1U);
+  EXPECT_EQ(Call("check").out, "no fault in 1 issue, 1 market day, 0 FNU series, 1 family\n");
+  const Finished second = Call("family QLDEF mine T A");
+  EXPECT_EQ(second.status, 0);
+  EXPECT_EQ(second.errors,
+            "note: USERDEF/MINE.FAM: never loaded, as QLDEF/MINE.FAM has the same name\n");
+  EXPECT_EQ(Call("check").out,
+            "note: USERDEF/mine.fam: never loaded, as QLDEF/MINE.FAM has the same name\n"
+            "no fault in 1 issue, 1 market day, 0 FNU series, 2 families\n");
+}
+
+TEST_F(Tool, TheWayThroughALinkIsTheSystems) {
+  files_.MakeFolder("real/deep");
+  std::filesystem::create_directory_symlink("real/deep", files_.Path("link"));
+  directory_ = "link/../ql";
+  ASSERT_EQ(Call("init").status, 0);
+  EXPECT_TRUE(FolderExists(files_.Path("real/ql/USERDEF")));
+  EXPECT_EQ(Call("list").errors, "");
 }
 
 }  // namespace
