@@ -96,11 +96,11 @@ int main(int argc, char** argv) {
     std::cerr << "vistaplot: " << parsed.error << "\n";
     return kRunWrongUse;
   }
-  const Options& options = parsed.options;
-  if (options.help || options.version) {
-    std::cout << (options.help ? std::string(HelpText()) : VersionText());
+  if (!parsed.text.empty()) {
+    std::cout << parsed.text;
     return kRunDone;
   }
+  const Options& options = parsed.options;
   ToolkitModule toolkit;
   const BatchStreams streams{.in = std::cin, .out = std::cout, .err = std::cerr};
   if (options.batch_script) return RunBatch(options, ExporterOf(toolkit), streams);

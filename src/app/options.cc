@@ -1,35 +1,24 @@
 #include "app/options.h"
 
-#include <array>
+#include <CLI/CLI.hpp>
 #include <cstddef>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "base/files.h"
 #include "base/number_text.h"
+#include "base/text.h"
 #include "base/version.h"
 
 namespace vistaplot {
 
 namespace {
 
-constexpr std::string_view kHelp =
-    "Usage: vistaplot [--quoteline DIR] [--settings FILE] [--display WxH]\n"
-    "                 [--batch SCRIPT | --script FILE]\n"
-    "\n"
-    "  --quoteline DIR   directory of the market-data service\n"
-    "                    (else $QUOTELINE_DIR, else $XDG_DATA_HOME/quoteline)\n"
-    "  --settings FILE   settings file (else $XDG_CONFIG_HOME/vistaplot/settings.ini)\n"
-    "  --display WxH     display size in pixels that the screens scale to\n"
-    "                    (else the real display; 1280x960 with --batch)\n"
-    "  --batch SCRIPT    run a script without a window; - is standard input\n"
-    "  --script FILE     play a script in the visible program, which stays open\n"
-    "  --help            show this text\n"
-    "  --version         show the version\n"
-    "\n"
-    "Exit status of --batch: 0 the script ran to its end, 1 a script error, 2 wrong use,\n"
-    "3 the program ended itself after a fatal error.\n";
+constexpr const char* kFooter =
+    "\nExit status of --batch: 0 the script ran to its end, 1 a script error, 2 wrong use,\n"
+    "3 the program ended itself after a fatal error.";
 
 std::optional<int> Pixels(std::string_view text) {
   for (const char c : text) {
@@ -49,52 +38,56 @@ std::optional<PixelSize> SizeFromText(std::string_view text) {
   return PixelSize{*width, *height};
 }
 
-// Takes the value of option `name`; gives what is wrong with it, or nothing.
-std::string TakeValue(Options& options, std::string_view name, const std::string& value) {
-  if (value.empty()) return std::string(name) + " needs a value";
-  if (name == "--quoteline") options.quoteline_dir = value;
-  if (name == "--settings") options.settings_file = value;
-  if (name == "--batch") options.batch_script = value;
-  if (name == "--script") options.window_script = value;
-  if (name == "--display") {
-    options.display = SizeFromText(value);
-    if (!options.display) {
-      return "--display: \"" + value + "\" is no size in pixels such as 1280x960";
-    }
-  }
-  return {};
+// What is wrong with a value, for the reader of the command line; empty when nothing is.
+std::string ValueFault(const std::string& value) {
+  return value.empty() || value.starts_with("--") ? "a value is needed" : "";
 }
 
-struct Argument {
-  std::string_view name;
-  std::optional<std::string_view> value;  ///< the part behind "="
-};
-
-Argument SplitArgument(std::string_view text) {
-  const std::size_t equals = text.find('=');
-  if (!text.starts_with("--") || equals == std::string_view::npos) return {text, std::nullopt};
-  return {text.substr(0, equals), text.substr(equals + 1)};
+std::string SizeFault(const std::string& value) {
+  if (SizeFromText(value)) return {};
+  return ShownText(value) + " is no size in pixels such as 1280x960";
 }
 
-bool TakesValue(std::string_view name) {
-  constexpr std::array<std::string_view, 5> kNames{
-      "--quoteline", "--settings", "--display", "--batch", "--script"};
-  for (const std::string_view known : kNames) {
-    if (name == known) return true;
-  }
-  return false;
+template <class Target>
+CLI::Option* AddValue(
+    CLI::App& app, const char* name, const char* type, Target& target, const char* help) {
+  return app.add_option(name, target, help)->type_name(type)->take_last()->check(ValueFault);
 }
 
-// Takes an option without a value; gives what is wrong with it, or nothing.
-std::string TakeFlag(Options& options, const Argument& argument) {
-  const std::string name(argument.name);
-  if (name != "--help" && name != "-h" && name != "--version") {
-    return name.starts_with('-') ? "unknown option " + name
-                                 : "unexpected argument \"" + name + "\"";
-  }
-  if (argument.value) return name + " takes no value";
-  (name == "--version" ? options.version : options.help) = true;
-  return {};
+// `display` holds the text of --display.
+void Declare(CLI::App& app, Options& options, std::string& display) {
+  AddValue(app,
+           "--quoteline",
+           "DIR",
+           options.quoteline_dir,
+           "Directory of the market-data service (else $QUOTELINE_DIR, else quoteline in "
+           "$XDG_DATA_HOME)");
+  AddValue(app,
+           "--settings",
+           "FILE",
+           options.settings_file,
+           "Settings file (else vistaplot/settings.ini in $XDG_CONFIG_HOME)");
+  AddValue(app,
+           "--display",
+           "WxH",
+           display,
+           "Display size in pixels that the screens scale to (else the real display; 1280x960 "
+           "with --batch)")
+      ->check(SizeFault);
+  CLI::Option* batch = AddValue(app,
+                                "--batch",
+                                "SCRIPT",
+                                options.batch_script,
+                                "Run a script without a window; - is standard input");
+  AddValue(app,
+           "--script",
+           "FILE",
+           options.window_script,
+           "Play a script in the visible program, which stays open")
+      ->excludes(batch);
+  app.set_version_flag(
+      "--version", std::string("Vistaplot ") + kVersion, "Show the version and leave");
+  app.footer(kFooter);
 }
 
 void FillDefaults(Options& options, const EnvironmentLookup& environment) {
@@ -110,31 +103,22 @@ void FillDefaults(Options& options, const EnvironmentLookup& environment) {
 ParsedOptions ParseOptions(std::span<const char* const> arguments,
                            const EnvironmentLookup& environment) {
   ParsedOptions parsed;
-  for (std::size_t i = 0; i < arguments.size() && parsed.error.empty(); ++i) {
-    Argument argument = SplitArgument(arguments[i]);
-    if (!TakesValue(argument.name)) {
-      parsed.error = TakeFlag(parsed.options, argument);
-      continue;
-    }
-    const bool follows =
-        i + 1 < arguments.size() && !std::string_view(arguments[i + 1]).starts_with("--");
-    if (!argument.value && follows) argument.value = arguments[++i];
-    parsed.error =
-        TakeValue(parsed.options, argument.name, std::string(argument.value.value_or("")));
+  std::string display;
+  CLI::App app("Charts and analyses daily price histories.", "vistaplot");
+  Declare(app, parsed.options, display);
+  try {
+    app.parse(
+        std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // takes from the back
+  } catch (const CLI::CallForHelp&) {
+    parsed.text = app.help();
+  } catch (const CLI::CallForVersion& version) {
+    parsed.text = std::string(version.what()) + "\n";
+  } catch (const CLI::ParseError& error) {
+    parsed.error = error.what();
   }
-  if (parsed.Ok() && parsed.options.batch_script && parsed.options.window_script) {
-    parsed.error = "--batch and --script do not go together";
-  }
-  if (parsed.Ok()) FillDefaults(parsed.options, environment);
+  if (!display.empty()) parsed.options.display = SizeFromText(display);
+  FillDefaults(parsed.options, environment);
   return parsed;
-}
-
-std::string_view HelpText() {
-  return kHelp;
-}
-
-std::string VersionText() {
-  return std::string("Vistaplot ") + kVersion + "\n";
 }
 
 std::string FatalEndText(const Options& options) {

@@ -27,14 +27,13 @@ struct Options {
   std::optional<PixelSize> display;  ///< what the screens scale to; nothing: the real display
   std::optional<std::string> batch_script;   ///< a host path, or "-" for standard input
   std::optional<std::string> window_script;  ///< a host path: played in the visible program
-  bool help = false;                         ///< show HelpText and end
-  bool version = false;                      ///< show VersionText and end
 };
 
 /// What the arguments gave, or why they are wrong use (exit status 2).
 struct ParsedOptions {
   Options options;
-  std::string error;  ///< one sentence for the user; empty when all is well
+  std::string error;  ///< for the user; empty when all is well
+  std::string text;   ///< what --help or --version asks to be shown before the end; else empty
 
   bool Ok() const { return error.empty(); }
 };
@@ -43,9 +42,6 @@ struct ParsedOptions {
 /// of a name counts. Options that are absent take their defaults from base/user_folders.h.
 ParsedOptions ParseOptions(std::span<const char* const> arguments,
                            const EnvironmentLookup& environment = ProcessEnvironment());
-
-std::string_view HelpText();  ///< lines, each with its end of line
-std::string VersionText();    ///< "Vistaplot 3.4.1" and an end of line
 
 /// What a run says on standard error when a fatal error ended it, with an end of line.
 std::string FatalEndText(const Options& options);

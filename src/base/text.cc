@@ -244,15 +244,24 @@ std::string Windows1252FromUtf8(std::string_view text) {
   return bytes;
 }
 
+std::string OneLine(std::string_view text, std::size_t most) {
+  // Bytes that only continue characters would be cut nowhere.
+  constexpr std::size_t kLongestCharacter = 4;
+  std::string_view head = text.substr(0, kLongestCharacter * (most + 1));
+  head = LeftCharacters(head, most);
+  std::string line(head);
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return Byte(c) < ' ' || c == 127; }, '?');
+  if (head.size() < text.size()) line += "...";
+  return line;
+}
+
 std::string ShownText(std::string_view text) {
   constexpr std::size_t kShown = 30;
-  // Bytes that continue no character would be cut nowhere.
-  const std::string_view head = LeftCharacters(text.substr(0, 4 * kShown + 4), kShown);
-  std::string shown(head);
-  std::replace_if(
-      shown.begin(), shown.end(), [](char c) { return Byte(c) < ' ' || c == 127; }, '?');
-  shown.insert(0, 1, '"');
-  return shown + (head.size() < text.size() ? "...\"" : "\"");
+  std::string shown = "\"";
+  shown.append(OneLine(text, kShown));
+  shown += '"';
+  return shown;
 }
 
 std::string JsonQuoted(std::string_view text) {

@@ -48,8 +48,11 @@ bool IsUtf8(std::string_view text);
 std::string Utf8FromWindows1252(std::string_view bytes);
 std::string Windows1252FromUtf8(std::string_view text);
 
-/// `text` as a one-line message shows it: in double quotes, cut to 30 characters and "..." when it
-/// is longer, control characters as "?".
+/// `text` as part of a message of one line: control characters as "?", cut to `most` characters
+/// and "..." when it is longer.
+std::string OneLine(std::string_view text, std::size_t most = 1000);
+
+/// The same of 30 characters, in double quotes.
 std::string ShownText(std::string_view text);
 
 /// `text` as the inside and the quotes of a JSON string. Bytes that are no UTF-8 are read as

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "base/csv.h"
@@ -51,22 +52,20 @@ void CompareRow(const Sheet& sheet,
   }
 }
 
-std::string Shown(const JsonValue& value) {
-  switch (value.kind) {
-    case JsonValue::Kind::kNull:
-      return "null";
-    case JsonValue::Kind::kBool:
-      return value.truth ? "true" : "false";
-    case JsonValue::Kind::kNumber:
-      return ExactText(value.number);
-    case JsonValue::Kind::kText:
-      return Quoted(value.text);
-    case JsonValue::Kind::kArray:
-      return "a list of " + std::to_string(value.items.size());
-    case JsonValue::Kind::kObject:
-      break;
-  }
-  return "an object";
+// Members stay in the order of the text, so that differences are told in it.
+using Json = nlohmann::ordered_json;
+
+// One kind for all numbers, whatever the reader makes of them.
+Json::value_t KindOf(const Json& value) {
+  return value.is_number() ? Json::value_t::number_float : value.type();
+}
+
+std::string Shown(const Json& value) {
+  if (value.is_number()) return ExactText(value.get<double>());
+  if (value.is_string()) return Quoted(value.get_ref<const std::string&>());
+  if (value.is_array()) return "a list of " + std::to_string(value.size());
+  if (value.is_object()) return "an object";
+  return value.dump();
 }
 
 class JsonComparison {
@@ -75,21 +74,13 @@ class JsonComparison {
       : tolerance_(tolerance), differences_(differences) {}
 
   // Equal values cost no text: `path_` grows and shrinks in place.
-  void Compare(const JsonValue& expected, const JsonValue& found) {
-    if (expected.kind != found.kind) return Differ(Shown(expected), Shown(found));
-    switch (expected.kind) {
-      case JsonValue::Kind::kNull:
-        return;
-      case JsonValue::Kind::kArray:
-        return CompareItems(expected, found);
-      case JsonValue::Kind::kObject:
-        return CompareMembers(expected, found);
-      default:
-        break;
-    }
-    const bool same = expected.kind == JsonValue::Kind::kNumber
-                          ? Near(expected.number, found.number, tolerance_)
-                          : expected.truth == found.truth && expected.text == found.text;
+  void Compare(const Json& expected, const Json& found) {
+    if (KindOf(expected) != KindOf(found)) return Differ(Shown(expected), Shown(found));
+    if (expected.is_array()) return CompareItems(expected, found);
+    if (expected.is_object()) return CompareMembers(expected, found);
+    const bool same = expected.is_number()
+                          ? Near(expected.get<double>(), found.get<double>(), tolerance_)
+                          : expected == found;
     if (!same) Differ(Shown(expected), Shown(found));
   }
 
@@ -99,33 +90,32 @@ class JsonComparison {
                      found + " found");
   }
 
-  void CompareItems(const JsonValue& expected, const JsonValue& found) {
-    if (expected.items.size() != found.items.size()) Differ(Shown(expected), Shown(found));
+  void CompareItems(const Json& expected, const Json& found) {
+    if (expected.size() != found.size()) Differ(Shown(expected), Shown(found));
     const std::size_t length = path_.size();
-    const std::size_t count = std::min(expected.items.size(), found.items.size());
+    const std::size_t count = std::min(expected.size(), found.size());
     for (std::size_t i = 0; i < count; ++i) {
       path_ += '[' + std::to_string(i + 1) + ']';
-      Compare(expected.items[i], found.items[i]);
+      Compare(expected[i], found[i]);
       path_.resize(length);
     }
   }
 
-  void CompareMembers(const JsonValue& expected, const JsonValue& found) {
+  void CompareMembers(const Json& expected, const Json& found) {
     const std::size_t length = path_.size();
     const auto enter = [this, length](const std::string& key) {
       path_ += (length == 0 ? "" : ".") + key;
     };
-    for (std::size_t i = 0; i < expected.keys.size(); ++i) {
-      enter(expected.keys[i]);
-      const JsonValue* other = found.Find(expected.keys[i]);
-      other == nullptr ? Differ(Shown(expected.items[i]), "nothing")
-                       : Compare(expected.items[i], *other);
+    for (const auto& [key, value] : expected.items()) {
+      enter(key);
+      const auto other = found.find(key);
+      other == found.end() ? Differ(Shown(value), "nothing") : Compare(value, *other);
       path_.resize(length);
     }
-    for (std::size_t i = 0; i < found.keys.size(); ++i) {
-      if (expected.Find(found.keys[i]) != nullptr) continue;
-      enter(found.keys[i]);
-      Differ("nothing", Shown(found.items[i]));
+    for (const auto& [key, value] : found.items()) {
+      if (expected.contains(key)) continue;
+      enter(key);
+      Differ("nothing", Shown(value));
       path_.resize(length);
     }
   }
@@ -134,6 +124,16 @@ class JsonComparison {
   Differences& differences_;
   std::string path_;  ///< e.g. "data[12][3]", items counting from 1
 };
+
+// The reader's words, "[json.exception.parse_error.101] parse error at line 1, column 7: ...; last
+// read: ...", without what comes ahead of the place and without the bytes it read last.
+std::string JsonFault(std::string_view text) {
+  for (const std::string_view ahead : {"] ", "parse error at "}) {
+    const std::size_t place = text.find(ahead);
+    if (place != std::string_view::npos) text.remove_prefix(place + ahead.size());
+  }
+  return std::string(text.substr(0, text.find("; last read: ")));
+}
 
 }  // namespace
 
@@ -158,10 +158,17 @@ Differences CompareSheet(const Sheet& sheet, std::string_view csv, double tolera
   return differences;
 }
 
-Differences CompareJson(const JsonValue& expected, const JsonValue& found, double tolerance) {
-  Differences differences;
-  JsonComparison(tolerance, differences).Compare(expected, found);
-  return differences;
+Result<Differences> CompareJson(std::string_view expected,
+                                std::string_view found,
+                                double tolerance) {
+  try {
+    Differences differences;
+    JsonComparison(tolerance, differences).Compare(Json::parse(expected), Json::parse(found));
+    return differences;
+  } catch (const Json::exception& failure) {
+    return RuntimeError{
+        .number = kErrorTypeMismatch, .description = JsonFault(failure.what()), .subject = {}};
+  }
 }
 
 }  // namespace vistaplot

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "batch/json_reader.h"
+#include "base/result.h"
 #include "table/sheet.h"
 
 namespace vistaplot {
@@ -25,7 +25,10 @@ struct Differences {
 /// compare as numbers: |a - b| <= tolerance x the larger of |a|, |b|.
 Differences CompareSheet(const Sheet& sheet, std::string_view csv, double tolerance);
 
-/// Compares two JSON values, members by key, items in order.
-Differences CompareJson(const JsonValue& expected, const JsonValue& found, double tolerance);
+/// Compares two JSON texts, members by key, items in order. The error says where one of them is no
+/// JSON ("line 1, column 7: ...").
+Result<Differences> CompareJson(std::string_view expected,
+                                std::string_view found,
+                                double tolerance);
 
 }  // namespace vistaplot

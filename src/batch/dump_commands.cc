@@ -67,7 +67,7 @@ void RequireNone(ScriptWorld& world, const std::string& what, const Differences&
   if (differences.count == 0) return;
   world.out.flush();
   for (const std::string& difference : differences.told) {
-    world.err << what << ", " << difference << '\n';
+    world.err << OneLine(what + ", " + difference) << '\n';
   }
   throw ScriptError(what + " differs in " + std::to_string(differences.count) +
                     (differences.count == 1 ? " place" : " places"));
@@ -82,10 +82,9 @@ void ExpectSheet(ScriptWorld& world, ScriptWords words) {
 void ExpectChart(ScriptWorld& world, ScriptWords words) {
   const ChartBox& chart = ChartFromWord(world, words[1]);
   const double tolerance = ToleranceFromWords(words.subspan(3));
-  const ParsedJson expected = ParseJson(ReadDump(words[2]));
-  if (!expected.Ok()) throw ScriptError(words[2] + " is no dump: " + expected.error);
-  const ParsedJson found = ParseJson(DumpOfChart(chart));
-  RequireNone(world, "chart " + words[1], CompareJson(expected.value, found.value, tolerance));
+  const auto differences = CompareJson(ReadDump(words[2]), DumpOfChart(chart), tolerance);
+  if (!differences) throw ScriptError(words[2] + " is no dump: " + PlainText(differences.Error()));
+  RequireNone(world, "chart " + words[1], differences.Value());
 }
 
 // A chart's own size on the display.

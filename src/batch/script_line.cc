@@ -86,6 +86,8 @@ int NumberFromWord(std::string_view word, std::string_view what, int least, int 
 }
 
 std::string DidYouMean(std::string_view word, std::span<const std::string> names) {
+  constexpr std::size_t kLongestName = 64;
+  if (word.size() > kLongestName) return {};
   const int near = std::min(2, static_cast<int>(word.size() / 3));
   constexpr int kMost = 3;
   std::string list;

@@ -130,7 +130,7 @@ void ScriptRunner::RunModal(Form& form) {
 
 int ScriptRunner::Report(const std::string& text, int line) {
   world_.out.flush();
-  world_.err << script_name_ << ':' << line << ": " << text << '\n';
+  world_.err << script_name_ << ':' << line << ": " << OneLine(text) << '\n';
   world_.err.flush();
   return kRunScriptError;
 }

@@ -26,7 +26,7 @@ void ShowDateOfDay(TextBox& date_box, TextBox& day_box, const MarketCalendar& ca
   }
   const double typed = LeadingNumber(day_box.Text());
   const int day = RoundHalfEven(std::clamp(typed, 1.0, static_cast<double>(calendar.MaxNumDays)));
-  if (day != typed) day_box.SetText(std::to_string(day));
+  if (day_box.Text() != std::to_string(day)) day_box.SetText(std::to_string(day));
   date_box.SetText(DateText(calendar.DateOf(day), DatePattern::kMonthDayLongYear));
 }
 

@@ -8,6 +8,7 @@
 #include "base/date.h"
 #include "base/number_text.h"
 #include "forms/date_boxes.h"
+#include "marketdata/date_entry.h"
 
 namespace vistaplot {
 
@@ -20,6 +21,13 @@ constexpr std::array<std::string_view, kGainPeriods> kDefaultGains = {
 
 std::string TextOr(const std::string& text, std::string_view fallback) {
   return text.empty() ? std::string(fallback) : text;
+}
+
+/// The day number in a setting that may hold it in any form, or a date. ShowDateOfDay does the
+/// rest.
+std::string DayOfSetting(const std::string& text, const MarketCalendar& calendar) {
+  const auto entry = ParseDate(text) ? SnapDateEntry(text, calendar) : std::nullopt;
+  return entry ? std::to_string(entry->day) : TextOr(text, "1");
 }
 
 /// The market day of a day box; the summary brings it into the calendar.
@@ -56,7 +64,7 @@ FrmFam::FrmFam(const Context& context)
 void FrmFam::Form_Load() {
   const MarketCalendar& calendar = context_.state.market.calendar;
   txtEndDate2.SetText(std::to_string(calendar.MaxNumDays));
-  txtBegDate2.SetText(TextOr(context_.settings.Get("begdate"), "1"));
+  txtBegDate2.SetText(DayOfSetting(context_.settings.Get("begdate"), calendar));
   ShowDateOfDay(txtbegDate, txtBegDate2, calendar);
   ShowDateOfDay(txtEndDate, txtEndDate2, calendar);
   for (std::size_t i = 0; i < txtDays.size(); ++i) {

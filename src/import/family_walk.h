@@ -28,8 +28,4 @@ struct GrowthWalk {
 /// of the plain loop over one issue.
 std::vector<GrowthWalk> WalkGrowth(const FamilyRecords& records, int begin_day, int end_day);
 
-/// WalkGrowth in the registers of four numbers that every processor has; it takes those of eight
-/// where they are.
-std::vector<GrowthWalk> WalkGrowthByFours(const FamilyRecords& records, int begin_day, int end_day);
-
 }  // namespace vistaplot

@@ -128,7 +128,9 @@ void ReadAsWide(const std::vector<std::string>& names, CsvHeader& header) {
     }
   } else {
     ReadWideSymbols(names, header);
-    if (!header.refusal.empty()) header.refusal.insert(0, std::string(kNoPriceColumn) + ", and ");
+    if (!AllOthers(names, header.date, is_symbol)) {
+      header.refusal.insert(0, std::string(kNoPriceColumn) + ", and ");
+    }
   }
 }
 

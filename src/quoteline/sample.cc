@@ -125,7 +125,7 @@ std::size_t CountKind(const SampleMarket& market, SampleKind kind) {
 // A file of the user's own under a name of the sample is not to be lost.
 Status CheckPlaces(const std::string& directory, const std::vector<SampleFile>& files) {
   for (const SampleFile& file : files) {
-    const std::string path = JoinPath(directory, file.path);
+    const std::string path = ServicePath(directory, file.path);
     if (!FileExists(path)) continue;
     const auto held = ReadWholeFile(path);
     if (!held || held.Value() != file.bytes) {
@@ -137,7 +137,7 @@ Status CheckPlaces(const std::string& directory, const std::vector<SampleFile>& 
 
 Status WriteFiles(const std::string& directory, const std::vector<SampleFile>& files) {
   for (const SampleFile& file : files) {
-    const std::string path = JoinPath(directory, file.path);
+    const std::string path = ServicePath(directory, file.path);
     const std::string folder = path.substr(0, path.rfind('/'));
     if (auto made = MakeFolders(folder); !made) return made;
     if (auto written = WriteFileAtomically(path, file.bytes); !written) return written;

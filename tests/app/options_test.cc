@@ -74,13 +74,12 @@ TEST(Options, DisplayIsTheRealOneExceptForABatch) {
 
 TEST(Options, WrongUseIsNamed) {
   const std::vector<std::pair<std::vector<const char*>, std::string>> cases = {
-      {{"--bacth", "x"}, "unknown option --bacth"},
-      {{"script.txt"}, "unexpected argument \"script.txt\""},
-      {{"--batch"}, "--batch needs a value"},
-      {{"--settings="}, "--settings needs a value"},
-      {{"--quoteline", "--batch", "x"}, "--quoteline needs a value"},
-      {{"--batch", "a", "--script", "b"}, "--batch and --script do not go together"},
-      {{"--version=3"}, "--version takes no value"},
+      {{"--bacth", "x"}, "The following arguments were not expected: x --bacth"},
+      {{"script.txt"}, "The following argument was not expected: script.txt"},
+      {{"--batch"}, "--batch: 1 required SCRIPT missing"},
+      {{"--settings", ""}, "--settings: a value is needed"},
+      {{"--quoteline", "--batch", "x"}, "--quoteline: a value is needed"},
+      {{"--batch", "a", "--script", "b"}, "--batch excludes --script"},
       {{"--display", "640"}, "--display: \"640\" is no size in pixels such as 1280x960"},
       {{"--display", "0x480"}, "--display: \"0x480\" is no size in pixels such as 1280x960"},
       {{"--display", "640x-480"}, "--display: \"640x-480\" is no size in pixels such as 1280x960"},
@@ -88,6 +87,19 @@ TEST(Options, WrongUseIsNamed) {
        "--display: \"640x99999999999999999999\" is no size in pixels such as 1280x960"},
   };
   for (const auto& [arguments, error] : cases) EXPECT_EQ(Parse(arguments).error, error);
+}
+
+TEST(Options, HelpAndVersionAreTexts) {
+  EXPECT_EQ(Parse({"--version"}).text, "Vistaplot 3.4.1\n");
+  const std::string help = Parse({"--batch", "x", "--help"}).text;
+  for (const char* part : {"--quoteline DIR",
+                           "--settings FILE",
+                           "--display WxH",
+                           "--batch SCRIPT",
+                           "--script FILE",
+                           "1 a script error"}) {
+    EXPECT_NE(help.find(part), std::string::npos) << part << help;
+  }
 }
 
 }  // namespace

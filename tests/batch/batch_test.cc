@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "app/program.h"
-#include "batch/json_reader.h"
 #include "batch/script_dialogs.h"
 #include "batch/script_runner.h"
 #include "batch/state_dump.h"
@@ -89,14 +89,13 @@ TEST(Batch, AScriptLoadsAFamilyAndChartsTwoFunds) {
       << text;
   EXPECT_NE(text.find("\r\n03/01/2001,10,10,10\r\n"), std::string::npos);
   const std::size_t state = text.find("{\"MaxDays\"");
-  const ParsedJson parsed = ParseJson(text.substr(state, text.find('\n', state) - state));
-  ASSERT_TRUE(parsed.Ok()) << parsed.error;
-  EXPECT_EQ(parsed.value.Find("MaxNumDays")->number, kDays);
-  EXPECT_EQ(parsed.value.Find("QuotelineDir")->text, batch.folder.Path());
-  ASSERT_EQ(parsed.value.Find("SelectedColumns")->items.size(), 2U);
-  EXPECT_EQ(parsed.value.Find("SelectedColumns")->items[1].number, 3.0);
-  EXPECT_TRUE(parsed.value.Find("ResultFileLoaded")->truth);
-  EXPECT_EQ(parsed.value.Find("IssueColumnCount")->number, 3.0);
+  const auto parsed = nlohmann::json::parse(text.substr(state, text.find('\n', state) - state));
+  EXPECT_EQ(parsed["MaxNumDays"], kDays);
+  EXPECT_EQ(parsed["QuotelineDir"], batch.folder.Path());
+  ASSERT_EQ(parsed["SelectedColumns"].size(), 2U);
+  EXPECT_EQ(parsed["SelectedColumns"][1], 3);
+  EXPECT_EQ(parsed["ResultFileLoaded"], true);
+  EXPECT_EQ(parsed["IssueColumnCount"], 3);
 }
 
 TEST(Batch, WhatAUserCannotReachAScriptCannotEither) {
@@ -108,14 +107,14 @@ TEST(Batch, WhatAUserCannotReachAScriptCannotEither) {
 TEST(Batch, ScreensFillTheDisplayOfTheRun) {
   ScriptedProgram batch;
   ASSERT_EQ(batch.Run("dump frmTab.cboDataType"), 0);
-  const ParsedJson half = ParseJson(batch.out.str());
+  const auto half = nlohmann::json::parse(batch.out.str());
   ScriptedProgram design;
   ScriptHost host(DisplayInTwips({640, 480}));
   Program program({design.quoteline, design.settings, design.dialogs, host, design.output, "", {}});
   program.Start();
   const Place& place = program.FindForm("frmTab")->Find("cboDataType")->Where();
-  EXPECT_EQ(half.value.Find("left")->number, static_cast<double>(2.0F * *place.Left));
-  EXPECT_EQ(half.value.Find("width")->number, static_cast<double>(2.0F * *place.Width));
+  EXPECT_EQ(half["left"].get<double>(), static_cast<double>(2.0F * *place.Left));
+  EXPECT_EQ(half["width"].get<double>(), static_cast<double>(2.0F * *place.Width));
 }
 
 TEST(Batch, AServiceThatIsNotThereEndsTheRunWithStatus3) {

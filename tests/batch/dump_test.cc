@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "batch/comparison.h"
 #include "batch/dump_commands.h"
-#include "batch/json_reader.h"
 #include "support/script_screen.h"
 #include "support/temporary_folder.h"
 
@@ -64,10 +64,9 @@ TEST(Dump, AChartHasItsAgreedKeys) {
   FillChart(stage.frmTest.VtChart1.view);
   stage.frmTest.VtChart1.SetVisible(false);
   EXPECT_EQ(stage.Run("dump chart frmTest.VtChart1 -"), 0) << stage.err.str();
-  const ParsedJson parsed = ParseJson(stage.out.str());
-  ASSERT_TRUE(parsed.Ok()) << parsed.error;
+  const auto parsed = nlohmann::ordered_json::parse(stage.out.str());
   std::string keys;
-  for (const std::string& key : parsed.value.keys) keys += key + " ";
+  for (const auto& [key, value] : parsed.items()) keys += key + " ";
   EXPECT_EQ(keys,
             "ChartType TitleText Footnote rowcount ColumnCount RowLabel ColumnLabel data Legend "
             "Series Markers PointLabels Axis PlotRect visible ");
@@ -171,7 +170,9 @@ TEST(Expect, WhatIsNoDumpIsRefused) {
   const std::string path = folder.Write("a.json", "{\"a\": ");
   EXPECT_EQ(stage.Run("expect chart frmTest.VtChart1 " + path), 1);
   EXPECT_EQ(stage.err.str(),
-            "s:1: " + path + " is no dump: line 1, column 7: a value is expected\n");
+            "s:1: " + path +
+                " is no dump: line 1, column 7: syntax error while parsing value - unexpected "
+                "end of input; expected '[', '{', or a literal\n");
   EXPECT_EQ(stage.Run("expect sheet 1 " + path + " within -1"), 1);
   EXPECT_EQ(stage.err.str(), "s:1: within: \"-1\" is no relative tolerance such as 1e-6\n");
   EXPECT_EQ(stage.Run("expect sheet 1 " + folder.Path("none.csv")), 1);

@@ -35,6 +35,21 @@ TEST(ScriptRunner, AModalFormTakesTheLinesUntilItIsClosed) {
   EXPECT_EQ(stage.frmTest.log, "before\n") << "the handler was left where it was";
 }
 
+TEST(ScriptRunner, AWordWithoutMeasureIsRefusedInOneShortLine) {
+  const std::string word(10'000'000, 'x');
+  for (const std::string& line : {word + " a",
+                                  "click " + word,
+                                  "dump sheet 1 " + word,
+                                  "sheet " + word,
+                                  "select frmTest.lstNames =\x1B" + word}) {
+    ScriptStage stage;
+    EXPECT_EQ(stage.Run(line), 1);
+    const std::string told = stage.err.str();
+    EXPECT_LT(told.size(), 1100U) << line.substr(0, 20);
+    EXPECT_EQ(told.find_first_of("\n\x1B"), told.size() - 1);
+  }
+}
+
 TEST(ScriptRunner, TheEndInsideAModalFormIsAnError) {
   ScriptStage stage;
   stage.frmTest.cmdGo.Click = [&stage] { stage.frmAsk.ShowModal(); };

@@ -45,6 +45,27 @@ TEST(FrmFam, DatesFollowTypingAndAreSavedAsDays) {
   EXPECT_TRUE(frmFam.Shown());
 }
 
+TEST(FrmFam, ABeginDateStoredInAnyFormIsADayAgain) {
+  const std::vector<std::pair<std::string, std::string>> cases = {{"  12 ", "12"},
+                                                                  {"12.6", "13"},
+                                                                  {"1e1", "10"},
+                                                                  {"-5", "1"},
+                                                                  {"abc", "1"},
+                                                                  {"", "1"},
+                                                                  {"99999999999", "300"},
+                                                                  {"1/20/2001", "20"},
+                                                                  {"2001-01-20", "20"}};
+  for (const auto& [stored, day] : cases) {
+    ScreenWorld world;
+    world.settings.values["begdate"] = stored;
+    world.Start();
+    world.screens.frmFam.Show();
+    EXPECT_EQ(world.screens.frmFam.txtBegDate2.Text(), day) << stored;
+    world.screens.frmFam.cmdSave.RaiseClick();
+    EXPECT_EQ(world.settings.values["begdate"], day) << stored;
+  }
+}
+
 TEST(FrmDir, KeepsTheDirectoryOfADriveThatCannotBeRead) {
   ScreenWorld world;
   world.Start();

@@ -80,14 +80,11 @@ TEST(FamilyWalk, IssuesSideBySideHaveTheBitsOfThePlainLoop) {
           SCOPED_TRACE(testing::Message() << count << " issues, " << days << " days, " << begin_day
                                           << " to " << end_day);
           const auto walks = WalkGrowth(records, begin_day, end_day);
-          const auto by_fours = WalkGrowthByFours(records, begin_day, end_day);
           ASSERT_EQ(walks.size(), static_cast<std::size_t>(count));
-          ASSERT_EQ(by_fours.size(), walks.size());
           for (int k = 1; k <= count; ++k) {
             const auto i = static_cast<std::size_t>(k - 1);
             const GrowthWalk expected = PlainWalk(records.Prices(k), begin_day, end_day);
             ExpectSameBits(walks[i], expected);
-            ExpectSameBits(by_fours[i], expected);
           }
         }
       }

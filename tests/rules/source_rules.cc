@@ -62,7 +62,7 @@ std::vector<std::string> RoomsNamed(const std::string& entry,
 void Allow(const std::string& entry,
            const std::vector<std::string>& above,
            AllowedIncludes& allowed) {
-  static const std::set<std::string, std::less<>> kLibraries{"Qt", "SQLite", "CLI11"};
+  static const std::set<std::string, std::less<>> kLibraries{"Qt", "SQLite", "CLI11", "nlohmann"};
   const std::string suffix = " and above";
   if (entry == "standard library") return;
   if (entry == "all above") {
