@@ -41,7 +41,7 @@ TEST(ScriptRunner, AWordWithoutMeasureIsRefusedInOneShortLine) {
                                   "click " + word,
                                   "dump sheet 1 " + word,
                                   "sheet " + word,
-                                  "select frmTest.lstNames =\x1B" + word}) {
+                                  "select frmTest.lstMany =\x1B" + word}) {
     ScriptStage stage;
     EXPECT_EQ(stage.Run(line), 1);
     const std::string told = stage.err.str();
