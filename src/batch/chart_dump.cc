@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "batch/json_writer.h"
+#include "charts/kinds/read_out.h"
 
 namespace vistaplot {
 
@@ -118,6 +119,29 @@ std::string ChartJson(const ChartView& view, bool visible) {
   json.EndArray().Key("PlotRect").BeginArray();
   json.Number(rect.Min.X).Number(rect.Min.Y).Number(rect.Max.X).Number(rect.Max.Y).EndArray();
   return json.Key("visible").Bool(visible).EndObject().Take();
+}
+
+std::string ReadingJson(const ChartView& view, int row, int column) {
+  const ReadOut read_out = ReadRow(view, row, /*dark=*/false, column);
+  JsonWriter json;
+  json.BeginObject().Key("reading").BeginObject();
+  json.Key("at").Text(read_out.at).Key("row").Integer(row);
+  if (column > 0) json.Key("column").Integer(column);
+  json.Key("series").BeginArray();
+  for (const ReadOutEntry& entry : read_out.entries) {
+    for (const ReadOutValue& value : entry.values) {
+      json.BeginObject().Key("name").Text(value.name).Key("text").Text(value.text);
+      json.Key("value").Number(value.value).Key("percent");
+      if (value.percent) {
+        json.Number(*value.percent);
+      } else {
+        json.Null();
+      }
+      json.EndObject();
+    }
+  }
+  json.EndArray().EndObject().EndObject();
+  return json.Take();
 }
 
 }  // namespace vistaplot

@@ -13,4 +13,9 @@ namespace vistaplot {
 /// text. `visible` says whether the chart's own control is.
 std::string ChartJson(const ChartView& view, bool visible);
 
+/// What is read off a chart at `row`, which it has, as `dump reading` writes it:
+/// {"reading": {"at", "row", "series": [{"name", "text", "value", "percent"}...]}}; with a `column`
+/// above 0, of charts over two parameters, "column" too. Series without a point there are left out.
+std::string ReadingJson(const ChartView& view, int row, int column);
+
 }  // namespace vistaplot

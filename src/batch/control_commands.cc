@@ -10,6 +10,7 @@
 #include "base/number_text.h"
 #include "base/text.h"
 #include "batch/control_lookup.h"
+#include "charts/kinds/kind.h"
 #include "controls/list_controls.h"
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
@@ -118,8 +119,7 @@ std::vector<int> SelectedPositions(const FoundControl& found,
 }
 
 int SeriesCount(const ChartView& view) {
-  if (view.ChartType == kChartXY) return view.ColumnCount() / 2;
-  return view.ChartType == kChartStock ? view.ColumnCount() / 4 : view.ColumnCount();
+  return static_cast<int>(KindOf(view).Series(view).size());
 }
 
 }  // namespace

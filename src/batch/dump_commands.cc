@@ -104,6 +104,18 @@ PixelSize ExportSize(const ChartBox& chart, ScriptWords words) {
           NumberFromWord(words[2], "H", 1, kLargestExport)};
 }
 
+// Words behind "reading": NAME ROW [COLUMN].
+std::string DumpOfReading(const ScriptWorld& world, ScriptWords words) {
+  const ChartView& view = ChartFromWord(world, words[0]).view;
+  if (view.rowcount() == 0 || view.ColumnCount() == 0) {
+    throw ScriptError(words[0] + " shows nothing to read");
+  }
+  const int row = NumberFromWord(words[1], "ROW", 1, view.rowcount());
+  const int column =
+      words.size() < 3 ? 0 : NumberFromWord(words[2], "COLUMN", 1, view.ColumnCount());
+  return ReadingJson(view, row, column);
+}
+
 }  // namespace
 
 void DumpCommand(ScriptWorld& world, ScriptWords words) {
@@ -113,8 +125,14 @@ void DumpCommand(ScriptWorld& world, ScriptWords words) {
   if (words.size() == 3 && Is(words[0], "chart")) {
     return WriteDump(world, words[2], DumpOfChart(ChartFromWord(world, words[1])) + "\n");
   }
-  if (words.size() != 1 || Is(words[0], "sheet") || Is(words[0], "chart")) {
-    throw ScriptError("say dump sheet N FILE, sheets, chart NAME FILE, state or NAME");
+  if ((words.size() == 3 || words.size() == 4) && Is(words[0], "reading")) {
+    world.out << DumpOfReading(world, words.subspan(1)) << '\n';
+    return;
+  }
+  if (words.size() != 1 || Is(words[0], "sheet") || Is(words[0], "chart") ||
+      Is(words[0], "reading")) {
+    throw ScriptError(
+        "say dump sheet N FILE, sheets, chart NAME FILE, reading NAME ROW [COLUMN], state or NAME");
   }
   if (Is(words[0], "sheets")) {
     world.out << SheetsJson(world.table) << '\n';

@@ -6,7 +6,7 @@
 
 namespace vistaplot {
 
-/// sheet N FILE | sheets | chart NAME FILE | state | NAME
+/// sheet N FILE | sheets | chart NAME FILE | reading NAME ROW [COLUMN] | state | NAME
 void DumpCommand(ScriptWorld& world, ScriptWords words);
 /// sheet N FILE [within T] | chart NAME FILE [within T]
 void ExpectCommand(ScriptWorld& world, ScriptWords words);

@@ -48,6 +48,21 @@ void FillChart(ChartView& view) {
   view.Plot.Axis[1].ValueScale.Minimum = -2.5;
 }
 
+TEST(Dump, AReadingIsWhatTheReadOutLineSays) {
+  ScriptStage stage;
+  ChartView& view = stage.frmTest.VtChart1.view;
+  FillChart(view);
+  view.facts.unit = ValueUnit::kChange;
+  view.facts.Series(1) = {.name = {}, .role = {}, .parent = 0, .base = 50.0, .last_price_row = {}};
+  EXPECT_EQ(stage.Run("dump reading frmTest.VtChart1 1"), 0) << stage.err.str();
+  EXPECT_EQ(
+      stage.out.str(),
+      "{\"reading\": {\"at\": \"1/5/90\", \"row\": 1, \"series\": [{\"name\": \"C1\", \"text\": "
+      "\"55 +10.00%\", \"value\": 55, \"percent\": 10}]}}\n");
+  EXPECT_EQ(stage.Run("dump reading frmTest.VtChart1 4"), 1);
+  EXPECT_NE(stage.err.str().find("ROW"), std::string::npos) << stage.err.str();
+}
+
 TEST(Dump, ASheetIsCsvAsItStands) {
   ScriptStage stage;
   FillSheet(stage.table.SheetAt(1));

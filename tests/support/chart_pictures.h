@@ -35,6 +35,7 @@ inline constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
 inline ChartView LineChart(const std::vector<std::vector<double>>& series) {
   ChartView view;
   view.TitleText = "NAV";
+  view.facts.unit = ValueUnit::kChange;
   view.title.Location.LocationType = kLocationTopLeft;
   view.Legend.Location = {true, kLocationRight};
   view.rowcount(static_cast<int>(series.front().size()));

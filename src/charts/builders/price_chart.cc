@@ -5,6 +5,7 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "base/date.h"
@@ -59,6 +60,19 @@ std::string RowLabelOf(const std::string& text) {
   return date ? DateText(*date, DatePattern::kMonthDayShortYear) : text;
 }
 
+// The market day of a history's last price when it ended at least kQuietDays before the newest day:
+// the days behind repeat that price. 0 for one that goes on.
+int LastPriceDay(const Sheet& prices, int table_column) {
+  constexpr std::ptrdiff_t kQuietDays = 10;
+  const std::span<const float> block = prices.PriceBlock(table_column);
+  if (block.empty() || block.back() <= 0.0F) return 0;
+  const auto changed = std::find_if(
+      block.rbegin(), block.rend(), [&](float price) { return price != block.back(); });
+  const auto same = changed - block.rbegin();
+  if (same <= kQuietDays) return 0;
+  return static_cast<int>(static_cast<std::ptrdiff_t>(block.size()) - same + 1);
+}
+
 /// One build: the request, what it reads, and the chart that it fills.
 class Builder {
  public:
@@ -79,6 +93,7 @@ class Builder {
     BeginChart();
     if (!SizeChart()) return false;
     PlacePlot();
+    view_.facts.unit = ValueUnit::kChange;
     StyleSeries();
     LabelRows();
     SetAxes();
@@ -180,14 +195,29 @@ class Builder {
     const std::string symbol(TrimBlanks(heading));
     view_.SetColumnLabel(column, heading);
     const int first_priced_day = DrawPrices(table_column, column);
+    StateFund(table_column, column);
     int next = column + 1;
     for (const PriceOverlay& overlay : request_.overlays) {
       for (std::size_t curve = 0; curve < overlay.suffixes.size(); ++curve) {
-        view_.SetColumnLabel(next + static_cast<int>(curve), symbol + overlay.suffixes[curve]);
+        const int series = next + static_cast<int>(curve);
+        view_.SetColumnLabel(series, symbol + overlay.suffixes[curve]);
+        view_.facts.Series(series) = {.name = symbol + " " + overlay.names[curve],
+                                      .role = overlay.roles[curve],
+                                      .parent = column,
+                                      .base = view_.facts.SeriesAt(column).base,
+                                      .last_price_row = {}};
       }
       DrawOverlay(overlay, table_column, {.price = column, .first = next}, first_priced_day);
       next += static_cast<int>(overlay.suffixes.size());
     }
+  }
+
+  // The facts of a fund's prices once they are drawn.
+  void StateFund(int table_column, int column) {
+    SeriesFacts& facts = view_.facts.Series(column);
+    facts.base = static_cast<double>(BaseOf(column));
+    const int last_day = LastPriceDay(prices_, table_column);
+    if (last_day > 0) facts.last_price_row = last_day - selection_.FirstDay + 1;
   }
 
   // Draws one fund's prices and sets their base.

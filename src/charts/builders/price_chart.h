@@ -30,6 +30,11 @@ struct PriceOverlay {
   /// drawn in the first one's colour.
   std::vector<std::string> suffixes;
 
+  /// What each curve is, for drawing and read-out, and its name behind the symbol ("average 50"),
+  /// one entry a curve.
+  std::vector<SeriesRole> roles;
+  std::vector<std::string> names;
+
   /// The curves of one fund in price units, one a suffix, chart_days values each, chart day 1
   /// first. The overlay starts on the first day on which its first two curves (its only one) are
   /// not 0; that day and those before it stay empty.

@@ -46,12 +46,6 @@ std::string PlainText(double value, double step) {
 
 }  // namespace
 
-ValueUnit ValueUnitOf(const ChartView& view) {
-  if (view.TitleText != "NAV") return ValueUnit::kPlain;
-  if (view.ChartType == kChartCombination) return ValueUnit::kChange;
-  return view.ChartType == kChartStock ? ValueUnit::kRatio : ValueUnit::kPlain;
-}
-
 double RoundStep(double span, int most) {
   const double exact = span / most;
   const double power = std::pow(10.0, std::floor(std::log10(exact)));
@@ -75,7 +69,7 @@ std::vector<ValueMark> RoundMarks(double low, double high, int most, ValueUnit u
 }
 
 std::string MarkText(double value, double step, ValueUnit unit) {
-  if (unit == ValueUnit::kPlain) return PlainText(value, step);
+  if (!IsRebased(unit)) return PlainText(value, step);
   const double change = unit == ValueUnit::kRatio ? value - 1.0 : value;
   return Signed(change * 100.0, step * 100.0, true) + "%";
 }

@@ -8,16 +8,6 @@
 
 namespace vistaplot {
 
-/// What the values of a chart's value axis are.
-enum class ValueUnit {
-  kPlain,
-  kChange,  ///< fractional change: 0.1 reads "+10%"
-  kRatio,   ///< value relative to the first: 1.1 reads "+10%"
-};
-
-/// The price and candlestick charts, whose title is "NAV", hold rebased values.
-ValueUnit ValueUnitOf(const ChartView& view);
-
 struct ValueMark {
   double value = 0.0;
   std::string text;

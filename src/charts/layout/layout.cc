@@ -7,7 +7,6 @@
 #include "charts/layout/layout_frame.h"
 #include "charts/layout/layout_legend.h"
 #include "charts/layout/layout_parts.h"
-#include "charts/layout/layout_series.h"
 
 namespace vistaplot {
 namespace {
@@ -29,11 +28,6 @@ PictureBox ClipOf(const ChartFrame& frame, double scale) {
           frame.plot.bottom + reach};
 }
 
-// A kind of chart draws its figures here, between guides and titles.
-void DrawFigures(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
-  DrawSeries(context, frame.scale, picture);
-}
-
 }  // namespace
 
 ChartPicture LayoutChart(const ChartView& view,
@@ -47,7 +41,7 @@ ChartPicture LayoutChart(const ChartView& view,
   picture.background = theme.background;
   if (size.width < kLeastSide || size.height < kLeastSide) return picture;
 
-  const LayoutContext context{
+  const DrawContext context{
       view, measure, size, theme, TextScale(size), std::max(options.detail, 1.0)};
   const ChartFrame frame = PlaceFrame(context);
   if (frame.scale.box.Width() < 1.0 || frame.scale.box.Height() < 1.0) return picture;
@@ -58,7 +52,7 @@ ChartPicture LayoutChart(const ChartView& view,
   DrawValueAxis(context, frame, picture);
   DrawPositionAxis(context, frame, picture);
   picture.Add(SetClip{ClipOf(frame, context.scale)});
-  DrawFigures(context, frame, picture);
+  KindOf(view).Draw(context, frame.scale, picture);
   picture.Add(SetClip{{0.0, 0.0, size.width, size.height}});
   return picture;
 }

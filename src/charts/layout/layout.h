@@ -10,24 +10,11 @@
 // room beside the plot and never covers it; what does not fit is counted ("+12 more").
 #pragma once
 
-#include <string_view>
-
+#include "charts/kinds/draw_context.h"
 #include "charts/view/chart_picture.h"
 #include "charts/view/chart_view.h"
 
 namespace vistaplot {
-
-/// How wide texts are in the font that will draw them.
-class TextMeasure {
- public:
-  virtual ~TextMeasure() = default;
-  virtual double Width(std::string_view text, int pixel_size, bool bold) const = 0;
-};
-
-struct PictureSize {
-  double width = 640.0;
-  double height = 480.0;
-};
 
 struct LayoutOptions {
   bool dark = false;    ///< for dark desktops; exports stay on white

@@ -11,7 +11,7 @@ constexpr double kTick = 3.0;
 constexpr double kLeastTickStep = 5.0;
 constexpr double kEdge = 2.0;  // labels keep off the picture's edge
 
-double HairLine(const LayoutContext& context) {
+double HairLine(const DrawContext& context) {
   return std::max(1.0, std::floor(context.scale));
 }
 
@@ -23,7 +23,7 @@ struct AxisLabel {
 // Keeps labels apart, on the picture, and off the title.
 class LabelRow {
  public:
-  LabelRow(const LayoutContext& context, const ChartFrame& frame)
+  LabelRow(const DrawContext& context, const ChartFrame& frame)
       : context_(context),
         frame_(frame),
         pixels_(context.FontPixels(context.view.Plot.Axis[0].Labels.VtFont.Size)) {}
@@ -50,7 +50,7 @@ class LabelRow {
   }
 
  private:
-  const LayoutContext& context_;
+  const DrawContext& context_;
   const ChartFrame& frame_;
   int pixels_;
   double end_ = 0.0;
@@ -82,14 +82,14 @@ int LabelSpacing(const ChartView& view, const LabelRow& labels, double row_width
 }
 
 // Rows from tick to tick, so far apart that ticks can be told.
-int TickSpacing(const LayoutContext& context, double row_width) {
+int TickSpacing(const DrawContext& context, double row_width) {
   const auto& scale = context.view.Plot.Axis[0].CategoryScale;
   const int wanted = std::max(1, scale.DivisionsPerTick);
   const double needed = kLeastTickStep * context.scale / (wanted * row_width);
   return wanted * static_cast<int>(std::ceil(std::clamp(needed, 1.0, 1e6)));
 }
 
-void DrawTick(const LayoutContext& context,
+void DrawTick(const DrawContext& context,
               const ChartFrame& frame,
               double x,
               double length,
@@ -103,7 +103,7 @@ void DrawTick(const LayoutContext& context,
                       context.theme.axis});
 }
 
-void DrawRowAxis(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+void DrawRowAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   const ChartView& view = context.view;
   const int rows = view.rowcount();
   const double row_width = frame.scale.X(2.0) - frame.scale.X(1.0);
@@ -125,7 +125,7 @@ void DrawRowAxis(const LayoutContext& context, const ChartFrame& frame, ChartPic
   }
 }
 
-void DrawNumberAxis(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+void DrawNumberAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   LabelRow labels(context, frame);
   const PlotScale& scale = frame.scale;
   const double widest = std::max({labels.Width("0000"),
@@ -143,7 +143,7 @@ void DrawNumberAxis(const LayoutContext& context, const ChartFrame& frame, Chart
 
 }  // namespace
 
-void DrawValueAxis(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+void DrawValueAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   const int pixels = context.FontPixels(context.view.Plot.Axis[1].Labels.VtFont.Size);
   const double hair = HairLine(context);
   const PictureBox& box = frame.scale.box;
@@ -163,14 +163,12 @@ void DrawValueAxis(const LayoutContext& context, const ChartFrame& frame, ChartP
   }
 }
 
-void DrawPositionAxis(const LayoutContext& context,
-                      const ChartFrame& frame,
-                      ChartPicture& picture) {
+void DrawPositionAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   const double bottom = frame.plot.bottom;
   picture.Add(FillBox{{frame.scale.box.left, bottom, frame.plot.right, bottom + HairLine(context)},
                       context.theme.axis});
   if (context.view.Plot.Axis[0].AxisScale.Hide || context.view.rowcount() < 1) return;
-  if (context.view.ChartType == kChartXY) {
+  if (KindOf(context.view).Positions() == PositionAxis::kNumbers) {
     DrawNumberAxis(context, frame, picture);
   } else {
     DrawRowAxis(context, frame, picture);

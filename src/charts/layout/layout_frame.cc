@@ -23,12 +23,12 @@ bool Upwards(const ChartText& text) {
   return text.TextLayout.Orientation == kOrientationVertical;
 }
 
-double TitleLength(const LayoutContext& context) {
+double TitleLength(const DrawContext& context) {
   const int pixels = context.FontPixels(context.view.title.VtFont.Size);
   return context.measure.Width(context.view.TitleText, pixels, true);
 }
 
-int LabelPixels(const LayoutContext& context, std::size_t axis) {
+int LabelPixels(const DrawContext& context, std::size_t axis) {
   return context.FontPixels(context.view.Plot.Axis[axis].Labels.VtFont.Size);
 }
 
@@ -36,18 +36,18 @@ bool HasAxisTitle(const ChartView& view, std::size_t axis) {
   return !view.Plot.Axis[axis].AxisTitle.Text.empty() && !view.Plot.Axis[axis].AxisScale.Hide;
 }
 
-double AxisTitleRoom(const LayoutContext& context, std::size_t axis) {
+double AxisTitleRoom(const DrawContext& context, std::size_t axis) {
   if (!HasAxisTitle(context.view, axis)) return 0.0;
   return kTitleLine * context.FontPixels(context.view.Plot.Axis[axis].AxisTitle.VtFont.Size);
 }
 
-double FootnoteRoom(const LayoutContext& context) {
+double FootnoteRoom(const DrawContext& context) {
   const ChartText& note = context.view.Footnote;
   if (!note.Location.Visible || note.Text.empty()) return 0.0;
   return kLineHeight * context.FontPixels(note.VtFont.Size);
 }
 
-double TopRoom(const LayoutContext& context) {
+double TopRoom(const DrawContext& context) {
   const ChartView& view = context.view;
   const double margin = kMargin * context.scale;
   if (view.TitleText.empty() || AtBottom(view.title)) return margin;
@@ -55,7 +55,7 @@ double TopRoom(const LayoutContext& context) {
 }
 
 // The line of labels also holds a title at the bottom.
-double LabelLine(const LayoutContext& context) {
+double LabelLine(const DrawContext& context) {
   const ChartView& view = context.view;
   double line = 0.0;
   if (!view.Plot.Axis[0].AxisScale.Hide) line = LabelPixels(context, 0);
@@ -65,7 +65,7 @@ double LabelLine(const LayoutContext& context) {
   return line;
 }
 
-double BottomRoom(const LayoutContext& context) {
+double BottomRoom(const DrawContext& context) {
   const double line = LabelLine(context);
   const double below = line > 0.0 ? kTickRoom * context.scale + line : 0.0;
   const double room =
@@ -75,13 +75,13 @@ double BottomRoom(const LayoutContext& context) {
   return std::max(room, std::min(kept, context.size.height * 0.2));
 }
 
-double LeftRoom(const LayoutContext& context) {
+double LeftRoom(const DrawContext& context) {
   const auto& rect = context.view.Plot.LocationRect;
   const double kept = context.view.Plot.AutoLayout ? 0.0 : rect.Min.X * kPixelsPerInch;
   return std::max(kMargin * context.scale, std::min(kept, context.size.width * 0.2));
 }
 
-double WidestMark(const LayoutContext& context, const std::vector<ValueMark>& marks) {
+double WidestMark(const DrawContext& context, const std::vector<ValueMark>& marks) {
   double widest = 0.0;
   for (const ValueMark& mark : marks) {
     widest = std::max(widest, context.measure.Width(mark.text, LabelPixels(context, 1), false));
@@ -90,7 +90,7 @@ double WidestMark(const LayoutContext& context, const std::vector<ValueMark>& ma
 }
 
 // Legend, and a title that reads upwards at the lower right, share the column beside the plot.
-void PlaceRightColumn(const LayoutContext& context, ChartFrame& frame) {
+void PlaceRightColumn(const DrawContext& context, ChartFrame& frame) {
   const ChartView& view = context.view;
   const double margin = kMargin * context.scale;
   const bool title_stands = !view.TitleText.empty() && AtBottom(view.title) && Upwards(view.title);
@@ -106,7 +106,7 @@ void PlaceRightColumn(const LayoutContext& context, ChartFrame& frame) {
 }
 
 // The marks' texts stand left of the data: inside the plot, or outside where the scale shows.
-void PlaceValueScale(const LayoutContext& context, const AxisRanges& ranges, ChartFrame& frame) {
+void PlaceValueScale(const DrawContext& context, const AxisRanges& ranges, ChartFrame& frame) {
   const ChartView& view = context.view;
   const auto& axis = view.Plot.Axis[1];
   frame.guides = axis.AxisGrid.MajorPen.style != kPenNone;
@@ -114,7 +114,7 @@ void PlaceValueScale(const LayoutContext& context, const AxisRanges& ranges, Cha
   if (frame.guides || !frame.labels_inside) {
     const double room = kRowsPerMark * LabelPixels(context, 1);
     const int most = std::clamp(static_cast<int>(frame.plot.Height() / room), 1, kMostMarks);
-    frame.marks = RoundMarks(ranges.values.low, ranges.values.high, most, ValueUnitOf(view));
+    frame.marks = RoundMarks(ranges.values.low, ranges.values.high, most, view.facts.unit);
   }
   const double gap = kLabelGap * context.scale;
   const double labels = frame.marks.empty() ? 0.0 : WidestMark(context, frame.marks) + gap;
@@ -131,7 +131,7 @@ void PlaceValueScale(const LayoutContext& context, const AxisRanges& ranges, Cha
                  .highest = ranges.values.high};
 }
 
-PictureBox PlaceTitle(const LayoutContext& context, const ChartFrame& frame) {
+PictureBox PlaceTitle(const DrawContext& context, const ChartFrame& frame) {
   const ChartView& view = context.view;
   if (view.TitleText.empty()) return {};
   const int pixels = context.FontPixels(view.title.VtFont.Size);
@@ -149,7 +149,7 @@ PictureBox PlaceTitle(const LayoutContext& context, const ChartFrame& frame) {
   return {right - length, frame.label_base - pixels, right, frame.label_base};
 }
 
-void DrawAxisTitles(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+void DrawAxisTitles(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   for (const std::size_t axis : {std::size_t{0}, std::size_t{1}}) {
     if (!HasAxisTitle(context.view, axis)) continue;
     const auto& title = context.view.Plot.Axis[axis].AxisTitle;
@@ -169,7 +169,7 @@ void DrawAxisTitles(const LayoutContext& context, const ChartFrame& frame, Chart
   }
 }
 
-void DrawFootnote(const LayoutContext& context, ChartPicture& picture) {
+void DrawFootnote(const DrawContext& context, ChartPicture& picture) {
   if (FootnoteRoom(context) <= 0.0) return;
   const ChartText& note = context.view.Footnote;
   const int pixels = context.FontPixels(note.VtFont.Size);
@@ -187,9 +187,9 @@ void DrawFootnote(const LayoutContext& context, ChartPicture& picture) {
 
 }  // namespace
 
-ChartFrame PlaceFrame(const LayoutContext& context) {
+ChartFrame PlaceFrame(const DrawContext& context) {
   ChartFrame frame;
-  const AxisRanges ranges = RangesOf(context.view);
+  const AxisRanges ranges = KindOf(context.view).Values(context.view);
   frame.plot.left = LeftRoom(context);
   frame.plot.top = std::round(TopRoom(context));
   frame.plot.bottom = std::round(context.size.height - BottomRoom(context));
@@ -201,7 +201,7 @@ ChartFrame PlaceFrame(const LayoutContext& context) {
   return frame;
 }
 
-void DrawTitles(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture) {
+void DrawTitles(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   const ChartView& view = context.view;
   if (!view.TitleText.empty()) {
     const int pixels = context.FontPixels(view.title.VtFont.Size);

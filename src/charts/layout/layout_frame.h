@@ -22,9 +22,9 @@ struct ChartFrame {
 };
 
 /// Divides the picture. Plot and legend never overlap, and all boxes lie on the picture.
-ChartFrame PlaceFrame(const LayoutContext& context);
+ChartFrame PlaceFrame(const DrawContext& context);
 
 /// Draws title, footnote and the titles of the axes.
-void DrawTitles(const LayoutContext& context, const ChartFrame& frame, ChartPicture& picture);
+void DrawTitles(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture);
 
 }  // namespace vistaplot

@@ -15,17 +15,16 @@ constexpr double kLeastPoints = 6.0;
 
 std::vector<LegendEntry> NamedSeries(const ChartView& view) {
   std::vector<LegendEntry> entries;
-  for (const DrawnSeries& series : SeriesOf(view)) {
-    const int column = series.x_column > 0 ? series.x_column : series.y_column;
-    const std::string& label = view.ColumnLabelAt(column);
+  for (const DrawnSeries& series : KindOf(view).Series(view)) {
+    const std::string label = view.ColumnLabelAt(series.LabelColumn());
     if (label.find_first_not_of(' ') != std::string::npos) {
-      entries.push_back({series.number, label});
+      entries.push_back({series.settings, label});
     }
   }
   return entries;
 }
 
-double Widest(const LayoutContext& context, const std::vector<LegendEntry>& entries, int pixels) {
+double Widest(const DrawContext& context, const std::vector<LegendEntry>& entries, int pixels) {
   double widest = 0.0;
   for (const LegendEntry& entry : entries) {
     widest = std::max(widest, context.measure.Width(entry.text, pixels, false));
@@ -63,12 +62,12 @@ bool HoldsAll(const Grid& grid, int count, double widest) {
 }
 
 // The series' mark: a short line, its marker, or both.
-void DrawSwatch(const LayoutContext& context,
+void DrawSwatch(const DrawContext& context,
                 int series,
                 const PictureBox& box,
                 ChartPicture& picture) {
   const ChartSeries& settings = SettingsOf(context.view, series);
-  const PictureColor ink = SeriesInk(context, series);
+  const PictureColor ink = SeriesInk(context.view, series, context.theme);
   const double middle = std::round((box.top + box.bottom) / 2.0);
   if (settings.showline) {
     const double half = std::max(1.0, std::round(box.Height() * 0.09));
@@ -85,7 +84,7 @@ void DrawSwatch(const LayoutContext& context,
 
 }  // namespace
 
-LegendPlan PlanLegend(const LayoutContext& context, double most_width, double most_height) {
+LegendPlan PlanLegend(const DrawContext& context, double most_width, double most_height) {
   if (!context.view.Legend.Location.Visible) return {};
   std::vector<LegendEntry> entries = NamedSeries(context.view);
   if (entries.empty()) return {};
@@ -119,7 +118,7 @@ LegendPlan PlanLegend(const LayoutContext& context, double most_width, double mo
   return plan;
 }
 
-void DrawLegend(const LayoutContext& context,
+void DrawLegend(const DrawContext& context,
                 const LegendPlan& plan,
                 PicturePoint at,
                 ChartPicture& picture) {

@@ -9,7 +9,7 @@
 namespace vistaplot {
 
 struct LegendEntry {
-  int series = 0;
+  int series = 0;    ///< its settings' entry in SeriesCollection
   std::string text;  ///< cut to the column's width
 };
 
@@ -25,10 +25,10 @@ struct LegendPlan {
 
 /// Plans the legend of the series with a label that is not blank, in at most the room given.
 /// Empty when the view hides it or the room holds no entry.
-LegendPlan PlanLegend(const LayoutContext& context, double most_width, double most_height);
+LegendPlan PlanLegend(const DrawContext& context, double most_width, double most_height);
 
 /// Draws it with its upper left corner at `at` and notes its box in the picture.
-void DrawLegend(const LayoutContext& context,
+void DrawLegend(const DrawContext& context,
                 const LegendPlan& plan,
                 PicturePoint at,
                 ChartPicture& picture);

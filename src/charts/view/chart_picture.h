@@ -116,6 +116,12 @@ struct HitRegion {
   int point = 0;
 };
 
+/// What a click means.
+struct ChartHit {
+  int series = 0;  ///< from 1; in an XY chart a series is a pair of columns
+  int point = 0;   ///< row, from 1
+};
+
 struct ChartPicture {
   double width = 0.0;
   double height = 0.0;

@@ -24,6 +24,7 @@ void ChartView::ToDefaults() {
   Legend = {};
   Footnote = {};
   Plot = {};
+  facts = {};
   row_count_ = 0;
   column_count_ = 0;
   row_ = 1;

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "charts/view/chart_facts.h"
 #include "charts/view/chart_labels.h"
 #include "charts/view/chart_settings.h"
 
@@ -35,6 +36,7 @@ class ChartView {
   ChartText Legend;
   ChartText Footnote;
   ChartPlot Plot;
+  ChartFacts facts;
 
   int rowcount() const { return row_count_; }
   int ColumnCount() const { return column_count_; }

@@ -18,7 +18,7 @@ class ChartAdapter : public ControlAdapter {
       : ControlAdapter(box, parts.guard),
         box_(box),
         chart_(new ChartWidget(box, parts.guard, parts.parent)) {
-    if (parts.charts != nullptr) UseServices(*parts.charts);
+    if (parts.charts != nullptr) hooks_.change_period = parts.charts->change_period;
     chart_->SetHooks(hooks_);
     SetWidget(chart_);
   }
@@ -37,14 +37,6 @@ class ChartAdapter : public ControlAdapter {
   void CopyValue() override { chart_->ViewChanged(); }
 
  private:
-  void UseServices(const ChartServices& services) {
-    hooks_.change_period = services.change_period;
-    if (!services.price_text) return;
-    hooks_.price_text = [this, &services](int series, int point) {
-      return services.price_text(box_.view, series, point);
-    };
-  }
-
   ChartBox& box_;
   ChartWidget* chart_;
   ChartHooks hooks_;

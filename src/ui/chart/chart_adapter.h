@@ -3,9 +3,7 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 
-#include "charts/view/chart_view.h"
 #include "ui/controls/control_adapter.h"
 
 namespace vistaplot {
@@ -14,9 +12,6 @@ namespace vistaplot {
 struct ChartServices {
   /// Longer (above 0) or shorter time periods, that many steps of the menu.
   std::function<void(int steps)> change_period;
-  /// The price behind a point of a chart of changes; empty when there is none. Series and point
-  /// count from 1.
-  std::function<std::string(const ChartView& view, int series, int point)> price_text;
 };
 
 /// `control` is a ChartBox.

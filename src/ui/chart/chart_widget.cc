@@ -68,7 +68,7 @@ void ChartWidget::Prepare() {
   if (!stale_) return;
   stale_ = false;
   theme_ = palette().color(QPalette::Window).lightness() < kDarkest ? DarkTheme() : LightTheme();
-  read_out_line_.Prepare(control_.view, theme_, hooks_.price_text != nullptr);
+  read_out_line_.Prepare(control_.view, theme_);
   PlaceReadOut();
   LayOut();
 }
@@ -261,9 +261,9 @@ void ChartWidget::PointAt(QPointF at) {
 }
 
 void ChartWidget::ShowCrossHair(std::optional<double> near_y) {
-  const ReadOut read_out =
-      ReadRow(control_.view, cross_hair_.Row(), hooks_.price_text, theme_.dark);
-  CrossHairMarks marks = MarksOf(control_.view, picture_, cross_hair_, read_out);
+  const Stop place = cross_hair_.Place();
+  const ReadOut read_out = ReadRow(control_.view, place.row, theme_.dark, place.column);
+  CrossHairMarks marks = MarksOf(picture_, cross_hair_, read_out);
   if (chosen_series_ > static_cast<int>(read_out.entries.size())) chosen_series_ = 1;
   if (near_y) chosen_series_ = marks.NearestSeries(*near_y);
   marks.chosen_series = chosen_series_;
@@ -309,7 +309,7 @@ void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
 // shows is meant.
 int ChartWidget::RowOfClick(const ChartHit& hit) const {
   const auto is_hit = [&hit](const CrossHairPoint& point) { return point.series == hit.series; };
-  const bool over_days = control_.view.ChartType != kChartXY;
+  const bool over_days = KindOf(control_.view).Positions() == PositionAxis::kRowLabels;
   const bool read_out = over_days && cross_hair_.Shown() &&
                         std::any_of(marks_.points.begin(), marks_.points.end(), is_hit);
   return read_out ? cross_hair_.Row() : hit.point;

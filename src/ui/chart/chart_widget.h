@@ -12,13 +12,13 @@
 #include <functional>
 #include <optional>
 
-#include "charts/layout/hit_test.h"
+#include "charts/kinds/cross_hair.h"
+#include "charts/kinds/kind.h"
+#include "charts/kinds/read_out.h"
 #include "charts/layout/layout.h"
 #include "charts/view/chart_picture.h"
 #include "controls/view_controls.h"
-#include "ui/chart/crosshair.h"
 #include "ui/chart/crosshair_marks.h"
-#include "ui/chart/read_out.h"
 #include "ui/controls/event_guard.h"
 
 namespace vistaplot {
@@ -31,8 +31,6 @@ struct ChartHooks {
   std::function<void(int notches)> scroll;
   /// The wheel was turned with Ctrl: steps, above 0 to longer periods.
   std::function<void(int steps)> change_period;
-  /// The price of a point.
-  PointText price_text;
 };
 
 class ChartWidget : public QWidget {

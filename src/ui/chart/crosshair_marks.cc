@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "charts/layout/layout_parts.h"
 #include "ui/chart/qt_color.h"
 
 namespace vistaplot {
@@ -35,24 +34,17 @@ int CrossHairMarks::NearestSeries(double y) const {
   return nearest == points.end() ? 0 : nearest->series;
 }
 
-CrossHairMarks MarksOf(const ChartView& view,
-                       const ChartPicture& picture,
+CrossHairMarks MarksOf(const ChartPicture& picture,
                        const CrossHair& cross_hair,
                        const ReadOut& read_out) {
   PictureBox plot = picture.plot;
   plot.left = picture.scale.box.left;  // beside the values of the axis
   CrossHairMarks marks{plot, picture.scale.X(cross_hair.Position()), {}, 0};
-  const int row = cross_hair.Row();
-  std::size_t entry = 0;
-  for (const DrawnSeries& series : SeriesOf(view)) {
-    const PictureColor color = read_out.entries[entry++].mark;
-    if (!view.HasPoint(row, series.y_column)) continue;
-    if (series.x_column > 0 && !view.HasPoint(row, series.x_column)) continue;
-    const double position = series.x_column > 0 ? view.DataAt(row, series.x_column) : row;
-    const PicturePoint at{picture.scale.X(position),
-                          picture.scale.Y(view.DataAt(row, series.y_column))};
+  for (const ReadOutEntry& entry : read_out.entries) {
+    if (!entry.at) continue;
+    const PicturePoint at{picture.scale.X(entry.at->x), picture.scale.Y(entry.at->y)};
     if (at.y < picture.plot.top - 1.0 || at.y > picture.plot.bottom + 1.0) continue;
-    marks.points.push_back({series.number, at, color});
+    marks.points.push_back({entry.series, at, entry.mark});
   }
   return marks;
 }

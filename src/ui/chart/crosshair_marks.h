@@ -7,10 +7,10 @@
 #include <optional>
 #include <vector>
 
+#include "charts/kinds/cross_hair.h"
+#include "charts/kinds/read_out.h"
 #include "charts/view/chart_picture.h"
 #include "charts/view/palette.h"
-#include "ui/chart/crosshair.h"
-#include "ui/chart/read_out.h"
 
 namespace vistaplot {
 
@@ -33,10 +33,8 @@ struct CrossHairMarks {
   int NearestSeries(double y) const;
 };
 
-/// Where the marks lie on `picture`, which is laid out from `view`; `read_out` is the cross-hair's
-/// row.
-CrossHairMarks MarksOf(const ChartView& view,
-                       const ChartPicture& picture,
+/// Where the marks lie on `picture`; `read_out` is the cross-hair's row.
+CrossHairMarks MarksOf(const ChartPicture& picture,
                        const CrossHair& cross_hair,
                        const ReadOut& read_out);
 

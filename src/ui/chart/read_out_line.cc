@@ -31,11 +31,17 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+bool HasPrices(const ChartView& view) {
+  const auto& series = view.facts.series;
+  return IsRebased(view.facts.unit) &&
+         std::any_of(series.begin(), series.end(), [](const auto& s) { return s.base > 0.0; });
+}
+
 QString HintFor(const ChartView& view) {
-  const int quiet_from = QuietFrom(view);
-  if (quiet_from == 1) return QString::fromUtf8(kAllQuiet);
-  if (quiet_from == 0) return QString::fromUtf8(kHint);
-  const std::string day(TrimBlanks(view.RowLabelAt(quiet_from)));
+  const std::optional<int> end = HistoriesEnd(view);
+  if (!end) return QString::fromUtf8(kHint);
+  if (*end == 0) return QString::fromUtf8(kAllQuiet);
+  const std::string day(TrimBlanks(view.RowLabelAt(*end)));
   return QString::fromUtf8(kQuiet).arg(QtText(day));
 }
 
@@ -70,7 +76,7 @@ ReadOutLine::ReadOutLine(QWidget* parent) : QWidget(parent), heading_(*new ReadO
   heading_.hide();
 }
 
-void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme, bool with_prices) {
+void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme) {
   const QColor ink = QtColor(theme.title);
   if (palette().color(QPalette::WindowText) != ink) {
     QPalette colors = palette();
@@ -83,7 +89,8 @@ void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme, bool w
     hint_ = hint;
     if (!shown_) update();
   }
-  const ReadOut last = ReadRow(view, view.rowcount(), {}, theme.dark);
+  const ReadOut last = ReadRow(view, view.rowcount(), theme.dark);
+  const bool with_prices = HasPrices(view);
   const int series = view.rowcount() > 0 ? static_cast<int>(last.entries.size()) : 0;
   std::vector<std::string> labels{last.heading};
   std::replace_if(labels[0].begin(), labels[0].end(), IsDigit, '0');
@@ -198,7 +205,7 @@ std::vector<const ReadOutEntry*> ReadOutLine::EntriesInRoom(const ReadOut& read_
 
 QString ReadOutLine::CellText(const ReadOutEntry& entry, int width) const {
   const QString label = QtText(entry.label);
-  const QString value = u' ' + QtText(entry.value);
+  const QString value = u' ' + QtText(entry.text);
   const QFontMetrics metrics(font());
   if (metrics.horizontalAdvance(label + value) <= width) return label + value;
   const int room = std::max(0, width - metrics.horizontalAdvance(value));

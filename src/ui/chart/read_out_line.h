@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <vector>
 
+#include "charts/kinds/read_out.h"
 #include "charts/view/palette.h"
-#include "ui/chart/read_out.h"
 
 namespace vistaplot {
 
@@ -19,9 +19,8 @@ class ReadOutLine : public QWidget {
  public:
   explicit ReadOutLine(QWidget* parent);
 
-  /// Makes room for the series of `view`; `with_prices`: values stand behind prices. To be followed
-  /// by Show or ShowHint.
-  void Prepare(const ChartView& view, const ChartTheme& theme, bool with_prices);
+  /// Makes room for the series of `view`. To be followed by Show or ShowHint.
+  void Prepare(const ChartView& view, const ChartTheme& theme);
 
   /// The height that the series take at this width, at most `most`, at least one line; 0 for a
   /// view without series.

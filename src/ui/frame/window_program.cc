@@ -113,11 +113,7 @@ void WindowProgram::FollowFront() {
 }
 
 void WindowProgram::SetUpCharts() {
-  host_.SetChartServices({.change_period = [this](int steps) { ChangePeriod(steps); },
-                          .price_text =
-                              [this](const ChartView& view, int series, int point) {
-                                return PriceText(view, series, point);
-                              }});
+  host_.SetChartServices({.change_period = [this](int steps) { ChangePeriod(steps); }});
 }
 
 void WindowProgram::ChangePeriod(int steps) {
@@ -127,17 +123,6 @@ void WindowProgram::ChangePeriod(int steps) {
   const int wanted = std::clamp(now + steps, 0, last);
   MenuItem& period = periods[static_cast<std::size_t>(wanted)];
   if (wanted != now && period.Usable()) period.RaiseClick();
-}
-
-std::string WindowProgram::PriceText(const ChartView& view, int series, int point) {
-  SharedState& state = program_.State();
-  const Sheet& prices = state.table.SheetAt(1);
-  const std::string& symbol = view.ColumnLabelAt(series);
-  for (const std::int16_t column : state.selection.SelectedColumns) {
-    if (prices.CellText(1, column) != symbol) continue;
-    return prices.CellText(state.selection.FirstDay + point, column);
-  }
-  return {};  // an overlay, or a chart of something else
 }
 
 }  // namespace vistaplot

@@ -45,7 +45,6 @@ class WindowProgram : public QObject {
  private:
   void SetUpCharts();
   void ChangePeriod(int steps);
-  std::string PriceText(const ChartView& view, int series, int point);
   void SetUpKeys();
   void FollowFront();
   void SizeWindow();

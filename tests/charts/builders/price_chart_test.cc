@@ -145,26 +145,52 @@ TEST(PriceChart, LooksAsItsTypeScreenAndPeriodSay) {
   EXPECT_FALSE(plot.Series(1).showline);
 }
 
+// Twelve days at the same price at the end of the table look like a history that has ended.
+TEST(PriceChart, StatesWhereAHistoryHasEnded) {
+  World world(2, 40);
+  std::vector<float> prices(40, 6.0F);
+  std::fill_n(prices.begin(), 27, 5.0F);
+  world.prices.SetPriceColumn(3, "OLD", prices);  // its last own price is that of day 28
+  prices.back() = 6.5F;
+  world.prices.SetPriceColumn(2, "NEW", prices);
+  EXPECT_TRUE(world.Build().drawn);
+  const ChartFacts& facts = world.view.facts;
+  EXPECT_EQ(facts.SeriesAt(1).last_price_row, std::nullopt);
+  EXPECT_EQ(facts.SeriesAt(2).last_price_row, world.view.rowcount() - 12);
+  EXPECT_EQ(facts.SeriesAt(1).base, 5.0);
+  EXPECT_EQ(facts.unit, ValueUnit::kChange);
+}
+
 // BBB's first price is on chart day 3: "e" marks the days before with -0.5.
 TEST(PriceChart, DrawsOverlaysOnTheScaleOfTheirFund) {
   World world("AAA,BBB \n1,-1\n10,-1\n11,-1\n12,20\n13,21");
-  world.request.overlays = {{.suffixes = {"e"},
-                             .curves = [](const FundDays& days) -> std::vector<std::vector<float>> {
-                               EXPECT_EQ(days.first_day, 2);
-                               EXPECT_EQ(days.chart_days, 4);
-                               if (days.column == 2) return {{10.0F, 10.5F, 0.0F, 12.0F}};
-                               return {{-0.5F, -0.5F, 20.0F, 20.5F}};
-                             }},
-                            {.suffixes = {"b1", "ba", "b2"}, .curves = [](const FundDays&) {
-                               return std::vector<std::vector<float>>{{0.0F, 12.0F, 15.0F, 20.0F},
-                                                                      {9.0F, 0.0F, 10.0F, 11.0F},
-                                                                      {8.0F, 7.0F, 6.0F, 5.0F}};
-                             }}};
+  world.request.overlays = {
+      {.suffixes = {"e"},
+       .roles = {SeriesRole::kAverage},
+       .names = {"average 3"},
+       .curves = [](const FundDays& days) -> std::vector<std::vector<float>> {
+         EXPECT_EQ(days.first_day, 2);
+         EXPECT_EQ(days.chart_days, 4);
+         if (days.column == 2) return {{10.0F, 10.5F, 0.0F, 12.0F}};
+         return {{-0.5F, -0.5F, 20.0F, 20.5F}};
+       }},
+      {.suffixes = {"b1", "ba", "b2"},
+       .roles = {SeriesRole::kUpperBand, SeriesRole::kMiddleBand, SeriesRole::kLowerBand},
+       .names = {"upper band 2", "middle band 2", "lower band 2"},
+       .curves = [](const FundDays&) {
+         return std::vector<std::vector<float>>{
+             {0.0F, 12.0F, 15.0F, 20.0F}, {9.0F, 0.0F, 10.0F, 11.0F}, {8.0F, 7.0F, 6.0F, 5.0F}};
+       }}};
   EXPECT_TRUE(world.Build().drawn);
   EXPECT_EQ(
       Legend(world.view),
       (std::vector<std::string>{
           "AAA", "AAAe", "AAAb1", "AAAba", "AAAb2", "BBB ", "BBBe", "BBBb1", "BBBba", "BBBb2"}));
+  const SeriesFacts& band = world.view.facts.SeriesAt(10);
+  EXPECT_EQ(band.name, "BBB lower band 2");
+  EXPECT_EQ(band.role, SeriesRole::kLowerBand);
+  EXPECT_EQ(band.parent, 6);
+  EXPECT_EQ(band.base, 20.0);
   const auto single = [](float value, float base) { return double{value / base - 1.0F}; };
   EXPECT_EQ(
       Points(world.view, 2),

@@ -105,6 +105,7 @@ TEST(Layout, BlankLabelsAndLabelsUnderTheTitleAreLeftAway) {
   view.SetRowLabel(21, " ");
   view.title.Location.LocationType = kLocationBottomRight;
   view.TitleText = "CORRELATION";
+  view.facts.unit = ValueUnit::kExponent;
   view.Legend.Location.Visible = false;
   const std::vector<DrawText> labels = TextsBelow(LayOut(view));
   ASSERT_EQ(labels.size(), 2U);
@@ -156,6 +157,7 @@ TEST(Layout, ShownScalesOfAnXYChartStandBesideThePlotWithTheirTitles) {
   ChartView view = LineChart({{1.0, 2.0, 400.0}, {10.0, 20.0, 15.0}});
   view.ChartType = kChartXY;
   view.TitleText = "Ulcer Index";
+  view.facts.unit = ValueUnit::kPlain;
   view.Plot.Axis[1].AxisScale.Hide = false;
   view.Plot.Axis[0].AxisTitle.Text = "Test Case";
   view.Plot.Axis[1].AxisTitle.Text = "Ulcer Index";

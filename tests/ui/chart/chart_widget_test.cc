@@ -122,20 +122,19 @@ TEST(ChartWidget, KeysMoveTheCrossHairByDays) {
 
 TEST(ChartWidget, ThePointerSnapsToTheNearestDayAndReadsEverySeries) {
   ChartWorld world;
-  world.chart.SetHooks({{}, {}, [](int series, int point) {
-                          return series == 2 ? std::to_string(1000 + point) : std::string();
-                        }});
+  world.box.view.facts.Series(2).base = 50.0;
+  world.box.view.Refresh();
+  QCoreApplication::processEvents();
   const double day_width = (world.PlaceOf(1, 41).x() - world.PlaceOf(1, 1).x()) / 40.0;
   const int beside = static_cast<int>(day_width * 0.3);
   QTest::mouseMove(&world.chart, world.PlaceOf(3, 41) + QPoint(beside, 30));
-  EXPECT_EQ(world.chart.ReadOutText().toStdString(),
-            "d41, C1 +40.00%, C2 1041 +80.00%, C3 +120.00%");
+  EXPECT_EQ(world.chart.ReadOutText().toStdString(), "d41, C1 +40.00%, C2 90 +80.00%, C3 +120.00%");
   EXPECT_EQ(world.chart.accessibleDescription(), world.chart.ReadOutText());
   QStringList shown;
   for (const QLabel* label : world.chart.findChildren<QLabel*>()) {
     if (label->isVisible()) shown += label->text();
   }
-  EXPECT_EQ(shown.join(u'|').toStdString(), "d41|C1 +40.00%|C2 1041 +80.00%|C3 +120.00%");
+  EXPECT_EQ(shown.join(u'|').toStdString(), "d41|C1 +40.00%|C2 90 +80.00%|C3 +120.00%");
 }
 
 TEST(ChartWidget, TheCrossHairNeverPaintsTheChartAgainAndLeavesNothingBehind) {
@@ -227,8 +226,7 @@ TEST(ChartWidget, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
   std::vector<int> scrolled;
   std::vector<int> periods;
   world.chart.SetHooks({.scroll = [&](int notches) { scrolled.push_back(notches); },
-                        .change_period = [&](int steps) { periods.push_back(steps); },
-                        .price_text = {}});
+                        .change_period = [&](int steps) { periods.push_back(steps); }});
   world.Wheel({0, -120});
   for (int part = 0; part < 5; ++part) world.Wheel({0, 48});  // a touch pad's 240
   world.Wheel({-120, 0});

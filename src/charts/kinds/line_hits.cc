@@ -1,9 +1,7 @@
-#include "charts/layout/hit_test.h"
+#include "charts/kinds/line_hits.h"
 
 #include <algorithm>
 #include <cmath>
-
-#include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
 namespace {
@@ -54,7 +52,7 @@ class SeriesSearch {
   }
 
   void Search(PicturePoint at, double reach, Nearest& best) const {
-    const bool line = SettingsOf(view_, series_.number).showline;
+    const bool line = SettingsOf(view_, series_.settings).showline;
     const auto [first, last] = Rows(at.x, reach);
     for (int row = first; row <= last; ++row) {
       if (!Has(row)) continue;
@@ -82,21 +80,14 @@ class SeriesSearch {
 
 }  // namespace
 
-std::optional<ChartHit> FindPoint(const ChartView& view,
-                                  const ChartPicture& picture,
-                                  PicturePoint at,
-                                  double reach) {
-  const auto region = std::find_if(picture.regions.rbegin(),
-                                   picture.regions.rend(),
-                                   [&](const HitRegion& r) { return r.box.Contains(at); });
-  if (region != picture.regions.rend()) return ChartHit{region->series, region->point};
-  const PictureBox& plot = picture.plot;
-  const PictureBox near_plot{
-      plot.left - reach, plot.top - reach, plot.right + reach, plot.bottom + reach};
-  if (plot.Width() <= 0.0 || !near_plot.Contains(at)) return std::nullopt;
+std::optional<ChartHit> FindOnLines(const ChartView& view,
+                                    const std::vector<DrawnSeries>& all,
+                                    const PlotScale& scale,
+                                    PicturePoint at,
+                                    double reach) {
   Nearest best{{}, std::nextafter(reach, reach + 1.0)};
-  for (const DrawnSeries& series : SeriesOf(view)) {
-    SeriesSearch(view, picture.scale, series).Search(at, reach, best);
+  for (const DrawnSeries& series : all) {
+    SeriesSearch(view, scale, series).Search(at, reach, best);
   }
   if (best.hit.point == 0) return std::nullopt;
   return best.hit;

@@ -1,4 +1,4 @@
-#include "charts/layout/layout_series.h"
+#include "charts/kinds/lines.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "charts/layout/hit_test.h"
+#include "charts/kinds/kind.h"
 
 #include <gtest/gtest.h>
 

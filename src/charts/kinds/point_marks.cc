@@ -1,72 +1,17 @@
-#include "charts/layout/layout_series.h"
+#include "charts/kinds/point_marks.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
-
-#include "charts/kinds/line_thinner.h"
+#include <utility>
 
 namespace vistaplot {
 namespace {
 
-constexpr double kPixelsPerPoint = 96.0 / 72.0;
-// Widths of a pen of width 1, at scale 1: wide, less so with more than kClosePoints a unit of
-// width, and fine where wide lines would smear: with more than kDensePoints a unit, or kManyPoints
-// in all.
-constexpr double kLineWidth = 1.5;
-constexpr double kCloseWidth = 1.0;
-constexpr double kFineWidth = 0.7;
-constexpr double kClosePoints = 0.6;
-constexpr double kDensePoints = 1.5;
-constexpr double kManyPoints = 8000.0;
 constexpr double kLargestMarker = 6.0;  // of a whole series, at scale 1
 constexpr double kSmallestMarker = 3.0;
 constexpr double kMarkerStroke = 1.3;
-
-bool IsThere(PicturePoint point) {
-  return !std::isnan(point.y);
-}
-
-// The series' points on the picture, row by row; y is not a number where the point is missing.
-void PlacePoints(const ChartView& view,
-                 const DrawnSeries& series,
-                 const PlotScale& scale,
-                 std::vector<PicturePoint>& points) {
-  constexpr PicturePoint kMissing{0.0, std::numeric_limits<double>::quiet_NaN()};
-  const std::vector<double>& values = view.ColumnData(series.y_column);
-  points.assign(values.size(), kMissing);
-  const double first = scale.X(1.0);
-  const double row_width = scale.X(2.0) - first;
-  const double* positions = series.x_column > 0 ? view.ColumnData(series.x_column).data() : nullptr;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    if (!std::isfinite(values[i])) continue;
-    if (positions == nullptr) {
-      points[i] = {first + static_cast<double>(i) * row_width, scale.Y(values[i])};
-    } else if (std::isfinite(positions[i])) {
-      points[i] = {scale.X(positions[i]), scale.Y(values[i])};
-    }
-  }
-}
-
-// What is drawn of a series' line.
-struct Curve {
-  int series = 0;
-  std::vector<std::vector<PicturePoint>> pieces;
-  std::vector<PicturePoint> alone;
-};
-
-Curve ThinCurve(int series, const std::vector<PicturePoint>& points, double most, double detail) {
-  LineThinner thinner(detail, std::min(points.size(), static_cast<std::size_t>(most)));
-  for (const PicturePoint& point : points) {
-    if (IsThere(point)) {
-      thinner.Add(point);
-    } else {
-      thinner.Break();
-    }
-  }
-  thinner.Break();
-  return {series, thinner.TakePieces(), thinner.TakeAlone()};
-}
 
 // The markers of one look, each pixel once.
 class MarkerLayer {
@@ -101,13 +46,13 @@ class MarkerLayer {
   std::vector<bool> taken_;
 };
 
-double SeriesMarkerSize(const LayoutContext& context, const PlotScale& scale) {
+double SeriesMarkerSize(const DrawContext& context, const PlotScale& scale) {
   const double rows = std::max(1, context.view.rowcount());
   const double size = 1.1 * scale.box.Width() / rows / context.scale;
   return std::round(std::clamp(size, kSmallestMarker, kLargestMarker) * context.scale);
 }
 
-void StampWholeSeries(const LayoutContext& context,
+void StampWholeSeries(const DrawContext& context,
                       int series,
                       const std::vector<PicturePoint>& points,
                       const PlotScale& scale,
@@ -118,7 +63,7 @@ void StampWholeSeries(const LayoutContext& context,
   StampMarkers markers{.shape = SeriesMarkerShape(series),
                        .size = SeriesMarkerSize(context, scale),
                        .width = kMarkerStroke * context.scale,
-                       .color = SeriesInk(context, series),
+                       .color = SeriesInk(context.view, series, context.theme),
                        .centers = {}};
   for (std::size_t i = 0; i < points.size(); ++i) {
     while (next_own != own.end() && next_own->first < static_cast<int>(i) + 1) ++next_own;
@@ -133,7 +78,7 @@ bool SameLook(const StampMarkers& one, const StampMarkers& other) {
          one.color == other.color;
 }
 
-StampMarkers LookOf(const LayoutContext& context, const ChartMarker& marker, int series) {
+StampMarkers LookOf(const DrawContext& context, const ChartMarker& marker, int series) {
   return {.shape = MarkerShapeOf(marker, series),
           .size = std::max(2.0, std::round(marker.Size * kPixelsPerPoint * context.scale)),
           .width = std::max(1.0, marker.Pen.Width) * kMarkerStroke * context.scale,
@@ -141,7 +86,7 @@ StampMarkers LookOf(const LayoutContext& context, const ChartMarker& marker, int
           .centers = {}};
 }
 
-void StampOwnMarkers(const LayoutContext& context,
+void StampOwnMarkers(const DrawContext& context,
                      int series,
                      const std::vector<PicturePoint>& points,
                      ChartPicture& picture) {
@@ -159,7 +104,7 @@ void StampOwnMarkers(const LayoutContext& context,
 }
 
 // Labels in the order of the points; one that would cover an earlier one is left away.
-void WriteLabels(const LayoutContext& context,
+void WriteLabels(const DrawContext& context,
                  int series,
                  const std::vector<PicturePoint>& points,
                  std::vector<DrawText>& labels) {
@@ -187,68 +132,45 @@ void WriteLabels(const LayoutContext& context,
   }
 }
 
-std::vector<Curve> ThinCurves(const LayoutContext& context, const PlotScale& scale) {
-  constexpr double kMostPerColumn = 4.0;
-  const double most = kMostPerColumn * (scale.box.Width() * context.detail + 2.0);
-  std::vector<Curve> curves;
-  std::vector<PicturePoint> points;
-  for (const DrawnSeries& series : SeriesOf(context.view)) {
-    if (!SettingsOf(context.view, series.number).showline) continue;
-    PlacePoints(context.view, series, scale, points);
-    curves.push_back(ThinCurve(series.number, points, most, context.detail));
+}  // namespace
+
+void PlacePoints(const ChartView& view,
+                 const DrawnSeries& series,
+                 const PlotScale& scale,
+                 std::vector<PicturePoint>& points) {
+  constexpr PicturePoint kMissing{0.0, std::numeric_limits<double>::quiet_NaN()};
+  const std::vector<double>& values = view.ColumnData(series.y_column);
+  points.assign(values.size(), kMissing);
+  const double first = scale.X(1.0);
+  const double row_width = scale.X(2.0) - first;
+  const double* positions = series.x_column > 0 ? view.ColumnData(series.x_column).data() : nullptr;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (!std::isfinite(values[i])) continue;
+    if (positions == nullptr) {
+      points[i] = {first + static_cast<double>(i) * row_width, scale.Y(values[i])};
+    } else if (std::isfinite(positions[i])) {
+      points[i] = {scale.X(positions[i]), scale.Y(values[i])};
+    }
   }
-  return curves;
 }
 
-double LineWidth(const std::vector<Curve>& curves, double plot_width) {
-  double all = 0.0;
-  double most = 0.0;
-  for (const Curve& curve : curves) {
-    double points = 0.0;
-    for (const auto& piece : curve.pieces) points += static_cast<double>(piece.size());
-    all += points;
-    most = std::max(most, points);
-  }
-  if (all > kManyPoints || most > kDensePoints * plot_width) return kFineWidth;
-  return most > kClosePoints * plot_width ? kCloseWidth : kLineWidth;
-}
-
-void DrawCurve(const LayoutContext& context, Curve curve, double width, ChartPicture& picture) {
-  const double pen = std::max(SettingsOf(context.view, curve.series).Pen.Width, 0.5);
-  const double drawn = std::max(1.0, pen * width * context.scale);
-  const PictureColor ink = SeriesInk(context, curve.series);
-  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, drawn});
-  if (curve.alone.empty()) return;
-  picture.Add(StampMarkers{.shape = MarkerShape::kDot,
-                           .size = std::round(drawn + 2.0 * context.scale),
-                           .width = 0.0,
-                           .color = ink,
-                           .centers = std::move(curve.alone)});
-}
-
-void DrawMarkers(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
+void DrawPointMarks(const DrawContext& context,
+                    const std::vector<DrawnSeries>& all,
+                    const PlotScale& scale,
+                    ChartPicture& picture) {
   std::vector<PicturePoint> points;
   std::vector<DrawText> labels;  // above all markers
-  for (const DrawnSeries& series : SeriesOf(context.view)) {
-    const ChartSeries& settings = SettingsOf(context.view, series.number);
+  for (const DrawnSeries& series : all) {
+    const ChartSeries& settings = SettingsOf(context.view, series.settings);
     if (!settings.SeriesMarker.Show && settings.DataPoints.items.empty()) continue;
     PlacePoints(context.view, series, scale, points);
     if (settings.SeriesMarker.Show) {
-      StampWholeSeries(context, series.number, points, scale, picture);
+      StampWholeSeries(context, series.settings, points, scale, picture);
     }
-    StampOwnMarkers(context, series.number, points, picture);
-    WriteLabels(context, series.number, points, labels);
+    StampOwnMarkers(context, series.settings, points, picture);
+    WriteLabels(context, series.settings, points, labels);
   }
   for (DrawText& label : labels) picture.Add(std::move(label));
-}
-
-}  // namespace
-
-void DrawSeries(const LayoutContext& context, const PlotScale& scale, ChartPicture& picture) {
-  std::vector<Curve> curves = ThinCurves(context, scale);
-  const double width = LineWidth(curves, scale.box.Width());
-  for (Curve& curve : curves) DrawCurve(context, std::move(curve), width, picture);
-  DrawMarkers(context, scale, picture);
 }
 
 }  // namespace vistaplot

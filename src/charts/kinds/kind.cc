@@ -1,0 +1,84 @@
+#include "charts/kinds/kind.h"
+
+#include <algorithm>
+
+#include "charts/kinds/lines.h"
+
+namespace vistaplot {
+namespace {
+
+FigureKind NamedBy(int chart_type) {
+  switch (chart_type) {
+    case kChartXY:
+      return FigureKind::kXY;
+    case kChartStock:
+      return FigureKind::kCandles;
+    case kChartSurface:
+      return FigureKind::kSurface;
+    case kChartContour:
+      return FigureKind::kContour;
+    default:
+      return FigureKind::kLines;
+  }
+}
+
+/// A chart of a kind that is not drawn: its frame stays empty.
+class NoFigures : public Kind {
+ public:
+  std::vector<DrawnSeries> Series(const ChartView& /*view*/) const override { return {}; }
+  AxisRanges Values(const ChartView& view) const override {
+    return {RowRange(view.rowcount()), FixedOrMargin(view, EmptyRange())};
+  }
+  void Draw(const DrawContext& /*context*/,
+            const PlotScale& /*scale*/,
+            ChartPicture& /*picture*/) const override {}
+  std::optional<ChartHit> HitAt(const ChartView& /*view*/,
+                                const ChartPicture& /*picture*/,
+                                PicturePoint /*at*/,
+                                double /*reach*/) const override {
+    return std::nullopt;
+  }
+  StopList Stops(const ChartView& /*view*/) const override { return {}; }
+  ReadOut ReadAt(const ChartView& /*view*/,
+                 int /*row*/,
+                 int /*column*/,
+                 const ChartTheme& /*theme*/) const override {
+    return {};
+  }
+};
+
+const NoFigures kNoFigures;
+
+}  // namespace
+
+const Kind& KindOf(const ChartView& view) {
+  const FigureKind stated = view.facts.kind;
+  switch (stated == FigureKind::kOfChartType ? NamedBy(view.ChartType) : stated) {
+    case FigureKind::kXY:
+    case FigureKind::kBoxes:
+      return PointsOverValues();
+    case FigureKind::kCandles:
+    case FigureKind::kContour:
+    case FigureKind::kSurface:
+      return kNoFigures;
+    default:
+      return LinesOverRows();
+  }
+}
+
+std::optional<ChartHit> FindPoint(const ChartView& view,
+                                  const ChartPicture& picture,
+                                  PicturePoint at,
+                                  double reach) {
+  const auto region = std::find_if(picture.regions.rbegin(),
+                                   picture.regions.rend(),
+                                   [&](const HitRegion& r) { return r.box.Contains(at); });
+  if (region != picture.regions.rend()) return ChartHit{region->series, region->point};
+  const PictureBox& plot = picture.plot;
+  const PictureBox near_plot{
+      plot.left - reach, plot.top - reach, plot.right + reach, plot.bottom + reach};
+  if (plot.Width() <= 0.0 || !near_plot.Contains(at)) return std::nullopt;
+  return KindOf(view).HitAt(view, picture, at, reach);
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,244 @@
+#include "charts/kinds/lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+#include "base/text.h"
+#include "charts/kinds/line_hits.h"
+#include "charts/kinds/line_thinner.h"
+#include "charts/kinds/point_marks.h"
+
+namespace vistaplot {
+namespace {
+
+// Widths of a pen of width 1, at scale 1: wide, less so with more than kClosePoints a unit of
+// width, and fine where wide lines would smear: with more than kDensePoints a unit, or kManyPoints
+// in all.
+constexpr double kLineWidth = 1.5;
+constexpr double kCloseWidth = 1.0;
+constexpr double kFineWidth = 0.7;
+constexpr double kClosePoints = 0.6;
+constexpr double kDensePoints = 1.5;
+constexpr double kManyPoints = 8000.0;
+
+// What is drawn of a series' line.
+struct Curve {
+  int series = 0;
+  std::vector<std::vector<PicturePoint>> pieces;
+  std::vector<PicturePoint> alone;
+};
+
+Curve ThinCurve(int series, const std::vector<PicturePoint>& points, double most, double detail) {
+  LineThinner thinner(detail, std::min(points.size(), static_cast<std::size_t>(most)));
+  for (const PicturePoint& point : points) {
+    if (IsThere(point)) {
+      thinner.Add(point);
+    } else {
+      thinner.Break();
+    }
+  }
+  thinner.Break();
+  return {series, thinner.TakePieces(), thinner.TakeAlone()};
+}
+
+std::vector<Curve> ThinCurves(const DrawContext& context,
+                              const std::vector<DrawnSeries>& all,
+                              const PlotScale& scale) {
+  constexpr double kMostPerColumn = 4.0;
+  const double most = kMostPerColumn * (scale.box.Width() * context.detail + 2.0);
+  std::vector<Curve> curves;
+  std::vector<PicturePoint> points;
+  for (const DrawnSeries& series : all) {
+    if (!SettingsOf(context.view, series.settings).showline) continue;
+    PlacePoints(context.view, series, scale, points);
+    curves.push_back(ThinCurve(series.settings, points, most, context.detail));
+  }
+  return curves;
+}
+
+double LineWidth(const std::vector<Curve>& curves, double plot_width) {
+  double all = 0.0;
+  double most = 0.0;
+  for (const Curve& curve : curves) {
+    double points = 0.0;
+    for (const auto& piece : curve.pieces) points += static_cast<double>(piece.size());
+    all += points;
+    most = std::max(most, points);
+  }
+  if (all > kManyPoints || most > kDensePoints * plot_width) return kFineWidth;
+  return most > kClosePoints * plot_width ? kCloseWidth : kLineWidth;
+}
+
+void DrawCurve(const DrawContext& context, Curve curve, double width, ChartPicture& picture) {
+  const double pen = std::max(SettingsOf(context.view, curve.series).Pen.Width, 0.5);
+  const double drawn = std::max(1.0, pen * width * context.scale);
+  const PictureColor ink = SeriesInk(context.view, curve.series, context.theme);
+  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, drawn});
+  if (curve.alone.empty()) return;
+  picture.Add(StampMarkers{.shape = MarkerShape::kDot,
+                           .size = std::round(drawn + 2.0 * context.scale),
+                           .width = 0.0,
+                           .color = ink,
+                           .centers = std::move(curve.alone)});
+}
+
+/// What lines over rows and over X values share.
+class LineKind : public Kind {
+ public:
+  void Draw(const DrawContext& context,
+            const PlotScale& scale,
+            ChartPicture& picture) const override {
+    const std::vector<DrawnSeries> all = Series(context.view);
+    std::vector<Curve> curves = ThinCurves(context, all, scale);
+    const double width = LineWidth(curves, scale.box.Width());
+    for (Curve& curve : curves) DrawCurve(context, std::move(curve), width, picture);
+    DrawPointMarks(context, all, scale, picture);
+  }
+
+  std::optional<ChartHit> HitAt(const ChartView& view,
+                                const ChartPicture& picture,
+                                PicturePoint at,
+                                double reach) const override {
+    return FindOnLines(view, Series(view), picture.scale, at, reach);
+  }
+
+  ReadOut ReadAt(const ChartView& view,
+                 int row,
+                 int /*column*/,
+                 const ChartTheme& theme) const override {
+    const std::vector<DrawnSeries> all = Series(view);
+    ReadOut read_out{Heading(view, all, row), {}, {}};
+    read_out.at = read_out.heading;
+    read_out.entries.reserve(all.size());
+    for (const DrawnSeries& series : all) {
+      read_out.entries.push_back(ReadEntry(view, series, row, theme));
+    }
+    return read_out;
+  }
+
+ protected:
+  virtual std::string Heading(const ChartView& view,
+                              const std::vector<DrawnSeries>& all,
+                              int row) const = 0;
+
+ private:
+  static ReadOutEntry ReadEntry(const ChartView& view,
+                                const DrawnSeries& series,
+                                int row,
+                                const ChartTheme& theme) {
+    ReadOutEntry entry{.series = series.number,
+                       .mark = SeriesInk(view, series.settings, theme),
+                       .label = ReadOutName(view, series),
+                       .text = kNoReading,
+                       .values = {},
+                       .at = {}};
+    if (!view.HasPoint(row, series.y_column)) return entry;
+    const double value = view.DataAt(row, series.y_column);
+    if (series.x_column == 0) {
+      entry.at = PicturePoint{1.0 * row, value};
+    } else if (view.HasPoint(row, series.x_column)) {
+      entry.at = PicturePoint{view.DataAt(row, series.x_column), value};
+    }
+    entry.values.push_back(ReadValue(view, series, value));
+    entry.text = entry.values.front().text;
+    return entry;
+  }
+};
+
+class RowLines : public LineKind {
+ public:
+  std::vector<DrawnSeries> Series(const ChartView& view) const override {
+    std::vector<DrawnSeries> series;
+    series.reserve(static_cast<std::size_t>(view.ColumnCount()));
+    for (int c = 1; c <= view.ColumnCount(); ++c) {
+      series.push_back({.number = c, .settings = c, .x_column = 0, .y_column = c});
+    }
+    return series;
+  }
+
+  AxisRanges Values(const ChartView& view) const override {
+    ValueRange values = EmptyRange();
+    for (int c = 1; c <= view.ColumnCount(); ++c) IncludeFinite(values, view.ColumnData(c));
+    if (IsRebased(view.facts.unit)) values = WithoutNoise(values);
+    return {RowRange(view.rowcount()), FixedOrMargin(view, values)};
+  }
+
+  StopList Stops(const ChartView& view) const override {
+    return view.ColumnCount() > 0 ? StopList::OfRows(view.rowcount()) : StopList();
+  }
+
+ protected:
+  std::string Heading(const ChartView& view,
+                      const std::vector<DrawnSeries>& /*all*/,
+                      int row) const override {
+    const std::string label(TrimBlanks(view.RowLabelAt(row)));
+    const ChartFacts& facts = view.facts;
+    if (label.empty() && facts.last_real_row > 0 && row > facts.last_real_row) {
+      return "forecast day " + std::to_string(row - facts.last_real_row);
+    }
+    return facts.row_name.empty() ? label : facts.row_name + " " + label;
+  }
+};
+
+class XyLines : public LineKind {
+ public:
+  PositionAxis Positions() const override { return PositionAxis::kNumbers; }
+
+  std::vector<DrawnSeries> Series(const ChartView& view) const override {
+    std::vector<DrawnSeries> series;
+    for (int c = 1; c + 1 <= view.ColumnCount(); c += 2) {
+      const int number = (c + 1) / 2;
+      series.push_back({.number = number, .settings = number, .x_column = c, .y_column = c + 1});
+    }
+    return series;
+  }
+
+  AxisRanges Values(const ChartView& view) const override {
+    AxisRanges ranges{EmptyRange(), EmptyRange()};
+    for (const DrawnSeries& series : Series(view)) {
+      IncludePairs(ranges, view.ColumnData(series.x_column), view.ColumnData(series.y_column));
+    }
+    return {WithMargin(ranges.positions, 0.02), FixedOrMargin(view, ranges.values)};
+  }
+
+  StopList Stops(const ChartView& view) const override {
+    const std::vector<DrawnSeries> all = Series(view);
+    std::vector<Stop> stops;
+    for (int row = 1; row <= view.rowcount(); ++row) {
+      const auto drawn = std::find_if(all.begin(), all.end(), [&](const DrawnSeries& s) {
+        return view.HasPoint(row, s.x_column) && view.HasPoint(row, s.y_column);
+      });
+      if (drawn == all.end()) continue;
+      stops.push_back({.position = view.DataAt(row, drawn->x_column), .row = row});
+    }
+    return StopList(std::move(stops));
+  }
+
+ protected:
+  std::string Heading(const ChartView& view,
+                      const std::vector<DrawnSeries>& all,
+                      int row) const override {
+    for (const DrawnSeries& drawn : all) {
+      if (view.HasPoint(row, drawn.x_column)) {
+        return PlainValueText(view.DataAt(row, drawn.x_column));
+      }
+    }
+    return std::string(TrimBlanks(view.RowLabelAt(row)));
+  }
+};
+
+}  // namespace
+
+const Kind& LinesOverRows() {
+  static const RowLines kind;
+  return kind;
+}
+
+const Kind& PointsOverValues() {
+  static const XyLines kind;
+  return kind;
+}
+
+}  // namespace vistaplot
