@@ -37,7 +37,7 @@ inline bool IsRebased(ValueUnit unit) {
 
 /// What a series stands for; drawing tells them apart by weight, shade and dash.
 enum class SeriesRole {
-  kPlain,            ///< a fund's price, or anything that is the chart's own subject
+  kPlain,            ///< a fund's price or bars, or anything that is the chart's own subject
   kAverage,          ///< exponential
   kAdaptiveAverage,  ///< adaptive
   kStop,             ///< parabolic
@@ -51,6 +51,7 @@ enum class SeriesRole {
 
 struct SeriesFacts {
   /// For the read-out: "ABC upper band 20", "Trend", "peak 1". Empty: the column's label.
+  /// Of bars and boxes, the fund alone ("ABC").
   std::string name;
   SeriesRole role = SeriesRole::kPlain;
   /// The series whose hue this one takes (an overlay its fund's price); 0: its own.
@@ -62,6 +63,13 @@ struct SeriesFacts {
   std::optional<int> last_price_row;
 };
 
+/// One box of a point-and-figure chart.
+struct BoxFacts {
+  std::string date;    ///< of the day that added it: "03/14/23"
+  double size = 0.0;   ///< its height on the level axis; it stands about its level
+  bool rises = false;  ///< an X, else an O
+};
+
 struct ChartFacts {
   FigureKind kind = FigureKind::kOfChartType;
   ValueUnit unit = ValueUnit::kPlain;
@@ -69,10 +77,11 @@ struct ChartFacts {
   int last_real_row = 0;
   /// What a row is where its label alone does not tell: "period". Empty on charts of days.
   std::string row_name;
-  /// Element s - 1 belongs to series s; may be shorter than the series.
+  /// Element s - 1 belongs to series s as clicks count them (of bars, a fund's four columns are one
+  /// series); may be shorter than the series.
   std::vector<SeriesFacts> series;
-  /// Of charts of boxes, the date of box `row` ("03/14/23") at index row - 1.
-  std::vector<std::string> box_dates;
+  /// Of charts of boxes, the box of row r at index r - 1; rows behind are fillers.
+  std::vector<BoxFacts> boxes;
 
   /// The facts of series `number`, made on first use. Valid until the next series is made.
   SeriesFacts& Series(int number);
