@@ -1,7 +1,6 @@
-#include "charts/kinds/kind.h"
-
 #include <gtest/gtest.h>
 
+#include "charts/kinds/kind.h"
 #include "support/chart_pictures.h"
 
 namespace vistaplot {
