@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <vector>
 
 #include "base/text.h"
 
@@ -96,6 +97,70 @@ std::optional<DateParts> SplitDate(std::string_view text) {
   return DateParts{.year = c, .month = a, .day = b};
 }
 
+// The date of parts in digits; a year of two digits is of this or the last century.
+std::optional<DateSerial> DateOfParts(const DateParts& parts, int month) {
+  if (parts.day.size() > 2) return std::nullopt;
+  const int year = SmallNumber(parts.year);
+  CivilDate date{.year = year, .month = month, .day = SmallNumber(parts.day)};
+  if (parts.year.size() == 2 && year >= 0) {
+    date.year = FullYear(year);
+  } else if (parts.year.size() != 4) {
+    return std::nullopt;
+  }
+  if (!IsValidDate(date)) return std::nullopt;
+  return SerialFromDate(date);
+}
+
+// 1 to 12 for an English month's name or its beginning, three letters at least; else 0.
+int MonthOfName(std::string_view text) {
+  constexpr std::array<std::string_view, 12> kMonths = {"January",
+                                                        "February",
+                                                        "March",
+                                                        "April",
+                                                        "May",
+                                                        "June",
+                                                        "July",
+                                                        "August",
+                                                        "September",
+                                                        "October",
+                                                        "November",
+                                                        "December"};
+  if (text.size() < 3) return 0;
+  for (std::size_t i = 0; i < kMonths.size(); ++i) {
+    if (StartsWithIgnoringCase(kMonths[i], text)) return static_cast<int>(i) + 1;
+  }
+  return 0;
+}
+
+// The parts between blanks and the signs that part dates.
+std::vector<std::string_view> DateWords(std::string_view text) {
+  constexpr std::string_view kBetween = " \t,./-";
+  std::vector<std::string_view> words;
+  std::size_t at = text.find_first_not_of(kBetween);
+  while (at != std::string_view::npos) {
+    const std::size_t end = std::min(text.find_first_of(kBetween, at), text.size());
+    words.push_back(text.substr(at, end - at));
+    at = text.find_first_not_of(kBetween, end);
+  }
+  return words;
+}
+
+// A name among three words leaves day and year: the year has four digits or comes last.
+std::optional<DateSerial> DateWithMonthName(const std::vector<std::string_view>& words) {
+  for (std::size_t name = 0; name < words.size(); ++name) {
+    const int month = MonthOfName(words[name]);
+    if (month == 0) continue;
+    const std::string_view first = words[name == 0 ? 1 : 0];
+    const std::string_view second = words[name == 2 ? 1 : 2];
+    const bool year_first = first.size() == 4;
+    return DateOfParts({.year = year_first ? first : second,
+                        .month = words[name],
+                        .day = year_first ? second : first},
+                       month);
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 DateSerial SerialFromDate(const CivilDate& date) {
@@ -145,16 +210,22 @@ void AppendDateText(std::string& text, DateSerial serial, DatePattern pattern) {
 
 std::optional<DateSerial> ParseDate(std::string_view text) {
   const auto parts = SplitDate(TrimWhite(text));
-  if (!parts || parts->month.size() > 2 || parts->day.size() > 2) return std::nullopt;
-  const int year = SmallNumber(parts->year);
-  CivilDate date{.year = year, .month = SmallNumber(parts->month), .day = SmallNumber(parts->day)};
-  if (parts->year.size() == 2 && year >= 0) {
-    date.year = FullYear(year);
-  } else if (parts->year.size() != 4) {
-    return std::nullopt;
-  }
-  if (!IsValidDate(date)) return std::nullopt;
-  return SerialFromDate(date);
+  if (!parts || parts->month.size() > 2) return std::nullopt;
+  return DateOfParts(*parts, SmallNumber(parts->month));
+}
+
+std::optional<DateSerial> ParseTypedDate(std::string_view text) {
+  if (const auto date = ParseDate(text)) return date;
+  const std::vector<std::string_view> words = DateWords(text);
+  if (words.size() != 3) return std::nullopt;
+  if (const auto date = DateWithMonthName(words)) return date;
+  const bool has_points = text.find('.') != std::string_view::npos;
+  if (!has_points || text.find_first_of("/-,") != std::string_view::npos) return std::nullopt;
+  if (words[1].size() > 2) return std::nullopt;
+  const bool year_first = words[0].size() == 4;
+  return DateOfParts(
+      {.year = words[year_first ? 0 : 2], .month = words[1], .day = words[year_first ? 2 : 0]},
+      SmallNumber(words[1]));
 }
 
 DateSerial MonthsBefore(DateSerial serial, int months) {

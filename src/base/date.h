@@ -41,6 +41,12 @@ void AppendDateText(std::string& text, DateSerial serial, DatePattern pattern);
 /// yyyy/mm/dd. "/" and "-" count alike; blanks around are dropped. Nothing when it is no date.
 std::optional<DateSerial> ParseDate(std::string_view text);
 
+/// A date as a person types it into a box: all that ParseDate takes, and dates with an English
+/// month's name or its first letters, at least three ("Dec 24, 1999", "24-Dec-1999",
+/// "24 December 99"), and dates with points, which have the day first ("24.12.1999"). Nothing when
+/// it is no date.
+std::optional<DateSerial> ParseTypedDate(std::string_view text);
+
 /// Months earlier: the same day of that month, or its last day where the month is shorter
 /// (31 March less one month is 28 or 29 February). A year is 12 months.
 DateSerial MonthsBefore(DateSerial serial, int months);

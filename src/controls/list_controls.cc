@@ -62,10 +62,8 @@ void ListBox::SetListIndex(int index) {
 
 void ListBox::MoveTo(int index) {
   if (index < 0 || index >= Count()) return;
-  if (SelectedPositions().size() <= 1) {
-    selected_.assign(static_cast<std::size_t>(Count()), false);
-    selected_[static_cast<std::size_t>(index)] = true;
-  }
+  selected_.assign(static_cast<std::size_t>(Count()), false);
+  selected_[static_cast<std::size_t>(index)] = true;
   SetListIndex(index);
 }
 

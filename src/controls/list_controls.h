@@ -73,8 +73,8 @@ class ListBox : public EntryControl {
   /// selection it is the selected one as well.
   void SetListIndex(int index);
 
-  /// Moves to an entry as typing its name does: it becomes current, and with at most one entry
-  /// selected before, the selected one. Several selected entries stay.
+  /// Moves to an entry as typing its name does: it becomes current and the only selected one, and
+  /// Click is raised. Positions outside are ignored.
   void MoveTo(int index);
 
   bool Selected(int position) const;

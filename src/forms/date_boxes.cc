@@ -5,13 +5,31 @@
 
 #include "base/date.h"
 #include "base/number_text.h"
+#include "base/text.h"
 #include "marketdata/date_entry.h"
 
 namespace vistaplot {
 
-void CheckDateEntry(TextBox& date_box, TextBox& day_box, const MarketCalendar& calendar) {
+namespace {
+
+/// A typed text as a note quotes it, cut where it is long.
+std::string Quoted(const std::string& text) {
+  constexpr std::size_t kShown = 16;
+  const bool cut = CharacterCount(text) > kShown;
+  return '"' + std::string(LeftCharacters(text, kShown)) + (cut ? "...\"" : "\"");
+}
+
+}  // namespace
+
+void CheckDateEntry(TextBox& date_box,
+                    TextBox& day_box,
+                    const MarketCalendar& calendar,
+                    Label* note) {
   const auto entry = SnapDateEntry(date_box.Text(), calendar);
   if (!entry) return;
+  if (note != nullptr) {
+    note->SetCaption(entry->is_date ? std::string() : Quoted(date_box.Text()) + " is no date");
+  }
   day_box.SetText(std::to_string(entry->day));
   if (entry->exact) return;
   date_box.SetText(entry->text);

@@ -53,6 +53,8 @@ FrmFam::FrmFam(const Context& context)
   }
   Add({{&cmdOK, "cmdOK", "OK", At(480, 1920, 1320, 420)},
        {&cmdSave, "cmdSave", "Save", At(1980, 1920, 1320, 420)}});
+  Add({{&lblBegNote, "lblBegNote", "", At(2880, 210, 2520, 255)},
+       {&lblEndNote, "lblEndNote", "", At(2880, 630, 2520, 255)}});
   txtBegDate2.SetVisible(false);
   txtEndDate2.SetVisible(false);
   txtbegDate.LostFocus = [this] { txtbegDate_LostFocus(); };
@@ -63,6 +65,8 @@ FrmFam::FrmFam(const Context& context)
 
 void FrmFam::Form_Load() {
   const MarketCalendar& calendar = context_.state.market.calendar;
+  lblBegNote.SetCaption("");
+  lblEndNote.SetCaption("");
   txtEndDate2.SetText(std::to_string(calendar.MaxNumDays));
   txtBegDate2.SetText(DayOfSetting(context_.settings.Get("begdate"), calendar));
   ShowDateOfDay(txtbegDate, txtBegDate2, calendar);
@@ -73,11 +77,11 @@ void FrmFam::Form_Load() {
 }
 
 void FrmFam::txtbegDate_LostFocus() {
-  CheckDateEntry(txtbegDate, txtBegDate2, context_.state.market.calendar);
+  CheckDateEntry(txtbegDate, txtBegDate2, context_.state.market.calendar, &lblBegNote);
 }
 
 void FrmFam::txtEndDate_LostFocus() {
-  CheckDateEntry(txtEndDate, txtEndDate2, context_.state.market.calendar);
+  CheckDateEntry(txtEndDate, txtEndDate2, context_.state.market.calendar, &lblEndNote);
 }
 
 // A button that Enter pressed does not take the focus from the box.

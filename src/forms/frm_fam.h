@@ -18,6 +18,8 @@ class FrmFam : public Form {
   Label lblbegdate;
   Label lblEndDate;
   Label lblDays;
+  Label lblBegNote;  ///< beside a date box whose text is no date; else empty
+  Label lblEndNote;
   TextBox txtbegDate;   ///< begin date, "mm/dd/yyyy"
   TextBox txtBegDate2;  ///< its market day
   TextBox txtEndDate;

@@ -15,6 +15,7 @@ FrmGraph::FrmGraph(const Context& context)
        {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
   VtChart1.SetDescription("Graph");
   HScroll1.SetDescription("Last day shown");
+  HScroll1.SetEnabled(false);  // until a chart is drawn
   HScroll1.Change = [this] { HScroll1_Change(); };
   VtChart1.PointSelected = [this](PointSelection& selection) { VtChart1_PointSelected(selection); };
 }
@@ -24,19 +25,21 @@ void FrmGraph::Form_Load() {
 }
 
 void FrmGraph::HScroll1_Change() {
-  context_.screens.price_graph.Scrolled(HScroll1.Value(), ScrolledScreen::kGraph);
+  context_.screens.drawing.Scrolled(PriceScreen::kGraph);
 }
 
 void FrmGraph::VtChart1_PointSelected(PointSelection& selection) {
-  if (context_.screens.frmTab.ChosenDataType() != DataType::kPrices) {
-    selection.Cancel = true;
+  const GraphSelection& drawn = context_.state.selection;
+  const bool is_prices = context_.screens.frmTab.ChosenDataType() == DataType::kPrices;
+  if (!is_prices || drawn.SelectedCount == 0) {
+    selection.Cancel = true;  // no prices, or others than those of the chart
     return;
   }
   const Sheet& prices = context_.state.table.SheetAt(kPriceSheet);
-  const int row = selection.DataPoint + context_.state.selection.FirstDay;
+  const int row = selection.DataPoint + drawn.FirstDay;
   const auto date = ParseDate(prices.CellText(row, 1));
   if (!date) {
-    selection.Cancel = true;  // the prices behind this chart are gone
+    selection.Cancel = true;
     return;
   }
   const std::string day = DateText(*date, DatePattern::kMonthDayShortYear);

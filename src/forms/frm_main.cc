@@ -39,12 +39,43 @@ constexpr std::array<std::string_view, 12> kTips = {"Graph",
 
 constexpr int kTipInterval = 500;  ///< milliseconds
 
-/// A tool button's place by its position in the bar, in twips.
-Place ToolPlace(int position) {
+/// The place of tool `number` - 1 in twips; a gap parts those that show screens from the others.
+Place ToolPlace(std::size_t tool) {
+  constexpr std::size_t kFirstScreenTool = 8;
+  const std::size_t position = tool < kFirstScreenTool ? tool : tool + 1;
   return At(60.0F + 420.0F * static_cast<float>(position), 30.0F, 390.0F, 390.0F);
 }
 
 }  // namespace
+
+void TimePeriodMenu::Check(int index) {
+  for (MenuItem& period : mnuTimePeriod) period.SetChecked(false);
+  mnuTimePeriod[static_cast<std::size_t>(index)].SetChecked(true);
+}
+
+std::array<Button*, 12> ToolBar::Buttons() {
+  return {&cmdGraph,
+          &cmdSort,
+          &cmdSortAll,
+          &cmdPrev,
+          &cmdNext,
+          &cmdSpectBack,
+          &cmdSpectFwd,
+          &cmdClear,
+          &cmdShowMain,
+          &cmdShowData,
+          &cmdShowGraph,
+          &cmdShowCalc};
+}
+
+void ToolBar::ShowFundSteps(bool shown) {
+  cmdPrev.SetVisible(shown);
+  cmdNext.SetVisible(shown);
+}
+
+void ToolBar::ShowSpectrumTools(bool shown) {
+  for (Button* button : {&cmdSpectBack, &cmdSpectFwd, &cmdClear}) button->SetVisible(shown);
+}
 
 FrmMain::FrmMain(const Context& context)
     : Form("FrmMain", "Vistaplot", FormStyle::kFrame, context.host), context_(context) {
@@ -66,11 +97,16 @@ void FrmMain::DesignMenus() {
        {&mnuEditCopy, "mnuEditCopy", "&Copy", {}, &mnuEdit},
        {&mnuEditSort, "mnuEditSort", "&Sort", {}, &mnuEdit},
        {&mnuEditSortAll, "mnuEditSortAll", "Sort &All", {}, &mnuEdit},
-       {&mnuTime, "mnuTime", "&Time Period", {}}});
-  for (std::size_t i = 0; i < mnuTimePeriod.size(); ++i) {
-    Add({{&mnuTimePeriod[i], "mnuTimePeriod", kPeriodNames[i], {}, &mnuTime, static_cast<int>(i)}});
+       {&periods.mnuTime, "mnuTime", "&Time Period", {}}});
+  for (std::size_t i = 0; i < kPeriodNames.size(); ++i) {
+    Add({{&periods.mnuTimePeriod[i],
+          "mnuTimePeriod",
+          kPeriodNames[i],
+          {},
+          &periods.mnuTime,
+          static_cast<int>(i)}});
   }
-  mnuTimePeriod[0].SetChecked(true);
+  periods.Check(0);
   Add({{&mnuFamily, "mnuFamily", "F&und Analysis", {}},
        {&mnuFamilySelect, "mnuFamilySelect", "&Parameters", {}, &mnuFamily},
        {&mnuWindow, "mnuWindow", "Window", {}},
@@ -86,26 +122,29 @@ void FrmMain::DesignMenus() {
 }
 
 void FrmMain::DesignToolBar() {
-  Add({{&pnlTool, "pnlTool", "", At(0, 0, 9600, 450)},
-       {&cmdGraph, "cmdGraph", kTips[0], ToolPlace(0), &pnlTool},
-       {&cmdSort, "cmdSort", kTips[1], ToolPlace(1), &pnlTool},
-       {&cmdSortAll, "cmdSortAll", kTips[2], ToolPlace(2), &pnlTool},
-       {&cmdPrev, "cmdPrev", kTips[3], ToolPlace(3), &pnlTool},
-       {&cmdNext, "cmdNext", kTips[4], ToolPlace(4), &pnlTool},
-       {&cmdSpectBack, "cmdSpectBack", kTips[5], ToolPlace(5), &pnlTool},
-       {&cmdSpectFwd, "cmdSpectFwd", kTips[6], ToolPlace(6), &pnlTool},
-       {&cmdClear, "cmdClear", kTips[7], ToolPlace(7), &pnlTool},
-       {&cmdShowMain, "cmdShowMain", kTips[8], ToolPlace(9), &pnlTool},
-       {&cmdShowData, "cmdShowData", kTips[9], ToolPlace(10), &pnlTool},
-       {&cmdShowGraph, "cmdShowGraph", kTips[10], ToolPlace(11), &pnlTool},
-       {&cmdShowCalc, "cmdShowCalc", kTips[11], ToolPlace(12), &pnlTool},
-       {&TxtToolTip, "TxtToolTip", "", At(5640, 75, 2100, 300), &pnlTool},
-       {&Timer1, "Timer1", "", {}}});
-  Timer1.interval = kTipInterval;
-  for (Button* button : {&cmdPrev, &cmdNext, &cmdSpectBack, &cmdSpectFwd, &cmdClear}) {
-    button->SetVisible(false);
+  constexpr std::array<std::string_view, 12> kNames = {"cmdGraph",
+                                                       "cmdSort",
+                                                       "cmdSortAll",
+                                                       "cmdPrev",
+                                                       "cmdNext",
+                                                       "cmdSpectBack",
+                                                       "cmdSpectFwd",
+                                                       "cmdClear",
+                                                       "cmdShowMain",
+                                                       "cmdShowData",
+                                                       "cmdShowGraph",
+                                                       "cmdShowCalc"};
+  Add({{&tools.pnlTool, "pnlTool", "", At(0, 0, 9600, 450)}});
+  const std::array<Button*, 12> buttons = tools.Buttons();
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    Add({{buttons[i], kNames[i], kTips[i], ToolPlace(i), &tools.pnlTool}});
   }
-  TxtToolTip.SetVisible(false);
+  Add({{&tools.TxtToolTip, "TxtToolTip", "", At(5640, 75, 2100, 300), &tools.pnlTool},
+       {&tools.Timer1, "Timer1", "", {}}});
+  tools.Timer1.interval = kTipInterval;
+  tools.ShowFundSteps(false);
+  tools.ShowSpectrumTools(false);
+  tools.TxtToolTip.SetVisible(false);
 }
 
 void FrmMain::DesignPanels() {
@@ -123,8 +162,8 @@ void FrmMain::ConnectMenus() {
   mnuFilePrint.Click = [this] { mnuFilePrint_Click(); };
   mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
   mnuFileExit.Click = [this] { mnuFileExit_Click(); };
-  for (std::size_t i = 0; i < mnuTimePeriod.size(); ++i) {
-    mnuTimePeriod[i].Click = [this, i] { mnuTimePeriod_Click(static_cast<int>(i)); };
+  for (std::size_t i = 0; i < periods.mnuTimePeriod.size(); ++i) {
+    periods.mnuTimePeriod[i].Click = [this, i] { mnuTimePeriod_Click(static_cast<int>(i)); };
   }
   mnuFamilySelect.Click = [this] { mnuFamilySelect_Click(); };
   mnuWindowCascade.Click = [this] { Host().Arrange(WindowArrangement::kCascade); };
@@ -138,34 +177,23 @@ void FrmMain::ConnectMenus() {
 }
 
 void FrmMain::ConnectTools() {
-  const std::array tools = {&cmdGraph,
-                            &cmdSort,
-                            &cmdSortAll,
-                            &cmdPrev,
-                            &cmdNext,
-                            &cmdSpectBack,
-                            &cmdSpectFwd,
-                            &cmdClear,
-                            &cmdShowMain,
-                            &cmdShowData,
-                            &cmdShowGraph,
-                            &cmdShowCalc};
-  for (std::size_t i = 0; i < tools.size(); ++i) {
+  const std::array<Button*, 12> buttons = tools.Buttons();
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
     const auto number = static_cast<std::int16_t>(i + 1);
-    tools[i]->tip_number = number;
-    tools[i]->MouseMove = [this, number] {
+    buttons[i]->tip_number = number;
+    buttons[i]->MouseMove = [this, number] {
       context_.state.TipIndex = number;
       ShowTip();
     };
   }
-  cmdGraph.Click = [this] { mnuFileGraph_Click(); };
-  cmdPrev.Click = [this] { cmdPrev_Click(); };
-  cmdNext.Click = [this] { cmdNext_Click(); };
-  cmdShowMain.Click = [this] { cmdShowMain_Click(); };
-  cmdShowData.Click = [this] { cmdShowData_Click(); };
-  cmdShowGraph.Click = [this] { cmdShowGraph_Click(); };
-  cmdShowCalc.Click = [this] { cmdShowCalc_Click(); };
-  Timer1.Tick = [this] { ShowTip(); };
+  tools.cmdGraph.Click = [this] { mnuFileGraph_Click(); };
+  tools.cmdPrev.Click = [this] { cmdPrev_Click(); };
+  tools.cmdNext.Click = [this] { cmdNext_Click(); };
+  tools.cmdShowMain.Click = [this] { cmdShowMain_Click(); };
+  tools.cmdShowData.Click = [this] { cmdShowData_Click(); };
+  tools.cmdShowGraph.Click = [this] { cmdShowGraph_Click(); };
+  tools.cmdShowCalc.Click = [this] { cmdShowCalc_Click(); };
+  tools.Timer1.Tick = [this] { ShowTip(); };
 }
 
 void FrmMain::Form_Load() {
@@ -176,20 +204,20 @@ void FrmMain::Form_Load() {
 void FrmMain::ShowTip() {
   const int tip = context_.state.TipIndex;
   if (tip < 1 || tip > static_cast<int>(kTips.size())) return;
-  TxtToolTip.SetText(kTips[static_cast<std::size_t>(tip - 1)]);
-  TxtToolTip.SetVisible(true);
+  tools.TxtToolTip.SetText(kTips[static_cast<std::size_t>(tip - 1)]);
+  tools.TxtToolTip.SetVisible(true);
 }
 
 void FrmMain::HideTip() {
   context_.state.TipIndex = 0;
-  TxtToolTip.SetVisible(false);
+  tools.TxtToolTip.SetVisible(false);
 }
 
 void FrmMain::EnableSorting(bool enabled) {
   mnuEditSort.SetEnabled(enabled);
   mnuEditSortAll.SetEnabled(enabled);
-  cmdSort.SetEnabled(enabled);
-  cmdSortAll.SetEnabled(enabled);
+  tools.cmdSort.SetEnabled(enabled);
+  tools.cmdSortAll.SetEnabled(enabled);
 }
 
 void FrmMain::cmdShowMain_Click() {
@@ -209,7 +237,7 @@ void FrmMain::cmdShowGraph_Click() {
 }
 
 void FrmMain::cmdShowCalc_Click() {
-  ListBox& files = context_.screens.frmTab.File1;
+  ListBox& files = context_.screens.frmTab.lists.File1;
   files.SetEntries(ListSignalFiles(context_.state));
   context_.screens.frmCalc.lstSigfiles.SetEntries(SignalNames(files.Entries()));
   context_.screens.frmCalc.Show();

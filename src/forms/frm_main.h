@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "charts/builders/summary_parameters.h"
+#include "charts/builders/time_periods.h"
 #include "controls/form.h"
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
@@ -13,35 +15,17 @@
 
 namespace vistaplot {
 
-class FrmMain : public Form {
- public:
-  explicit FrmMain(const Context& context);
-
-  MenuItem mnuFile;
-  MenuItem mnuFileGraph;
-  MenuItem mnuFileSaveChart;
-  MenuItem mnuFileSaveSheet;
-  MenuItem mnuFilePrint;
-  MenuItem mnuFileExit;
-  MenuItem mnuEdit;
-  MenuItem mnuEditCopy;
-  MenuItem mnuEditSort;
-  MenuItem mnuEditSortAll;
+/// The menu of time periods; the item of the chosen one is checked.
+struct TimePeriodMenu {
   MenuItem mnuTime;
-  std::array<MenuItem, 10> mnuTimePeriod;
-  MenuItem mnuFamily;
-  MenuItem mnuFamilySelect;
-  MenuItem mnuWindow;
-  MenuItem mnuWindowCascade;
-  MenuItem mnuwindowTile;
-  MenuItem mnuWindowArrange;
-  MenuItem mnuWindowNext;
-  MenuItem mnuWindowPrevious;
-  MenuItem mnuWindowFullScreen;
-  MenuItem mnuHelp;
-  MenuItem mnuHelpKeys;
-  MenuItem mnuHelpAbout;
+  std::array<MenuItem, kTimePeriods> mnuTimePeriod;
 
+  /// Checks item `index` (0 to 9) and no other; draws nothing.
+  void Check(int index);
+};
+
+/// The tool bar: twelve buttons, the text of their tip, and the timer that keeps it shown.
+struct ToolBar {
   Panel pnlTool;
   Button cmdGraph;
   Button cmdSort;
@@ -58,6 +42,44 @@ class FrmMain : public Form {
   TextBox TxtToolTip;
   Timer Timer1;
 
+  /// All buttons by tip number - 1.
+  std::array<Button*, 12> Buttons();
+  /// Shows or hides the buttons that step through the funds of a chart of one fund.
+  void ShowFundSteps(bool shown);
+  /// Shows or hides the three buttons of the maximum-entropy screen.
+  void ShowSpectrumTools(bool shown);
+};
+
+class FrmMain : public Form {
+ public:
+  explicit FrmMain(const Context& context);
+
+  MenuItem mnuFile;
+  MenuItem mnuFileGraph;
+  MenuItem mnuFileSaveChart;
+  MenuItem mnuFileSaveSheet;
+  MenuItem mnuFilePrint;
+  MenuItem mnuFileExit;
+  MenuItem mnuEdit;
+  MenuItem mnuEditCopy;
+  MenuItem mnuEditSort;
+  MenuItem mnuEditSortAll;
+  TimePeriodMenu periods;
+  MenuItem mnuFamily;
+  MenuItem mnuFamilySelect;
+  MenuItem mnuWindow;
+  MenuItem mnuWindowCascade;
+  MenuItem mnuwindowTile;
+  MenuItem mnuWindowArrange;
+  MenuItem mnuWindowNext;
+  MenuItem mnuWindowPrevious;
+  MenuItem mnuWindowFullScreen;
+  MenuItem mnuHelp;
+  MenuItem mnuHelpKeys;
+  MenuItem mnuHelpAbout;
+
+  ToolBar tools;
+
   Panel pnlAction;
   Panel pnlMeter;
   Panel pnlStatus;
@@ -70,6 +92,7 @@ class FrmMain : public Form {
   void mnuFileSaveSheet_Click();
   void mnuFilePrint_Click();
   void mnuEditCopy_Click();
+  /// Chooses period `index` (0 "One Month" to 9 "All") and draws the chart again.
   void mnuTimePeriod_Click(int index);
   void cmdNext_Click();
   void cmdPrev_Click();
@@ -90,6 +113,13 @@ class FrmMain : public Form {
   /// The command that saves what the user looks at: the sheet of the data screen, else the chart.
   const MenuItem& SaveCommand() const;
 
+  /// Makes period `index` (0 to 9) the chosen one, in the menu and in the shared state. Everything
+  /// that chooses a period comes through here; nothing is drawn.
+  void ChooseTimePeriod(int index);
+  /// A user's step to a period `steps` longer (or shorter, below 0), as far as there are any: the
+  /// same as choosing it in the menu. Nothing when the menu cannot be used.
+  void ChangeTimePeriod(int steps);
+
   /// Enables or disables the four sort commands.
   void EnableSorting(bool enabled);
 
@@ -102,6 +132,7 @@ class FrmMain : public Form {
   void DesignPanels();
   void ConnectMenus();
   void ConnectTools();
+  void PrepareSheet(DataType type);
   void StepFund(int step);
   ChartBox& ShownChart() const;  ///< of the graph screen that is in front, or was last
   bool DataInFront() const;

@@ -1,5 +1,6 @@
 // The commands that draw: graph, time period, next and previous fund.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -11,36 +12,59 @@ namespace vistaplot {
 
 void FrmMain::mnuFileGraph_Click() {
   FrmTab& frmTab = context_.screens.frmTab;
-  SharedState& state = context_.state;
-  if (frmTab.ChosenDataType() == DataType::kDetail) return;
-  if (!state.flags.ResultFileLoaded) {
+  const DataType type = frmTab.ChosenDataType();
+  if (type == DataType::kDetail) return;
+  if (!context_.state.flags.ResultFileLoaded) {
     context_.dialogs.Say(
         "Please load a Zephyrine Summary file, Vornaxil file, Kestrelix file, Vistaplot Summary "
         "File or Quoteline family");
     return;
   }
+  Outcome outcome;
   {
     const BusyScope busy(frmTab, progress, kGraphingAction);
-    state.table.SetActiveSheet(kPriceSheet);
-    context_.screens.price_graph.Graph();
+    PrepareSheet(type);
+    outcome = context_.screens.drawing.Graph();
   }
   // A refused chart has had its message; the user stays where it can be mended.
-  if (!context_.screens.price_graph.Drawn()) return;
-  if (!frmTab.AnalysisTicked()) context_.screens.frmGraph.lblboxdate.SetCaption("");
-  cmdShowGraph_Click();
+  if (outcome.drawn) cmdShowGraph_Click();
+}
+
+// The sheet that the chart is about, and how much of a result file is charted.
+void FrmMain::PrepareSheet(DataType type) {
+  SharedState& state = context_.state;
+  if (type == DataType::kPrices) {
+    state.table.SetActiveSheet(kPriceSheet);
+    return;
+  }
+  if (type == DataType::kSummary && state.flags.ComputedSummaryShown) {
+    state.table.SetActiveSheet(kSummarySheet);
+  }
+  constexpr std::array<float, 10> kFractions = {
+      1.0F, 0.9F, 0.8F, 0.7F, 0.6F, 0.5F, 0.4F, 0.3F, 0.2F, 0.1F};
+  const int chosen = context_.screens.frmTab.cboPercent.ListIndex();
+  state.flags.GraphFraction = kFractions[static_cast<std::size_t>(std::max(chosen, 0))];
+}
+
+void FrmMain::ChooseTimePeriod(int index) {
+  periods.Check(index);
+  context_.state.selection.TimePeriodIndex = static_cast<std::int16_t>(index);
+}
+
+void FrmMain::ChangeTimePeriod(int steps) {
+  const int now = context_.state.selection.TimePeriodIndex;
+  const int wanted = std::clamp(now + steps, 0, kTimePeriods - 1);
+  MenuItem& period = periods.mnuTimePeriod[static_cast<std::size_t>(wanted)];
+  if (wanted != now && period.Usable()) period.RaiseClick();
 }
 
 void FrmMain::mnuTimePeriod_Click(int index) {
   FrmTab& frmTab = context_.screens.frmTab;
-  {
-    const BusyScope busy(frmTab, progress, kGraphingAction);
-    context_.state.table.SetActiveSheet(kPriceSheet);
-    for (MenuItem& period : mnuTimePeriod) period.SetChecked(false);
-    mnuTimePeriod[static_cast<std::size_t>(index)].SetChecked(true);
-    context_.state.selection.TimePeriodIndex = static_cast<std::int16_t>(index);
-    context_.screens.price_graph.Redraw();
-    frmTab.Refresh();
-  }
+  const BusyScope busy(frmTab, progress, kGraphingAction);
+  context_.state.table.SetActiveSheet(kPriceSheet);
+  ChooseTimePeriod(index);
+  context_.screens.drawing.Redraw();
+  frmTab.Refresh();
 }
 
 void FrmMain::cmdNext_Click() {
@@ -56,7 +80,7 @@ void FrmMain::StepFund(int step) {
   context_.state.table.SetActiveSheet(kPriceSheet);
   GraphSelection& selection = context_.state.selection;
   selection.CurrentFund = SteppedFund(selection, step);
-  context_.screens.price_graph.Redraw();
+  context_.screens.drawing.Redraw();
 }
 
 }  // namespace vistaplot

@@ -16,6 +16,7 @@ FrmPer::FrmPer(const Context& context)
   VtChart3.SetDescription("Spectrum");
   VtChart3.SetVisible(false);
   HScroll1.SetDescription("Last day shown");
+  HScroll1.SetEnabled(false);  // until a chart is drawn
   HScroll1.Change = [this] { HScroll1_Change(); };
 }
 
@@ -24,7 +25,7 @@ void FrmPer::Form_Load() {
 }
 
 void FrmPer::HScroll1_Change() {
-  context_.screens.price_graph.Scrolled(HScroll1.Value(), ScrolledScreen::kThreeCharts);
+  context_.screens.drawing.Scrolled(PriceScreen::kThreeCharts);
 }
 
 }  // namespace vistaplot

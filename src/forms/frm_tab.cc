@@ -64,7 +64,9 @@ FrmTab::FrmTab(const Context& context)
     : Form("frmTab", "Parameters", FormStyle::kScreen, context.host), context_(context) {
   DesignChoices();
   DesignSelections();
-  DesignIndicators();
+  Add(indicators.Designs());
+  indicators.SetDefaults();
+  indicators.Show(false);
   Connect();
 }
 
@@ -87,68 +89,37 @@ void FrmTab::DesignChoices() {
 }
 
 void FrmTab::DesignSelections() {
-  Add({{&fraSelect, "fraSelect", "Selections", At(180, 1050, 2640, 1170)},
-       {&OptSelect, "OptSelect", "", At(330, 1350, 2340, 780), &fraSelect},
+  Add({{&lists.fraSelect, "fraSelect", "Selections", At(180, 1050, 2640, 1170)},
+       {&lists.OptSelect, "OptSelect", "", At(330, 1350, 2340, 780), &lists.fraSelect},
        {&fraOneAll, "fraOneAll", "Graph", At(3030, 1050, 2640, 1170)},
        {&optOneAll, "optOneAll", "", At(3180, 1350, 2340, 780), &fraOneAll},
        {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(3030, 2310, 2640, 420)},
-       {&lblIndex, "lblIndex", "Fi&nd:", At(180, 2880, 600, 255)},
-       {&txtIndex, "txtIndex", "", At(840, 2835, 2760, 330)},
-       {&cmdLoadData, "cmdLoadData", "&Load Data", At(3780, 2790, 1890, 420)},
-       {&lstIndex, "lstIndex", "", At(180, 3330, 9240, 3720)},
-       {&lstIndex2, "lstIndex2", "", At(180, 3330, 9240, 3720)},
-       {&File1, "File1", "", At(180, 3330, 2400, 900)}});
-  OptSelect.SetEntries({"Families", "Funds"});
-  OptSelect.Preset(0);
+       {&lists.lblIndex, "lblIndex", "Fi&nd:", At(180, 2880, 600, 255)},
+       {&lists.txtIndex, "txtIndex", "", At(840, 2835, 2760, 330)},
+       {&lists.cmdLoadData, "cmdLoadData", "&Load Data", At(3780, 2790, 1890, 420)},
+       {&lists.lstIndex, "lstIndex", "", At(180, 3330, 9240, 3720)},
+       {&lists.lstIndex2, "lstIndex2", "", At(180, 3330, 9240, 3720)},
+       {&lists.File1, "File1", "", At(180, 3330, 2400, 900)}});
+  lists.OptSelect.SetEntries({"Families", "Funds"});
+  lists.OptSelect.Preset(0);
   optOneAll.SetEntries({"All Funds", "One at a time"});
   optOneAll.Preset(0);
-  lstIndex.multi_select = true;
-  lstIndex.fixed_pitch = true;
-  lstIndex.SetDescription("Families or funds");
-  lstIndex2.SetVisible(false);
-  File1.SetVisible(false);
-}
-
-void FrmTab::DesignIndicators() {
-  constexpr std::array<std::string_view, 7> kNames = {"chkMoveAvg",
-                                                      "chkAMA",
-                                                      "chkParabolic",
-                                                      "chkBollinger",
-                                                      "chkHurst",
-                                                      "chkCorrelation",
-                                                      "chkMem"};
-  constexpr std::array<std::string_view, 7> kCaptions = {
-      "Show Exp Moving Avg          # days",
-      "Show AMA                               # days",
-      "Show Parabolic",
-      "Show Bollinger Bands",
-      "Show Hurst Exponent",
-      "Show Correlation",
-      "Show MEM"};
-  const std::vector<CheckBox*> boxes = Indicators();
-  for (std::size_t i = 0; i < boxes.size(); ++i) {
-    const float top = 150.0F + 360.0F * static_cast<float>(i);
-    Add({{boxes[i], kNames[i], kCaptions[i], At(5910, top, 3000, 300)}});
-    boxes[i]->SetVisible(false);
-  }
-}
-
-std::vector<CheckBox*> FrmTab::Indicators() {
-  return {&chkMoveAvg, &chkAMA, &chkParabolic, &chkBollinger, &chkHurst, &chkCorrelation, &chkMem};
+  lists.lstIndex.multi_select = true;
+  lists.lstIndex.fixed_pitch = true;
+  lists.lstIndex.SetDescription("Families or funds");
+  lists.lstIndex2.SetVisible(false);
+  lists.File1.SetVisible(false);
 }
 
 void FrmTab::Connect() {
   cboDataType.Click = [this] { cboDataType_Click(); };
   cboGraphType.Click = [this] { cboGraphType_Click(); };
-  OptSelect.Click = [this](int index) { OptSelect_Click(index); };
+  lists.OptSelect.Click = [this](int index) { OptSelect_Click(index); };
   optOneAll.Click = [this](int index) { optOneAll_Click(index); };
-  txtIndex.Change = [this] { txtIndex_Change(); };
+  lists.txtIndex.Change = [this] { txtIndex_Change(); };
   cmdFileName.Click = [this] { cmdFileName_Click(); };
-  cmdLoadData.Click = [this] { cmdLoadData_Click(); };
-}
-
-bool FrmTab::AnalysisTicked() const {
-  return chkMem.Checked() || chkHurst.Checked() || chkCorrelation.Checked();
+  lists.cmdLoadData.Click = [this] { cmdLoadData_Click(); };
+  ConnectIndicators();
 }
 
 void FrmTab::Form_Load() {
@@ -164,6 +135,7 @@ void FrmTab::Form_Load() {
   const Status kept = context_.settings.Save("qldir", state.market.QuotelineDir);
   if (!kept) context_.dialogs.Say("Settings not saved: " + PlainText(kept.Error()));
   LoadMarketCalendar(context_.quoteline, state.market, context_.dialogs);
+  context_.screens.drawing.CalendarLoaded();
   cboDataType.SetEntries(Texts(kDataTypes));
   cboDataType.SetListIndex(0);
   ReadPointAndFigureSettings();

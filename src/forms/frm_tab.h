@@ -11,11 +11,22 @@
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
 #include "forms/context.h"
+#include "forms/drawing.h"
+#include "forms/indicator_boxes.h"
 
 namespace vistaplot {
 
-/// Positions in the list of graph types of prices.
-enum class PriceGraphType { kLine, kScatter, kCandleLine, kCandleBar, kPointAndFigure };
+/// Families or single issues, the list of them, and the load button. All lists count from 0.
+struct IssueLists {
+  Frame fraSelect;
+  OptionGroup OptSelect;  ///< 0 "Families", 1 "Funds"
+  Label lblIndex;
+  TextBox txtIndex;  ///< the beginning of an entry, to find it
+  ListBox lstIndex;  ///< of the families of the service's folders, or of all its issues
+  ListBox lstIndex2;
+  ListBox File1;  ///< names of the signal files listed last; never shown
+  Button cmdLoadData;
+};
 
 class FrmTab : public Form {
  public:
@@ -36,25 +47,12 @@ class FrmTab : public Form {
   Button cmdFileName;
   Label lblFileName;
 
-  Frame fraSelect;
-  OptionGroup OptSelect;  ///< 0 "Families", 1 "Funds"
   Frame fraOneAll;
   OptionGroup optOneAll;  ///< 0 "All Funds", 1 "One at a time"
   Button cmdPoint;
-  Label lblIndex;
-  TextBox txtIndex;
-  ListBox lstIndex;
-  ListBox lstIndex2;
-  ListBox File1;  ///< names of the signal files listed last; never shown
-  Button cmdLoadData;
 
-  CheckBox chkMoveAvg;
-  CheckBox chkAMA;
-  CheckBox chkParabolic;
-  CheckBox chkBollinger;
-  CheckBox chkHurst;
-  CheckBox chkCorrelation;
-  CheckBox chkMem;
+  IssueLists lists;
+  IndicatorBoxes indicators;
 
   void cboDataType_Click();
   void cboGraphType_Click();
@@ -64,6 +62,15 @@ class FrmTab : public Form {
   void cmdFileName_Click();
   void cmdLoadData_Click();
 
+  // Of an indicator's box that has just been ticked: clear those that cannot be drawn with it.
+  void chkMoveAvg_Click();
+  void chkAMA_Click();
+  void chkParabolic_Click();
+  void chkBollinger_Click();
+  void chkHurst_Click();
+  void chkCorrelation_Click();
+  void chkMem_Click();
+
   /// Fills lstIndex with the families of the three folders; empties lstIndex2. A folder that cannot
   /// be listed ends the program: the caller returns at once.
   void ListFamilies();
@@ -71,13 +78,13 @@ class FrmTab : public Form {
   void ListAllIssues();
 
   DataType ChosenDataType() const { return static_cast<DataType>(cboDataType.ListIndex()); }
-  PriceGraphType ChosenPriceGraph() const {
-    return static_cast<PriceGraphType>(cboGraphType.ListIndex());
-  }
-  bool FamiliesChosen() const { return OptSelect.ListIndex() == 0; }
+  /// The chosen kind of graph of the chosen data type; a detail file has none and counts as
+  /// contour.
+  GraphType ChosenGraph() const;
+  bool FamiliesChosen() const { return lists.OptSelect.ListIndex() == 0; }
   bool OneAtATime() const { return optOneAll.ListIndex() == 1; }
   /// An analysis is ticked that is drawn in a chart of its own, on the screen of three charts.
-  bool AnalysisTicked() const;
+  bool AnalysisTicked() const { return indicators.AnalysisTicked(); }
 
  protected:
   void Form_Load() override;  ///< starts the program: service, settings, calendar, lists
@@ -85,8 +92,8 @@ class FrmTab : public Form {
  private:
   void DesignChoices();
   void DesignSelections();
-  void DesignIndicators();
   void Connect();
+  void ConnectIndicators();
 
   void ReadPointAndFigureSettings();
 
@@ -96,17 +103,23 @@ class FrmTab : public Form {
   void RefreshIssueList();
   void ResetTable(int spare_sheets);
 
-  std::vector<CheckBox*> Indicators();
   void HideGraphOptions();
+  void ShowGraphOptions(GraphType type);
+  void OverlayTicked(const CheckBox& box);
   void FillParameterLists(DataType type);
   void ShowParameterLists(bool shown, bool data_field);
   FieldSource Fields() const;
 
   std::vector<std::string> SelectedEntries() const;
   void LoadSelection();
+  /// Empties the sheet of prices: nothing on it can be drawn or selected until the next load.
   void ForgetLoad();
+  /// The columns that were selected to be charted are gone: the next chart reads the selection.
+  void ForgetSelection();
   void SummariseLoad();
-  std::string LoadedText() const;  ///< what the main window says of a finished load
+  /// What the main window says of a finished load; `undefined` issues have figures that prices of 0
+  /// or below made undefined.
+  std::string LoadedText(int undefined) const;
   std::vector<std::string> SummarySymbols() const;
 
   const Context& context_;

@@ -1,5 +1,6 @@
 // The two choices that set the parameter screen up: kind of data, kind of graph.
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -65,21 +66,24 @@ void FrmTab::SetUpForResultFiles(DataType type) {
 void FrmTab::SetUpForPrices() {
   FrmMain& frmMain = context_.screens.frmMain;
   ShowPriceControls(true);
-  txtIndex.SetText("");
-  for (MenuItem& period : frmMain.mnuTimePeriod) period.SetChecked(false);
-  frmMain.mnuTimePeriod[kSixMonths].SetChecked(true);
-  context_.state.selection.TimePeriodIndex = kSixMonths;
+  lists.txtIndex.SetText("");
+  frmMain.ChooseTimePeriod(kSixMonths);
   ResetTable(0);
   cboGraphType.SetEntries({kPriceGraphs.begin(), kPriceGraphs.end()});
   ShowParameterLists(false, false);  // they lie where the lists of issues are about to be filled
   LoadMarketCalendar(context_.quoteline, context_.state.market, context_.dialogs);
+  context_.screens.drawing.CalendarLoaded();
   RefreshIssueList();
   context_.state.table.SetSheetCount(2);
 }
 
 void FrmTab::ShowPriceControls(bool prices) {
-  for (Control* control : std::initializer_list<Control*>{
-           &cmdLoadData, &fraSelect, &lblIndex, &txtIndex, &OptSelect, &lstIndex}) {
+  for (Control* control : std::initializer_list<Control*>{&lists.cmdLoadData,
+                                                          &lists.fraSelect,
+                                                          &lists.lblIndex,
+                                                          &lists.txtIndex,
+                                                          &lists.OptSelect,
+                                                          &lists.lstIndex}) {
     control->SetVisible(prices);
   }
   for (Control* control :
@@ -87,10 +91,9 @@ void FrmTab::ShowPriceControls(bool prices) {
     control->SetVisible(!prices);
   }
   FrmMain& frmMain = context_.screens.frmMain;
-  frmMain.mnuTime.SetEnabled(prices);
+  frmMain.periods.mnuTime.SetEnabled(prices);
   frmMain.mnuFamily.SetEnabled(prices);
-  frmMain.cmdNext.SetVisible(prices && OneAtATime());
-  frmMain.cmdPrev.SetVisible(prices && OneAtATime());
+  frmMain.tools.ShowFundSteps(prices && OneAtATime());
 }
 
 void FrmTab::ResetTable(int spare_sheets) {
@@ -106,6 +109,13 @@ void FrmTab::RefreshIssueList() {
   }
 }
 
+GraphType FrmTab::ChosenGraph() const {
+  const bool prices = ChosenDataType() == DataType::kPrices;
+  const auto first = static_cast<int>(prices ? GraphType::kLine : GraphType::kContour);
+  const auto last = static_cast<int>(prices ? GraphType::kPointAndFigure : GraphType::kSurface);
+  return static_cast<GraphType>(std::clamp(first + cboGraphType.ListIndex(), first, last));
+}
+
 void FrmTab::cboGraphType_Click() {
   HideGraphOptions();
   const DataType type = ChosenDataType();
@@ -117,7 +127,11 @@ void FrmTab::cboGraphType_Click() {
   ShowParameterLists(false, false);
   Offer(cboXParm, {{"Date", 1}});
   Offer(cboYParm, {{"NAV", 2}});
-  const bool one_fund = ChosenPriceGraph() == PriceGraphType::kPointAndFigure;
+  ShowGraphOptions(ChosenGraph());
+}
+
+void FrmTab::ShowGraphOptions(GraphType type) {
+  const bool one_fund = type == GraphType::kPointAndFigure;
   fraOneAll.SetVisible(!one_fund);
   optOneAll.SetVisible(!one_fund);
 }
@@ -127,10 +141,9 @@ void FrmTab::HideGraphOptions() {
   cmdPoint.SetVisible(false);
   optOneAll.SetVisible(false);
   fraOneAll.SetVisible(false);
-  for (CheckBox* indicator : Indicators()) {
-    indicator->SetVisible(false);
-    indicator->SetChecked(false);
-  }
+  indicators.Show(false);
+  indicators.ClearAll();
+  context_.screens.frmMain.tools.ShowSpectrumTools(false);
 }
 
 void FrmTab::FillParameterLists(DataType type) {

@@ -27,18 +27,18 @@ std::string FamilyNames(const std::vector<std::string>& entries) {
 }  // namespace
 
 void FrmTab::ListFamilies() {
-  lstIndex.Clear();
-  lstIndex2.Clear();
+  lists.lstIndex.Clear();
+  lists.lstIndex2.Clear();
   auto families = vistaplot::ListFamilies(context_.state.market.QuotelineDir,
                                           context_.state.roots,
                                           context_.dialogs,
                                           context_.screens.frmMain.progress);
-  if (families) lstIndex.SetEntries(std::move(*families));
+  if (families) lists.lstIndex.SetEntries(std::move(*families));
 }
 
 void FrmTab::ListAllIssues() {
-  lstIndex.Clear();
-  lstIndex.SetEntries(vistaplot::ListAllIssues(
+  lists.lstIndex.Clear();
+  lists.lstIndex.SetEntries(vistaplot::ListAllIssues(
       context_.quoteline, context_.state.market, context_.screens.frmMain.progress));
 }
 
@@ -49,23 +49,22 @@ void FrmTab::OptSelect_Click(int /*index*/) {
 }
 
 void FrmTab::optOneAll_Click(int index) {
-  FrmMain& frmMain = context_.screens.frmMain;
   // Correlation needs all funds, the spectrum works on one at a time.
-  if (index == 1 && chkCorrelation.Checked()) optOneAll.Preset(0);
-  if (index == 0 && chkMem.Checked()) optOneAll.Preset(1);
-  frmMain.cmdNext.SetVisible(OneAtATime());
-  frmMain.cmdPrev.SetVisible(OneAtATime());
+  if (index == 1 && indicators.chkCorrelation.Checked()) optOneAll.Preset(0);
+  if (index == 0 && indicators.chkMem.Checked()) optOneAll.Preset(1);
+  context_.screens.frmMain.tools.ShowFundSteps(OneAtATime());
 }
 
 void FrmTab::txtIndex_Change() {
-  const auto found = FindTyped(lstIndex.Entries(), lstIndex.ListIndex(), txtIndex.Text());
-  if (found) lstIndex.MoveTo(*found);
+  const auto found =
+      FindTyped(lists.lstIndex.Entries(), lists.lstIndex.ListIndex(), lists.txtIndex.Text());
+  if (found) lists.lstIndex.MoveTo(*found);
 }
 
 std::vector<std::string> FrmTab::SelectedEntries() const {
   std::vector<std::string> entries;
-  for (const int position : lstIndex.SelectedPositions()) {
-    entries.push_back(lstIndex.Entries()[static_cast<std::size_t>(position)]);
+  for (const int position : lists.lstIndex.SelectedPositions()) {
+    entries.push_back(lists.lstIndex.Entries()[static_cast<std::size_t>(position)]);
   }
   return entries;
 }
@@ -105,16 +104,20 @@ void FrmTab::LoadSelection() {
   }
 }
 
-// The sheet of prices is empty: nothing on it can be drawn or selected until the next load.
 void FrmTab::ForgetLoad() {
   SharedState& state = context_.state;
   Sheet& prices = state.table.SheetAt(kPriceSheet);
   prices.MaxRow = 0;
   prices.MaxCol = 0;
-  prices.selection.clear();
-  state.table.NotifyContent(kPriceSheet);
+  ForgetSelection();
   state.flags.ResultFileLoaded = false;
   context_.screens.frmMain.pnlStatus.SetCaption("");
+}
+
+void FrmTab::ForgetSelection() {
+  SharedState& state = context_.state;
+  state.table.SheetAt(kPriceSheet).selection.clear();
+  state.table.NotifyContent(kPriceSheet);
   state.selection.SelectedCount = 0;
   state.selection.CurrentFund = 0;
 }
@@ -125,26 +128,33 @@ void FrmTab::SummariseLoad() {
   const LoadServices services{context_.quoteline, state.market, state.table, context_.dialogs};
   FinishPriceSheet(services, state.load);
   frmFam.Load();
+  int undefined = 0;
   {
     const BusyScope busy(frmFam, context_.screens.frmMain.progress, "Calculating Family Info...");
-    ComputeFamilySummary(services,
-                         SummarySymbols(),
-                         frmFam.Window(),
-                         state.family_records,
-                         context_.screens.frmMain.progress);
+    undefined = ComputeFamilySummary(services,
+                                     SummarySymbols(),
+                                     frmFam.Window(),
+                                     state.family_records,
+                                     context_.screens.frmMain.progress);
   }
   frmFam.Unload();
   FinishPriceLoad(state.table);
+  ForgetSelection();
+  context_.screens.drawing.CalendarLoaded();
   state.flags.ResultFileLoaded = true;
-  context_.screens.frmMain.pnlStatus.SetCaption(LoadedText());
+  context_.screens.frmMain.pnlStatus.SetCaption(LoadedText(undefined));
 }
 
-std::string FrmTab::LoadedText() const {
+std::string FrmTab::LoadedText(int undefined) const {
   const Sheet& prices = context_.state.table.SheetAt(kPriceSheet);
   const int issues = context_.state.load.IssueColumnCount;
-  return (FamiliesChosen() ? FamilyNames(SelectedEntries()) : prices.SheetName) + ": " +
-         std::to_string(issues) + (issues == 1 ? " issue" : " issues") + ", days " +
-         prices.CellText(2, 1) + " to " + prices.CellText(prices.MaxRow, 1);
+  std::string text = FamiliesChosen() ? FamilyNames(SelectedEntries()) : prices.SheetName;
+  text += ": " + std::to_string(issues) + (issues == 1 ? " issue, " : " issues, ");
+  if (prices.MaxRow < 2) return text + "no market days yet";
+  text += "days " + prices.CellText(2, 1) + " to " + prices.CellText(prices.MaxRow, 1);
+  if (undefined == 0) return text;
+  return text + "; prices of 0 or below left figures of " + std::to_string(undefined) +
+         (undefined == 1 ? " issue undefined" : " issues undefined");
 }
 
 std::vector<std::string> FrmTab::SummarySymbols() const {

@@ -21,7 +21,7 @@ Screens::Screens(const ScreenParts& parts)
       frmDir(context),
       frmpfp(context),
       frmFam(context),
-      price_graph(context) {}
+      drawing(context) {}
 
 std::vector<Form*> Screens::All() {
   return {&frmMain,

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "forms/context.h"
+#include "forms/drawing.h"
 #include "forms/frm_calc.h"
 #include "forms/frm_data.h"
 #include "forms/frm_dir.h"
@@ -15,7 +16,6 @@
 #include "forms/frm_sheet.h"
 #include "forms/frm_sort.h"
 #include "forms/frm_tab.h"
-#include "forms/price_graph.h"
 
 namespace vistaplot {
 
@@ -48,7 +48,7 @@ struct Screens {
   Frmpfp frmpfp;
   FrmFam frmFam;
 
-  PriceGraph price_graph;
+  Drawing drawing;
 
   /// In the order above.
   std::vector<Form*> All();

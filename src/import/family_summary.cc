@@ -24,6 +24,15 @@ std::vector<std::string> Headings(const FamilyWindow& window) {
   return headings;
 }
 
+bool IsUndefined(double value) {
+  return !std::isfinite(static_cast<float>(value));
+}
+
+/// A figure that is not finite in single precision is undefined and shows "0.00".
+std::string FigureText(double value) {
+  return IsUndefined(value) ? "0.00" : FixedText(value, 2);
+}
+
 /// The texts of one issue's row, column by column.
 std::vector<std::string> RowTexts(const FamilyRecords& records,
                                   int k,
@@ -31,26 +40,33 @@ std::vector<std::string> RowTexts(const FamilyRecords& records,
                                   const MarketCalendar& calendar) {
   return {std::string(TrimBlanks(records.Symbol(k))),
           records.Name(k),
-          FixedText(figures.annual_percent, 2),
-          NumberText(figures.draw_down_percent),
+          FigureText(figures.annual_percent),
+          std::isfinite(figures.draw_down_percent) ? NumberText(figures.draw_down_percent) : "0.00",
           figures.draw_down_day > 0
               ? DateText(calendar.DateOf(figures.draw_down_day), DatePattern::kMonthDayLongYear)
               : std::string(),
-          FixedText(figures.ulcer_index, 2),
-          FixedText(figures.ulcer_performance, 2)};
+          FigureText(figures.ulcer_index),
+          FigureText(figures.ulcer_performance)};
 }
 
-/// 0 in place of a value that is not finite in single precision.
-double FiniteOrZero(double value) {
-  return std::isfinite(static_cast<float>(value)) ? value : 0.0;
+/// True for a figure that is undefined because of a price of 0 or below on a day of the walk; a
+/// figure can also be too large, after a gain of one day that is counted as a year's.
+bool PricesMadeUndefined(const FamilyFigures& figures,
+                         const GrowthWalk& walk,
+                         std::span<const float> prices,
+                         int end_day) {
+  if (!IsUndefined(figures.annual_percent) && !IsUndefined(figures.draw_down_percent) &&
+      !IsUndefined(figures.ulcer_index) && !IsUndefined(figures.ulcer_performance)) {
+    return false;
+  }
+  const auto days = prices.subspan(static_cast<std::size_t>(walk.first),
+                                   static_cast<std::size_t>(end_day - walk.first + 1));
+  return std::any_of(days.begin(), days.end(), [](float price) { return price <= 0.0F; });
 }
 
 std::string GainText(std::span<const float> prices, int end_day, const std::string& period) {
   const std::optional<float> gain = TrailingGain(prices, end_day, LeadingNumber(period));
   return gain && std::isfinite(*gain) ? FixedText(*gain, 3) : "0";
-}
-float FiniteOrZero(float value) {
-  return std::isfinite(value) ? value : 0.0F;
 }
 
 /// Sheet 2, empty and named, with extents for `rows` issues.
@@ -82,18 +98,15 @@ FamilyFigures FiguresOfWalk(const GrowthWalk& walk, const MarketCalendar& calend
   FamilyFigures figures;
   const int calendar_days = calendar.DateOf(end_day) - calendar.DateOf(walk.first);
   const double years = calendar_days / kDaysPerYear;
-  figures.annual_percent =
-      FiniteOrZero((std::pow(static_cast<double>(walk.growth), 1.0 / years) - 1.0) * 100.0);
-  const auto annual = static_cast<float>(figures.annual_percent);
+  figures.annual_percent = (std::pow(static_cast<double>(walk.growth), 1.0 / years) - 1.0) * 100.0;
   if (walk.lowest_day > 0) {
-    figures.draw_down_percent = FiniteOrZero((1.0F - walk.lowest_ratio) * 100.0F);
+    figures.draw_down_percent = (1.0F - walk.lowest_ratio) * 100.0F;
     figures.draw_down_day = walk.lowest_day;
   }
-  figures.ulcer_index =
-      FiniteOrZero(std::sqrt(walk.square_sum / static_cast<float>(end_day - walk.first + 1)));
-  const float above_rate = annual - kYearlyRate;
+  figures.ulcer_index = std::sqrt(walk.square_sum / static_cast<float>(end_day - walk.first + 1));
+  const float above_rate = static_cast<float>(figures.annual_percent) - kYearlyRate;
   figures.ulcer_performance =
-      FiniteOrZero(figures.ulcer_index == 0.0F ? above_rate : above_rate / figures.ulcer_index);
+      figures.ulcer_index == 0.0F ? above_rate : above_rate / figures.ulcer_index;
   return figures;
 }
 
@@ -114,10 +127,10 @@ std::optional<float> TrailingGain(std::span<const float> prices, int end_day, do
   return (prices[static_cast<std::size_t>(end_day)] / base_price - 1.0F) * 100.0F;
 }
 
-void WriteFamilySummary(const FamilyRecords& records,
-                        const MarketCalendar& calendar,
-                        const FamilyWindow& window,
-                        DataTable& table) {
+int WriteFamilySummary(const FamilyRecords& records,
+                       const MarketCalendar& calendar,
+                       const FamilyWindow& window,
+                       DataTable& table) {
   const int count = records.Count();
   Sheet& sheet = PrepareSheet(table, count);
   std::vector<std::vector<std::string>> columns;
@@ -128,10 +141,12 @@ void WriteFamilySummary(const FamilyRecords& records,
   const int begin_day = std::clamp(window.begin_day, 1, last_day);
   const int end_day = std::clamp(window.end_day, 1, last_day);
   const std::vector<GrowthWalk> walks = WalkGrowth(records, begin_day, end_day);
+  int undefined = 0;
   for (int k = 1; k <= count; ++k) {
     const GrowthWalk& walk = walks[static_cast<std::size_t>(k - 1)];
-    std::vector<std::string> row =
-        RowTexts(records, k, FiguresOfWalk(walk, calendar, end_day), calendar);
+    const FamilyFigures figures = FiguresOfWalk(walk, calendar, end_day);
+    if (PricesMadeUndefined(figures, walk, records.Prices(k), end_day)) ++undefined;
+    std::vector<std::string> row = RowTexts(records, k, figures, calendar);
     for (const std::string& period : window.gain_days) {
       row.push_back(GainText(records.Prices(k), end_day, period));
     }
@@ -143,13 +158,14 @@ void WriteFamilySummary(const FamilyRecords& records,
     sheet.SetTextColumn(static_cast<int>(c) + 1, std::move(columns[c]));
   }
   FinishSheet(table, sheet);
+  return undefined;
 }
 
-void ComputeFamilySummary(const LoadServices& services,
-                          std::span<const std::string> symbols,
-                          const FamilyWindow& window,
-                          FamilyRecords& records,
-                          Progress& progress) {
+int ComputeFamilySummary(const LoadServices& services,
+                         std::span<const std::string> symbols,
+                         const FamilyWindow& window,
+                         FamilyRecords& records,
+                         Progress& progress) {
   const ProgressScope scope(progress, "Calculating Family Info...");
   PrepareHistories(services.api, services.market, services.dialogs);
   const MarketCalendar& calendar = services.market.calendar;
@@ -158,7 +174,7 @@ void ComputeFamilySummary(const LoadServices& services,
   } else {
     records.Resize(0, 0);
   }
-  WriteFamilySummary(records, calendar, window, services.table);
+  return WriteFamilySummary(records, calendar, window, services.table);
 }
 
 }  // namespace vistaplot

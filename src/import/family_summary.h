@@ -36,9 +36,10 @@ struct FamilyWindow {
   std::array<std::string, kGainPeriods> gain_days;
 };
 
-/// The figures of one issue.
+/// The figures of one issue. Each may be undefined (not finite) where prices of 0 or below are in
+/// the window, or where it is beyond single precision.
 struct FamilyFigures {
-  double annual_percent = 0.0;     ///< (W^(1 / years) - 1) x 100; 0 when it overflows
+  double annual_percent = 0.0;     ///< (W^(1 / years) - 1) x 100
   float draw_down_percent = 0.0F;  ///< (1 - m) x 100; 0 when no day was used
   int draw_down_day = 0;           ///< market day of the deepest point; 0 when no day was used
   float ulcer_index = 0.0F;        ///< square root of S / (end - first + 1), percent
@@ -56,18 +57,22 @@ FamilyFigures FiguresOfWalk(const GrowthWalk& walk, const MarketCalendar& calend
 std::optional<float> TrailingGain(std::span<const float> prices, int end_day, double period);
 
 /// Writes sheet 2 "Summary" from filled records: headings, a row for each record, extent, widths;
-/// sets SortToggle of all columns to +1.
-void WriteFamilySummary(const FamilyRecords& records,
-                        const MarketCalendar& calendar,
-                        const FamilyWindow& window,
-                        DataTable& table);
+/// sets SortToggle of all columns to +1. Undefined figures show "0.00".
+///
+/// @return  the number of issues with figures that prices of 0 or below made undefined
+int WriteFamilySummary(const FamilyRecords& records,
+                       const MarketCalendar& calendar,
+                       const FamilyWindow& window,
+                       DataTable& table);
 
 /// Reads the calendar anew, fetches the histories of `symbols` and writes their summary. A calendar
 /// that is too long for family records is reported; the summary then has headings alone.
-void ComputeFamilySummary(const LoadServices& services,
-                          std::span<const std::string> symbols,
-                          const FamilyWindow& window,
-                          FamilyRecords& records,
-                          Progress& progress);
+///
+/// @return  as WriteFamilySummary
+int ComputeFamilySummary(const LoadServices& services,
+                         std::span<const std::string> symbols,
+                         const FamilyWindow& window,
+                         FamilyRecords& records,
+                         Progress& progress);
 
 }  // namespace vistaplot

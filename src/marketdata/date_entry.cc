@@ -30,9 +30,10 @@ std::optional<DateEntry> SnapDateEntry(std::string_view typed, const MarketCalen
   if (days < 1) {
     return std::nullopt;
   }
-  const std::optional<DateSerial> date = ParseDate(typed);
+  const std::optional<DateSerial> date = ParseTypedDate(typed);
   const std::string text = date ? DateText(*date, DatePattern::kYearMonthDay) : std::string(typed);
   DateEntry entry;
+  entry.is_date = date.has_value();
   entry.day = std::min(FirstDayNotBefore(text, calendar, days), days);
   const DateSerial serial = calendar.DateOf(entry.day);
   entry.exact = date == serial;

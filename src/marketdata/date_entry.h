@@ -11,9 +11,10 @@ namespace vistaplot {
 
 /// A date box and the day box beside it, after a date was typed.
 struct DateEntry {
-  int day = 0;         ///< market day, 1 to MaxNumDays
-  std::string text;    ///< the date box: as typed when `exact`, else the day's "mm/dd/yyyy"
-  bool exact = false;  ///< the typed date is that market day's; the date box stays as it is
+  int day = 0;           ///< market day, 1 to MaxNumDays
+  std::string text;      ///< the date box: as typed when `exact`, else the day's "mm/dd/yyyy"
+  bool exact = false;    ///< the typed date is that market day's; the date box stays as it is
+  bool is_date = false;  ///< false: the typed text is no date at all
 };
 
 /// The first market day on or after the typed date; the last one for a later date. A text that is

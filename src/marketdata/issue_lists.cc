@@ -136,7 +136,9 @@ std::optional<int> FindInList(std::span<const std::string> entries,
   const std::size_t characters = CharacterCount(key);
   const bool down = direction == 1;
   const int step = down ? 1 : -1;
-  for (int i = down ? std::max(current, 0) : std::min(current, count - 1); i >= 0 && i < count;
+  std::optional<int> neighbour;
+  for (int i = down ? std::max(current, 0) : std::min(current, count - 1);
+       i >= 0 && i < count && !neighbour;
        i += step) {
     const std::string prefix = PrefixOf(entries[static_cast<std::size_t>(i)], characters);
     if (prefix == wanted) {
@@ -144,10 +146,16 @@ std::optional<int> FindInList(std::span<const std::string> entries,
     }
     const int order = OrderedPrefix(prefix).compare(wanted);
     if (down ? order > 0 : order < 0) {
-      return std::clamp(i - step, 0, count - 1);  // the neighbour just passed, if there is one
+      neighbour = std::clamp(i - step, 0, count - 1);  // the one just passed, if there is one
     }
   }
-  return std::nullopt;
+  // Lists are not always in order; in one that is, nothing is found here.
+  const auto begins = [&](const std::string& entry) {
+    return PrefixOf(entry, characters) == wanted;
+  };
+  const auto found = std::find_if(entries.begin(), entries.end(), begins);
+  if (found != entries.end()) return static_cast<int>(found - entries.begin());
+  return neighbour;
 }
 
 std::optional<int> FindTyped(std::span<const std::string> entries,

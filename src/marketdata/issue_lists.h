@@ -36,8 +36,10 @@ std::string SymbolOfEntry(std::string_view entry);
 
 /// Where typing `key` moves the selection of a list: the position to select, from 0; nothing when
 /// the selection stays. `current` is the selected position (-1: none). `direction` +1 searches
-/// downwards from there, anything else upwards; letters are folded, and an entry that begins with
-/// "~" is ordered as if it began with "A".
+/// downwards from there, anything else upwards, for the first entry that begins with the key, as
+/// far as the entry where it would stand; letters are folded, and an entry that begins with "~" is
+/// ordered as if it began with "A". Where none is met the whole list is looked through, and only
+/// then the neighbour of that place is taken. An empty key finds the first entry.
 std::optional<int> FindInList(std::span<const std::string> entries,
                               int current,
                               std::string_view key,

@@ -63,6 +63,52 @@ TEST(ParseDate, RefusesWhatNoCalendarHas) {
   }
 }
 
+TEST(ParseTypedDate, AlsoTakesMonthNamesAndPoints) {
+  const DateSerial eve = Serial(1999, 12, 24);
+  for (const char* text : {"12/24/1999",
+                           "1999-12-24",
+                           "Dec 24, 1999",
+                           "24-Dec-1999",
+                           "24 december 99",
+                           "24. Dec. 1999",
+                           "1999 Dec 24",
+                           "decemb-24-99",
+                           "24.12.1999",
+                           " 24. 12. 99 ",
+                           "1999.12.24"}) {
+    EXPECT_EQ(ParseTypedDate(text), eve) << text;
+    const bool plain = text[0] == '1' && text[4] != ' ' && text[4] != '.';
+    EXPECT_EQ(ParseDate(text).has_value(), plain) << text;
+  }
+  EXPECT_EQ(ParseTypedDate("1.2.2000"), Serial(2000, 2, 1));  // a point: the day first
+  for (const char* text : {"",
+                           "De 24 1999",
+                           "Decembers 24 1999",
+                           "24.13.1999",
+                           "24.12",
+                           "31 Feb 2000",
+                           "Dec Jan 1999",
+                           "24 12 1999",
+                           "12,24,1999",
+                           "24.12/1999",
+                           "Dec 24 199",
+                           "Dec 24 1999 x",
+                           "24.Dez.1999",
+                           "24.0012.1999"}) {
+    EXPECT_EQ(ParseTypedDate(text), std::nullopt) << text;
+  }
+}
+
+TEST(Date, DaysBefore1900AreDaysLikeOthers) {
+  EXPECT_EQ(Serial(1900, 1, 1), 2);
+  EXPECT_EQ(ParseDate("12/31/1899"), 1);
+  EXPECT_EQ(ParseDate("12/29/1899"), -1);
+  EXPECT_EQ(DateText(-1, DatePattern::kMonthDayShortYear), "12/29/99");
+  EXPECT_EQ(DateText(Serial(1869, 2, 28) + 1, DatePattern::kCompact), "18690301");
+  EXPECT_EQ(MonthsBefore(Serial(1900, 3, 31), 25), Serial(1898, 2, 28));
+  EXPECT_EQ(WeekdayOf(-1), Weekday::kFriday);
+}
+
 TEST(MonthsBefore, EndsAtTheLastDayOfAShorterMonth) {
   EXPECT_EQ(MonthsBefore(Serial(1999, 3, 31), 1), Serial(1999, 2, 28));
   EXPECT_EQ(MonthsBefore(Serial(2000, 3, 31), 1), Serial(2000, 2, 29));

@@ -84,8 +84,8 @@ TEST_F(ManagedWindows, AMessageTakesTheKeysAndTheScreenHasThemAgainAfterwards) {
 TEST_F(ManagedWindows, CellsChosenWithTheMouseReachTheClipboard) {
   const int status = Run([this] {
     AllScreens().frmTab.cboDataType.SetListIndex(1);
-    AllScreens().frmTab.lstIndex.Select({0});
-    AllScreens().frmTab.cmdLoadData.RaiseClick();
+    AllScreens().frmTab.lists.lstIndex.Select({0});
+    AllScreens().frmTab.lists.cmdLoadData.RaiseClick();
     ClickTool("cmdShowData");
     auto* grid = Main().findChild<GridArea*>();
     ASSERT_TRUE(Wait([&] { return grid->isVisible() && QApplication::focusWidget() == grid; }));

@@ -39,8 +39,8 @@ TEST(Spoken, CellsAndReadOutsAreToldAsTheKeysMove) {
     ASSERT_TRUE(Wait([] { return QAccessible::isActive(); }));
     QAccessible::installUpdateHandler(Listen);
     screens.frmTab.cboDataType.SetListIndex(1);
-    screens.frmTab.lstIndex.Select({0});
-    screens.frmTab.cmdLoadData.RaiseClick();
+    screens.frmTab.lists.lstIndex.Select({0});
+    screens.frmTab.lists.cmdLoadData.RaiseClick();
     Press(Qt::Key_2, Qt::ControlModifier);
     ASSERT_TRUE(Wait([] { return qobject_cast<GridArea*>(QApplication::focusWidget()); }));
     EXPECT_TRUE(Hear("100, AAA, 01/01/2001, B2")) << Told().join(u'\n').toStdString();

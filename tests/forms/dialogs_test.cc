@@ -35,11 +35,19 @@ TEST(FrmFam, DatesFollowTypingAndAreSavedAsDays) {
     EXPECT_EQ(frmFam.txtbegDate.Text(), one.date) << one.typed;
     EXPECT_EQ(frmFam.txtBegDate2.Text(), one.day) << one.typed;
   }
+  frmFam.txtbegDate.SetText("someday soon enough");
+  frmFam.txtbegDate.RaiseLostFocus();
+  EXPECT_EQ(frmFam.lblBegNote.Caption(), "\"someday soon eno...\" is no date");
+  EXPECT_EQ(frmFam.txtBegDate2.Text(), "300");  // sorts behind all dates
+  frmFam.txtbegDate.SetText("20-Jan-2001");
+  frmFam.txtbegDate.RaiseLostFocus();
+  EXPECT_EQ(frmFam.lblBegNote.Caption(), "");
+  EXPECT_EQ(frmFam.txtbegDate.Text() + " " + frmFam.txtBegDate2.Text(), "20-Jan-2001 20");
   frmFam.txtDays[0].SetText("2");
   const int saves_before = world.settings.saves;
   frmFam.cmdSave.RaiseClick();
   EXPECT_EQ(world.settings.saves, saves_before + 1);
-  EXPECT_EQ(world.settings.values["begdate"], "300");
+  EXPECT_EQ(world.settings.values["begdate"], "20");
   EXPECT_EQ(world.settings.values["gain1"], "2");
   EXPECT_EQ(world.settings.values["gain6"], "50");
   EXPECT_TRUE(frmFam.Shown());
@@ -100,11 +108,11 @@ TEST(FrmSheet, GivesThePositionOrCancel) {
 TEST(FrmMain, CalculationsScreenListsTheSignalFiles) {
   ScreenWorld world;
   world.Start();
-  world.screens.frmMain.cmdShowCalc.RaiseClick();
+  world.screens.frmMain.tools.cmdShowCalc.RaiseClick();
   EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Count(), 0);
   world.folder.Write("SIG/gold.sig", "");
   world.folder.Write("SIG/LongSignalName.v2.SIG", "");
-  world.screens.frmMain.cmdShowCalc.RaiseClick();
+  world.screens.frmMain.tools.cmdShowCalc.RaiseClick();
   EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Entries(), (Texts{"GOLD    ", "LONGSIGN"}));
 }
 
@@ -113,7 +121,7 @@ TEST(FrmMain, SavesPrintsAndCopiesWhatIsInFront) {
   world.Start();
   FrmMain& frmMain = world.screens.frmMain;
   frmMain.mnuFileSaveChart.RaiseClick();
-  frmMain.cmdShowData.RaiseClick();
+  frmMain.tools.cmdShowData.RaiseClick();
   frmMain.mnuFilePrint.RaiseClick();
   ASSERT_EQ(world.dialogs.messages.size(), 2U);
   world.LoadTrio();
@@ -144,9 +152,9 @@ TEST(FrmMain, TipsAboutAndExit) {
   ScreenWorld world;
   world.Start();
   FrmMain& frmMain = world.screens.frmMain;
-  frmMain.cmdShowCalc.MouseMove();
-  EXPECT_EQ(frmMain.TxtToolTip.Text(), "Calculations Screen");
-  EXPECT_TRUE(frmMain.TxtToolTip.Visible());
+  frmMain.tools.cmdShowCalc.MouseMove();
+  EXPECT_EQ(frmMain.tools.TxtToolTip.Text(), "Calculations Screen");
+  EXPECT_TRUE(frmMain.tools.TxtToolTip.Visible());
   frmMain.mnuHelpAbout.RaiseClick();
   frmMain.mnuFileExit.RaiseClick();
   EXPECT_EQ(world.dialogs.Texts(), (Texts{"Vistaplot version 3.4.1"}));

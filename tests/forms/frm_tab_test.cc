@@ -28,8 +28,8 @@ TEST(FrmTab, StartReadsSettingsAndSetsTheFirstDataTypeUp) {
   EXPECT_EQ(world.state.market.calendar.MaxNumDays, test::kWorldDays);
   EXPECT_EQ(world.screens.frmTab.cboDataType.ListIndex(), 0);
   EXPECT_TRUE(world.screens.frmTab.cmdFileName.Visible());
-  EXPECT_FALSE(world.screens.frmTab.cmdLoadData.Visible());
-  EXPECT_FALSE(world.screens.frmMain.mnuTimePeriod[3].Usable());
+  EXPECT_FALSE(world.screens.frmTab.lists.cmdLoadData.Visible());
+  EXPECT_FALSE(world.screens.frmMain.periods.mnuTimePeriod[3].Usable());
 }
 
 TEST(FrmTab, ServiceThatDoesNotOpenEndsTheProgramAfterItsBox) {
@@ -54,20 +54,20 @@ TEST(FrmTab, PricesShowFamiliesAndTheirGraphTypes) {
   ScreenWorld world;
   world.Start();
   FrmTab& frmTab = world.screens.frmTab;
-  ASSERT_EQ(frmTab.lstIndex.Count(), 1);
-  EXPECT_EQ(frmTab.lstIndex.Entries()[0].substr(0, 20), "TRIO     Three funds");
+  ASSERT_EQ(frmTab.lists.lstIndex.Count(), 1);
+  EXPECT_EQ(frmTab.lists.lstIndex.Entries()[0].substr(0, 20), "TRIO     Three funds");
   EXPECT_EQ(
       frmTab.cboGraphType.Entries(),
       (Texts{"XY Line", "Scatter", "Candlestick line", "Candlestick Bar", "Point and Figure"}));
   EXPECT_EQ(frmTab.cboXParm.CurrentText(), "Date");
   EXPECT_EQ(world.state.selection.TimePeriodIndex, 3);
-  EXPECT_TRUE(world.screens.frmMain.mnuTimePeriod[3].Checked());
-  EXPECT_FALSE(world.screens.frmMain.mnuTimePeriod[0].Checked());
+  EXPECT_TRUE(world.screens.frmMain.periods.mnuTimePeriod[3].Checked());
+  EXPECT_FALSE(world.screens.frmMain.periods.mnuTimePeriod[0].Checked());
   EXPECT_EQ(world.state.table.SheetCount(), 2);
   frmTab.cboGraphType.SetListIndex(4);
   EXPECT_FALSE(frmTab.optOneAll.Visible());
-  frmTab.OptSelect.SetListIndex(1);
-  EXPECT_EQ(frmTab.lstIndex.Entries()[2], "CCC   Name of CCC");
+  frmTab.lists.OptSelect.SetListIndex(1);
+  EXPECT_EQ(frmTab.lists.lstIndex.Entries()[2], "CCC   Name of CCC");
 }
 
 TEST(FrmTab, ResultTypesOfferTheirParameters) {
@@ -103,7 +103,7 @@ TEST(FrmTab, ResultTypesOfferTheirParameters) {
 TEST(FrmTab, LoadsAFamilyWithItsSummaryAndOneSpareSheetEveryTime) {
   ScreenWorld world;
   world.LoadTrio();
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   const DataTable& table = world.state.table;
   EXPECT_TRUE(world.dialogs.messages.empty());
   ASSERT_EQ(table.SheetCount(), 3);
@@ -126,9 +126,9 @@ TEST(FrmTab, LoadsAFamilyWithItsSummaryAndOneSpareSheetEveryTime) {
 TEST(FrmTab, LoadWithoutASelectionSaysWhatToSelect) {
   ScreenWorld world;
   world.Start();
-  world.screens.frmTab.cmdLoadData.RaiseClick();
-  world.screens.frmTab.OptSelect.SetListIndex(1);
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.OptSelect.SetListIndex(1);
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   EXPECT_EQ(world.dialogs.Texts(),
             (Texts{"Please select a Family", "Please select one or more funds or stocks"}));
   EXPECT_FALSE(world.state.flags.ResultFileLoaded);
@@ -141,10 +141,10 @@ TEST(FrmTab, OpenedFamilyAnalysisRulesOneLoadOnly) {
   world.screens.frmMain.mnuFamilySelect.RaiseClick();
   world.screens.frmFam.txtDays[5].SetText("20");
   world.screens.frmFam.cmdOK.RaiseClick();
-  world.screens.frmTab.lstIndex.Select({0});
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.lstIndex.Select({0});
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   EXPECT_EQ(world.state.table.SheetAt(2).CellText(1, 13), "20 day");
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   EXPECT_EQ(world.state.table.SheetAt(2).CellText(1, 13), "77 day");
 }
 
@@ -153,8 +153,8 @@ TEST(FrmTab, DateTypedLastCountsAlsoWhenItsBoxWasNotLeft) {
   world.Start();
   world.screens.frmMain.mnuFamilySelect.RaiseClick();
   world.screens.frmFam.txtEndDate.SetText("01/31/2001");
-  world.screens.frmTab.lstIndex.Select({0});
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.lstIndex.Select({0});
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   // AAA rises by 1 a day from 100: 130 on 31 January, 129 the day before.
   EXPECT_EQ(world.state.table.SheetAt(2).CellText(2, 8), "0.775");
 }
@@ -164,8 +164,8 @@ TEST(FrmTab, LoadWithoutASelectionLeavesNothingToGraph) {
   world.LoadTrio();
   world.SelectColumns(2, 2);
   world.screens.frmMain.mnuFileGraph.RaiseClick();
-  world.screens.frmTab.lstIndex.Select({});
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.lstIndex.Select({});
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   world.screens.frmMain.mnuFileGraph.RaiseClick();
   ASSERT_EQ(world.dialogs.messages.size(), 2U);
   EXPECT_EQ(world.dialogs.messages[1].text.substr(0, 11), "Please load");
@@ -176,18 +176,73 @@ TEST(FrmTab, TypingFindsTheEntryAndItIsLoaded) {
   ScreenWorld world;
   world.WriteFamily("QLDEF/ALPHA.FAM", {"BBB"});
   world.Start();
-  world.screens.frmTab.txtIndex.SetText("al");
-  world.screens.frmTab.cmdLoadData.RaiseClick();
+  world.screens.frmTab.lists.txtIndex.SetText("al");
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
   EXPECT_EQ(world.state.table.SheetAt(1).SheetName, "ALPHA");
+}
+
+TEST(FrmTab, LoadForgetsTheFundsOfTheChart) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 3);
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  world.SelectColumns(3, 3);
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
+  EXPECT_EQ(world.state.selection.SelectedCount, 0);
+  EXPECT_EQ(world.state.selection.CurrentFund, 0);
+  EXPECT_TRUE(world.state.table.SheetAt(1).selection.empty());
+  EXPECT_EQ(world.Chart().ColumnCount(), 2);  // the old picture stays, its points mean nothing
+  PointSelection point{.Series = 1, .DataPoint = 3};
+  world.screens.frmGraph.VtChart1.RaisePointSelected(point);
+  EXPECT_TRUE(point.Cancel);
+  EXPECT_TRUE(world.dialogs.messages.empty());
+  EXPECT_TRUE(world.state.flags.ResultFileLoaded);
+  world.screens.frmTab.lists.OptSelect.SetListIndex(1);
+  EXPECT_FALSE(world.state.flags.ResultFileLoaded);
+}
+
+TEST(FrmTab, StatusLineTellsWhatIsLoadedAndWhatIsWrongWithIt) {
+  ScreenWorld world;
+  world.quoteline.AddIssue("CCC", {1, 0, 3});
+  world.LoadTrio();
+  const Panel& status = world.screens.frmMain.pnlStatus;
+  EXPECT_EQ(status.Caption(),
+            "TRIO: 3 issues, days 01/01/2001 to 10/27/2001; prices of 0 or below left figures of 1 "
+            "issue undefined");
+  world.quoteline.SetDays(SerialFromDate({2001, 1, 1}), 0);
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
+  EXPECT_EQ(status.Caption(), "TRIO: 3 issues, no market days yet");
+}
+
+TEST(FrmTab, MenusOfPricesCannotBeUsedForResultFiles) {
+  ScreenWorld world;
+  world.Start();
+  FrmMain& frmMain = world.screens.frmMain;
+  for (const int type : {1, 0, 1, 2, 3, 1, 4, 5}) {
+    world.screens.frmTab.cboDataType.SetListIndex(type);
+    EXPECT_EQ(frmMain.periods.mnuTimePeriod[0].Usable(), type == 1) << type;
+    EXPECT_EQ(frmMain.mnuFamilySelect.Usable(), type == 1) << type;
+    EXPECT_FALSE(frmMain.mnuEditSort.Usable() || frmMain.tools.cmdSortAll.Usable()) << type;
+  }
+}
+
+TEST(FrmTab, TypingSelectsTheEntryFoundAlone) {
+  ScreenWorld world;
+  world.WriteFamily("QLDEF/ALPHA.FAM", {"BBB"});
+  world.Start();
+  ListBox& list = world.screens.frmTab.lists.lstIndex;
+  list.Select({0, 1});
+  world.screens.frmTab.lists.txtIndex.SetText("tr");
+  EXPECT_EQ(list.SelectedPositions(), std::vector<int>{1});
 }
 
 TEST(FrmTab, OneAtATimeShowsTheFundButtons) {
   ScreenWorld world;
   world.Start();
   world.screens.frmTab.optOneAll.SetListIndex(1);
-  EXPECT_TRUE(world.screens.frmMain.cmdNext.Visible());
+  EXPECT_TRUE(world.screens.frmMain.tools.cmdNext.Visible());
   world.screens.frmTab.optOneAll.SetListIndex(0);
-  EXPECT_FALSE(world.screens.frmMain.cmdPrev.Visible());
+  EXPECT_FALSE(world.screens.frmMain.tools.cmdPrev.Visible());
 }
 
 }  // namespace

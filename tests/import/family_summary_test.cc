@@ -47,11 +47,11 @@ TEST(FamilySummary, FiguresOfEachKindOfHistory) {
        4,
        "50.00|0|05/17/1991|0.00|44.60|20.000|50.000|0|0|50.000|0.000"},
       {"stands still", {7, 7, 7, 7, 7, 7}, 1, "0.00|0||0.00|-5.40|0.000|0.000|0.000|0|0.000|0.000"},
-      // Divisions by 0 after day 4: what is not finite shows 0, the draw-down was complete.
+      // Divisions by 0 after day 4: what is undefined shows 0.00, the draw-down was complete.
       {"falls to 0",
        {1, 1, 2, 0, 5, 5},
        1,
-       "0.00|100|01/02/1991|0.00|-5.40|0.000|0|400.000|0|0|0.000"}};
+       "0.00|100|01/02/1991|0.00|0.00|0.000|0|400.000|0|0|0.000"}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.about);
     test::LoadWorld world;
@@ -91,6 +91,55 @@ TEST(FamilySummary, SheetHasHeadingsExtentAndTogglesAndKeepsTheOrder) {
                                       "Unable to get start date for NONE\rusing 1"}));
   EXPECT_EQ(world.progress.actions, std::vector<std::string>{"Calculating Family Info..."});
   EXPECT_FALSE(world.progress.action_shown || world.progress.meter_shown);
+}
+
+// A breadth series: values of 0 and below. W = -1 after day 4: no root of it in two years, the
+// others are defined. P = 2 on day 3, m = -1 / 2, S = 150^2 x 3 over 5 days.
+TEST(FamilySummary, UndefinedFiguresShowZeroAndAreCounted) {
+  test::LoadWorld world;
+  SetSixDays(world);
+  world.api.AddIssue("ADL", {1, 1, 2, -1, -1, -1});
+  world.api.AddIssue("NIL", {1, 1, 0, 0, 4, 4});
+  world.api.AddIssue("OK", {1, 1, 2, 2, 2, 2});
+  const std::vector<std::string> symbols{"ADL", "NIL", "OK"};
+  EXPECT_EQ(ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress),
+            2);
+  const auto figures = [&](int row) {
+    std::vector<std::string> texts;
+    for (int col = 3; col <= 7; ++col) texts.push_back(world.table.SheetAt(2).CellText(row, col));
+    return texts;
+  };
+  EXPECT_EQ(figures(2), (std::vector<std::string>{"0.00", "150", "01/02/1991", "116.19", "0.00"}));
+  // Down to 0 on the first used day: the peak is 0, nothing is defined.
+  EXPECT_EQ(figures(3), (std::vector<std::string>{"0.00", "0", "", "0.00", "0.00"}));
+  EXPECT_EQ(figures(4), (std::vector<std::string>{"41.42", "0", "04/12/1990", "0.00", "36.02"}));
+}
+
+TEST(FamilySummary, EachColumnHoldsItsOwnFigure) {
+  test::LoadWorld world;
+  SetSixDays(world);
+  world.api.AddIssue("ABC", {10, 10, 20, 10, 15, 40});
+  const std::vector<std::string> symbols{"ABC"};
+  ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress);
+  const std::vector<std::pair<std::string, std::string>> columns{
+      {"Symbol", "ABC"},
+      {"Name", PadRight("Name of ABC", 40)},
+      {"Ann %", "100.00"},
+      {"MDD %", "50"},
+      {"MDD Date", "01/02/1991"},
+      {"UI", "25.00"},
+      {"UPI", "3.78"},
+      {"1 day", "166.667"},
+      {"2 day", "300.000"},
+      {"5 day", "300.000"},
+      {"6 day", "0"},
+      {"2.5 day", "300.000"},
+      {"abc day", "0.000"}};
+  for (std::size_t c = 0; c < columns.size(); ++c) {
+    const int col = static_cast<int>(c) + 1;
+    EXPECT_EQ(world.table.SheetAt(2).CellText(1, col), columns[c].first);
+    EXPECT_EQ(world.table.SheetAt(2).CellText(2, col), columns[c].second) << columns[c].first;
+  }
 }
 
 TEST(FamilySummary, WindowIsBroughtIntoTheCalendarAndOverflowShowsZero) {

@@ -21,21 +21,25 @@ TEST(DateEntry, TypedTextsFindTheirMarketDay) {
     int day;
     const char* text;
     bool exact;
+    bool is_date = true;
   };
   for (const Case& c : {Case{"12/27/1999", 2, "12/27/1999", true},
                         Case{"12/25/1999", 2, "12/27/1999", false},
                         Case{"1/3/00", 4, "1/3/00", true},
                         Case{"1/4/2000", 4, "01/03/2000", false},
+                        Case{"27. Dec 99", 2, "27. Dec 99", true},
+                        Case{"26.12.1999", 2, "12/27/1999", false},
                         Case{"7/4/1950", 1, "12/23/1999", false},
-                        Case{"", 1, "12/23/1999", false},
-                        Case{"soon", 4, "01/03/2000", false},
-                        Case{"2000", 4, "01/03/2000", false},
-                        Case{"1999/12/26x", 2, "12/27/1999", false}}) {
+                        Case{"", 1, "12/23/1999", false, false},
+                        Case{"soon", 4, "01/03/2000", false, false},
+                        Case{"2000", 4, "01/03/2000", false, false},
+                        Case{"1999/12/26x", 2, "12/27/1999", false, false}}) {
     const auto entry = SnapDateEntry(c.typed, HolidayCalendar());
     ASSERT_TRUE(entry.has_value());
     EXPECT_EQ(entry->day, c.day) << c.typed;
     EXPECT_EQ(entry->text, c.text) << c.typed;
     EXPECT_EQ(entry->exact, c.exact) << c.typed;
+    EXPECT_EQ(entry->is_date, c.is_date) << c.typed;
   }
 }
 

@@ -73,23 +73,28 @@ TEST(FindInList, TypingMovesToTheFirstFit) {
     int current;
     int found;  // -1: the selection stays
   };
-  for (const Case& c : {Case{"", 3, 0},
-                        Case{"be", 1, 2},      // downwards: first whose beginning is the key
-                        Case{" belt ", 2, 3},  // trimmed
-                        Case{"C", 1, 3},       // none: the one before the first above
-                        Case{"B", 5, 3},       // upwards: the first met from below
-                        Case{"C", 5, 4},       // none: the one after the first below
-                        Case{"A", 5, 1},
-                        Case{"AB", 3, -1},  // "~BEAR" is ordered as "ABEAR": not equal, not below
-                        Case{"AC", 3, 1},   // it is below this one
-                        Case{"be", 0, 1},   // "~" itself sorts above letters: upwards
-                        Case{"Z", 1, -1},   // nothing lies above
-                        Case{"D", -1, 4}}) {
+  for (const Case& c :
+       {Case{"", 3, 0},
+        Case{"be", 1, 2},      // downwards: first whose beginning is the key
+        Case{" belt ", 2, 3},  // trimmed
+        Case{"C", 1, 3},       // none: the one before the first above
+        Case{"B", 5, 3},       // upwards: the first met from below
+        Case{"C", 5, 4},       // none: the one after the first below
+        Case{"A", 5, 1},
+        Case{"AB", 3, -1},  // "~BEAR" is ordered as "ABEAR": not equal, not below
+        Case{"AC", 3, 1},   // it is below this one
+        Case{"be", 0, 2},   // "~" itself sorts above letters: upwards, then the whole list
+        Case{"Z", 1, -1},   // nothing lies above
+        Case{"D", -1, 4}}) {
     EXPECT_EQ(FindTyped(entries, c.current, c.key).value_or(-1), c.found)
         << c.key << " from " << c.current;
   }
   EXPECT_EQ(FindInList(entries, 0, "A", 1).value_or(-1), 1);
   EXPECT_EQ(FindInList({}, -1, "", 1).value_or(-1), -1);
+  const std::vector<std::string> unsorted{"MIKE", "ZULU", "KILO", "ALPHA"};
+  EXPECT_EQ(FindInList(unsorted, 0, "k", 1).value_or(-1), 2);  // "MIKE" stops the scan at once
+  EXPECT_EQ(FindInList(unsorted, 3, "m", 0).value_or(-1), 0);
+  EXPECT_EQ(FindInList(unsorted, 0, "l", 1).value_or(-1), 0);
 }
 
 TEST(ChooseFamilyFile, AsksAgainUntilAFileOrGivingUp) {

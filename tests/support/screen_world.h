@@ -59,8 +59,8 @@ struct ScreenWorld {
 
   void LoadTrio() {
     Start();
-    screens.frmTab.lstIndex.Select({0});
-    screens.frmTab.cmdLoadData.RaiseClick();
+    screens.frmTab.lists.lstIndex.Select({0});
+    screens.frmTab.lists.cmdLoadData.RaiseClick();
   }
 
   void SelectColumns(int first, int last) {

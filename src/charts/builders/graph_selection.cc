@@ -41,7 +41,7 @@ std::string ReadGraphSelection(const Sheet& prices, SelectionUse use, GraphSelec
   selection.SelectedCount = static_cast<std::int16_t>(selection.SelectedColumns.size());
   if (selection.SelectedCount == 0) return "Please select a fund on the Graph Data tab";
   if (use == SelectionUse::kCorrelation && selection.SelectedColumns.size() < kCorrelatedFunds) {
-    return "Two funds must be selected to graph correlation";
+    return std::string(kTwoFundsNeeded);
   }
   selection.CurrentFund = 1;
   return {};

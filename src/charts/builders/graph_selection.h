@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "table/sheet.h"
@@ -35,6 +36,10 @@ enum class SelectionUse {
 
 /// True when a redraw must read the selection first: it was asked for, or there is none.
 bool NeedsSelection(const GraphSelection& selection, bool reselect);
+
+/// What refuses a correlation of fewer than two funds.
+inline constexpr std::string_view kTwoFundsNeeded =
+    "Two funds must be selected to graph correlation";
 
 /// Reads the ranges selected on `prices` into `selection`: the columns of each range in turn, the
 /// date column and columns behind MaxCol left out, duplicates kept. CurrentFund becomes 1.

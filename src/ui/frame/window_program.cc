@@ -113,16 +113,9 @@ void WindowProgram::FollowFront() {
 }
 
 void WindowProgram::SetUpCharts() {
-  host_.SetChartServices({.change_period = [this](int steps) { ChangePeriod(steps); }});
-}
-
-void WindowProgram::ChangePeriod(int steps) {
-  auto& periods = program_.AllScreens().frmMain.mnuTimePeriod;
-  const int last = static_cast<int>(periods.size()) - 1;
-  const int now = program_.State().selection.TimePeriodIndex;
-  const int wanted = std::clamp(now + steps, 0, last);
-  MenuItem& period = periods[static_cast<std::size_t>(wanted)];
-  if (wanted != now && period.Usable()) period.RaiseClick();
+  host_.SetChartServices({.change_period = [this](int steps) {
+    program_.AllScreens().frmMain.ChangeTimePeriod(steps);
+  }});
 }
 
 }  // namespace vistaplot

@@ -44,7 +44,6 @@ class WindowProgram : public QObject {
 
  private:
   void SetUpCharts();
-  void ChangePeriod(int steps);
   void SetUpKeys();
   void FollowFront();
   void SizeWindow();

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "import/family_summary.h"
 #include "table/sheet_text.h"
 #include "ui/controls/qt_text.h"
 
@@ -229,7 +230,9 @@ void GridArea::RaiseClick(GridCell cell) {
   guard_.Run([this, cell] { grid_.RaiseClick(cell.row, cell.col); });
 }
 
+// Only a row of the family summary stands for something to chart.
 void GridArea::RaiseRClick(GridCell cell) {
+  if (table_.ActiveSheet() != kSummarySheet) return;
   guard_.Run([this, cell] { grid_.RaiseRClick(cell.row, cell.col); });
 }
 

@@ -78,16 +78,16 @@ TEST(AccessibleNames, NamesAndAccessKeysFollowTheLabels) {
   FrmTab& form = windows.screens.frmTab;
   form.cboDataType.SetListIndex(1);
   const FormView& view = *windows.program.Host().ViewOf(form);
-  QWidget& find = *view.AdapterOf(form.txtIndex)->Widget();
-  const auto& label = *qobject_cast<QLabel*>(view.AdapterOf(form.lblIndex)->Widget());
+  QWidget& find = *view.AdapterOf(form.lists.txtIndex)->Widget();
+  const auto& label = *qobject_cast<QLabel*>(view.AdapterOf(form.lists.lblIndex)->Widget());
   EXPECT_EQ(NameOf(find), "Find");
   EXPECT_EQ(label.buddy(), &find);
-  form.lblIndex.SetCaption("&Search for:");
+  form.lists.lblIndex.SetCaption("&Search for:");
   EXPECT_EQ(NameOf(find), "Search for");
-  form.lblIndex.SetCaption("");
+  form.lists.lblIndex.SetCaption("");
   EXPECT_EQ(NameOf(find), "Entry");
   EXPECT_EQ(label.buddy(), nullptr);
-  form.txtIndex.SetDescription("Name or symbol");
+  form.lists.txtIndex.SetDescription("Name or symbol");
   EXPECT_EQ(NameOf(find), "Name or symbol");
 }
 

@@ -41,7 +41,7 @@ TEST(WindowProgram, AFamilyIsLoadedWithTheKeyboardAlone) {
   ASSERT_EQ(windows.screens.frmTab.cboDataType.ListIndex(), 1);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);
   QTest::keyClicks(QApplication::focusWidget(), "trio");
-  EXPECT_EQ(windows.screens.frmTab.lstIndex.SelectedPositions(), std::vector<int>{0});
+  EXPECT_EQ(windows.screens.frmTab.lists.lstIndex.SelectedPositions(), std::vector<int>{0});
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_L, Qt::AltModifier);
   const bool& loaded = windows.program.Screens().State().flags.ResultFileLoaded;
   EXPECT_TRUE(QTest::qWaitFor([&loaded] { return loaded; }));  // the button is seen to go down
@@ -96,8 +96,8 @@ TEST(WindowProgram, ToolsAreWorkedAndLeftWithTheKeyboard) {
   MainWindow& window = windows.program.Window();
   windows.screens.frmTab.cboDataType.SetListIndex(1);
   windows.screens.frmTab.optOneAll.SetListIndex(1);
-  windows.screens.frmTab.lstIndex.Select({0});
-  windows.screens.frmTab.cmdLoadData.RaiseClick();
+  windows.screens.frmTab.lists.lstIndex.Select({0});
+  windows.screens.frmTab.lists.cmdLoadData.RaiseClick();
   EXPECT_EQ(windows.screens.frmMain.pnlStatus.Caption(),
             "TRIO: 3 issues, days 01/01/2001 to 10/27/2001");
   windows.program.Screens().State().table.SheetAt(1).Select({1, 2, test::kWorldDays + 1, 4});
@@ -218,11 +218,11 @@ TEST(WindowProgram, ThePointerOverAToolShowsItsTip) {
   QToolBar& bar = *windows.program.Window().findChild<QToolBar*>();
   QEvent came(QEvent::Enter);
   QApplication::sendEvent(bar.widgetForAction(&windows.Command("cmdSort")), &came);
-  EXPECT_EQ(windows.screens.frmMain.TxtToolTip.Text(), "Sort");
-  EXPECT_TRUE(windows.screens.frmMain.TxtToolTip.Visible());
+  EXPECT_EQ(windows.screens.frmMain.tools.TxtToolTip.Text(), "Sort");
+  EXPECT_TRUE(windows.screens.frmMain.tools.TxtToolTip.Visible());
   QEvent left(QEvent::Leave);
   QApplication::sendEvent(&bar, &left);
-  EXPECT_FALSE(windows.screens.frmMain.TxtToolTip.Visible());
+  EXPECT_FALSE(windows.screens.frmMain.tools.TxtToolTip.Visible());
 }
 
 TEST(WindowProgram, TheMeterIsPaintedInTheMiddleOfWork) {

@@ -137,6 +137,11 @@ TEST(GridView, HeadingsTellClicksAndCellsOnlyRightOnes) {
   world.Key(Qt::Key_Up);
   world.Key(Qt::Key_Return);
   EXPECT_EQ(world.log, "right 3,2; right 2,2; right 2,2; click 1,2; ");
+  world.log.clear();
+  world.table.SetActiveSheet(1);  // only a row of the summary stands for something to chart
+  QTest::mouseClick(world.area.viewport(), Qt::RightButton, {}, world.At(3, 2));
+  world.Key(Qt::Key_Menu);
+  EXPECT_EQ(world.log, "");
 }
 
 TEST(GridView, RightClickKeepsASelectionThatItMeets) {

@@ -1,4 +1,4 @@
-#include "forms/price_graph.h"
+#include "forms/drawing.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using Texts = std::vector<std::string>;
 
 constexpr int kAll = 9;
 
-TEST(PriceGraph, AsksForALoadBeforeItDraws) {
+TEST(Drawing, AsksForALoadBeforeItDraws) {
   ScreenWorld world;
   world.Start();
   world.screens.frmMain.mnuFileGraph.RaiseClick();
@@ -28,7 +28,7 @@ TEST(PriceGraph, AsksForALoadBeforeItDraws) {
   EXPECT_EQ(world.dialogs.messages.size(), 1U);
 }
 
-TEST(PriceGraph, DrawsTheSelectedFundsOnceUpToTheLastDay) {
+TEST(Drawing, DrawsTheSelectedFundsOnceUpToTheLastDay) {
   ScreenWorld world;
   world.LoadTrio();
   world.SelectColumns(1, 3);
@@ -50,7 +50,7 @@ TEST(PriceGraph, DrawsTheSelectedFundsOnceUpToTheLastDay) {
   EXPECT_DOUBLE_EQ(world.Chart().DataAt(184, 1), 399.0 / 216.0 - 1.0);
 }
 
-TEST(PriceGraph, GraphReadsANewSelectionAndScrollingKeepsIt) {
+TEST(Drawing, GraphReadsANewSelectionAndScrollingKeepsIt) {
   ScreenWorld world;
   world.LoadTrio();
   world.SelectColumns(2, 2);
@@ -58,36 +58,102 @@ TEST(PriceGraph, GraphReadsANewSelectionAndScrollingKeepsIt) {
   world.SelectColumns(3, 4);
   world.screens.frmGraph.HScroll1.SetValue(200);
   EXPECT_EQ(world.Chart().ColumnLabelAt(1), "AAA");
-  world.screens.frmMain.cmdGraph.RaiseClick();
+  world.screens.frmMain.tools.cmdGraph.RaiseClick();
   EXPECT_EQ(world.Chart().ColumnLabelAt(1), "BBB");
   EXPECT_EQ(world.Chart().ColumnCount(), 2);
   EXPECT_EQ(world.screens.frmGraph.HScroll1.Value(), 200);
 }
 
-TEST(PriceGraph, AllMovesTheBarToTheLastDayAndRefusesOnce) {
+TEST(Drawing, AllMovesTheBarToTheLastDayAndRefusesOnce) {
   ScreenWorld world;
   world.LoadTrio();
   world.SelectColumns(2, 4);
   world.screens.frmMain.mnuFileGraph.RaiseClick();
   world.screens.frmGraph.HScroll1.SetValue(150);
-  world.screens.frmMain.mnuTimePeriod[kAll].RaiseClick();
+  world.screens.frmMain.periods.mnuTimePeriod[kAll].RaiseClick();
   EXPECT_EQ(world.screens.frmGraph.HScroll1.Value(), kWorldDays);
   EXPECT_EQ(world.state.selection.FirstDay, 2);
   EXPECT_EQ(world.Chart().rowcount(), kWorldDays - 1);
-  EXPECT_TRUE(world.screens.frmMain.mnuTimePeriod[kAll].Checked());
-  EXPECT_FALSE(world.screens.frmMain.mnuTimePeriod[3].Checked());
-  // 41 ranges of three funds: 123 x 299 points are too many, and the box comes once.
-  for (int i = 0; i < 40; ++i) {
+  EXPECT_TRUE(world.screens.frmMain.periods.mnuTimePeriod[kAll].Checked());
+  EXPECT_FALSE(world.screens.frmMain.periods.mnuTimePeriod[3].Checked());
+}
+
+TEST(Drawing, RefusedAllStillMovesTheBarAndTellsOnce) {
+  ScreenWorld world;
+  world.LoadTrio();
+  // 42 ranges of three funds: 126 x 21 points of a month are few enough, those of all days are not.
+  for (int i = 0; i < 42; ++i) {
     world.state.table.SheetAt(1).selection.push_back({1, 2, kWorldDays + 1, 4});
   }
-  world.screens.frmGraph.HScroll1.SetValue(150);
+  world.screens.frmMain.ChooseTimePeriod(0);
   world.screens.frmMain.mnuFileGraph.RaiseClick();
+  world.screens.frmGraph.HScroll1.SetValue(150);
+  EXPECT_GT(world.Chart().ColumnCount(), 0);
+  EXPECT_TRUE(world.dialogs.messages.empty());
+  world.screens.frmMain.periods.mnuTimePeriod[kAll].RaiseClick();
   EXPECT_EQ(world.dialogs.Texts(),
             (Texts{"Too much data to graph, please choose a shorter time period or fewer funds"}));
   EXPECT_EQ(world.screens.frmGraph.HScroll1.Value(), kWorldDays);
+  EXPECT_EQ(world.Chart().ColumnCount(), 0);
 }
 
-TEST(PriceGraph, NothingSelectedIsToldAndNothingDrawn) {
+TEST(Drawing, RefusedChartBringsNoScreenUpAndLeavesNoOldPicture) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 2);
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  world.screens.frmGraph.lblboxdate.SetCaption("Last X: 01/01/01");
+  world.screens.frmMain.tools.cmdShowMain.RaiseClick();
+  world.state.table.SheetAt(1).selection.clear();
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  EXPECT_EQ(world.dialogs.messages.size(), 1U);
+  EXPECT_EQ(world.host.front, &world.screens.frmTab);
+  EXPECT_EQ(world.Chart().ColumnCount(), 0);
+  EXPECT_EQ(world.screens.frmGraph.lblboxdate.Caption(), "");
+  EXPECT_FALSE(world.screens.frmMain.pnlAction.Visible());
+}
+
+TEST(Drawing, BarWaitsForTheFirstChartAndARedrawBeforeItEndsAtTheNewestDay) {
+  ScreenWorld world;
+  world.LoadTrio();
+  ScrollBar& bar = world.screens.frmGraph.HScroll1;
+  EXPECT_FALSE(bar.Enabled());
+  world.SelectColumns(2, 3);
+  world.screens.frmMain.periods.mnuTimePeriod[0].RaiseClick();
+  EXPECT_TRUE(bar.Usable());
+  EXPECT_EQ(bar.Value(), kWorldDays);
+  EXPECT_EQ(bar.Max(), kWorldDays);
+  EXPECT_EQ(bar.Min(), 1);
+  EXPECT_EQ(world.Chart().ColumnCount(), 2);
+  EXPECT_EQ(world.Chart().RowLabelAt(world.Chart().rowcount()), "10/27/01");
+  // One more day in the service: the bar waits for a chart again, and then reaches it.
+  world.quoteline.SetDays(SerialFromDate({2001, 1, 1}), kWorldDays + 1);
+  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
+  EXPECT_FALSE(bar.Enabled());
+  world.SelectColumns(2, 2);
+  world.screens.frmTab.optOneAll.SetListIndex(1);
+  world.screens.frmMain.tools.cmdNext.RaiseClick();
+  EXPECT_EQ(bar.Value(), kWorldDays + 1);
+}
+
+TEST(Drawing, WheelStepsThroughThePeriodsAsTheMenuDoes) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 2);
+  FrmMain& frmMain = world.screens.frmMain;
+  frmMain.ChangeTimePeriod(-1);
+  EXPECT_EQ(world.state.selection.TimePeriodIndex, 2);
+  EXPECT_TRUE(frmMain.periods.mnuTimePeriod[2].Checked());
+  EXPECT_FALSE(frmMain.periods.mnuTimePeriod[3].Checked());
+  frmMain.ChangeTimePeriod(50);
+  EXPECT_EQ(world.state.selection.TimePeriodIndex, kAll);
+  EXPECT_EQ(world.Chart().rowcount(), kWorldDays - 1);
+  world.screens.frmTab.cboDataType.SetListIndex(0);
+  frmMain.ChangeTimePeriod(-1);
+  EXPECT_EQ(world.state.selection.TimePeriodIndex, kAll);
+}
+
+TEST(Drawing, NothingSelectedIsToldAndNothingDrawn) {
   ScreenWorld world;
   world.LoadTrio();
   world.state.table.SheetAt(1).selection.clear();
@@ -96,36 +162,36 @@ TEST(PriceGraph, NothingSelectedIsToldAndNothingDrawn) {
   EXPECT_EQ(world.Chart().ColumnCount(), 0);
 }
 
-TEST(PriceGraph, AnotherKindOfDataForgetsTheFundsOfTheChart) {
+TEST(Drawing, AnotherKindOfDataForgetsTheFundsOfTheChart) {
   ScreenWorld world;
   world.LoadTrio();
   world.SelectColumns(2, 3);
   world.screens.frmMain.mnuFileGraph.RaiseClick();
-  const int days = world.Chart().rowcount();
   world.screens.frmTab.cboDataType.SetListIndex(0);
+  world.state.table.SheetAt(1).MaxCol = 5;  // a result file, with what its reader left selected
+  world.state.table.SheetAt(1).Select({3, 5, 3, 5});
   world.screens.frmGraph.HScroll1.SetValue(150);
   EXPECT_EQ(world.dialogs.Texts(), (Texts{"Please select a fund on the Graph Data tab"}));
-  EXPECT_EQ(world.Chart().ColumnCount(), 2);  // not drawn again from an empty sheet
-  EXPECT_EQ(world.Chart().rowcount(), days);
+  EXPECT_EQ(world.Chart().ColumnCount(), 0);
 }
 
-TEST(PriceGraph, StepsThroughTheFundsAroundTheEnds) {
+TEST(Drawing, StepsThroughTheFundsAroundTheEnds) {
   ScreenWorld world;
   world.LoadTrio();
   world.SelectColumns(2, 3);
   world.screens.frmTab.optOneAll.SetListIndex(1);
   world.screens.frmMain.mnuFileGraph.RaiseClick();
   Texts drawn{world.Chart().ColumnLabelAt(1)};
-  for (Button* button : {&world.screens.frmMain.cmdNext,
-                         &world.screens.frmMain.cmdNext,
-                         &world.screens.frmMain.cmdPrev}) {
+  for (Button* button : {&world.screens.frmMain.tools.cmdNext,
+                         &world.screens.frmMain.tools.cmdNext,
+                         &world.screens.frmMain.tools.cmdPrev}) {
     button->RaiseClick();
     drawn.push_back(world.Chart().ColumnLabelAt(1));
   }
   EXPECT_EQ(drawn, (Texts{"AAA", "BBB", "AAA", "BBB"}));
 }
 
-TEST(PriceGraph, ClickOnAPointTellsDayAndValue) {
+TEST(Drawing, ClickOnAPointTellsDayAndValue) {
   ScreenWorld world;
   world.LoadTrio();
   world.SelectColumns(2, 3);
@@ -140,10 +206,10 @@ TEST(PriceGraph, ClickOnAPointTellsDayAndValue) {
   EXPECT_EQ(world.dialogs.messages.size(), 1U);
 }
 
-TEST(PriceGraph, RightClickOnASummaryRowChartsItsIssue) {
+TEST(Drawing, RightClickOnASummaryRowChartsItsIssue) {
   ScreenWorld world;
   world.LoadTrio();
-  world.screens.frmMain.cmdShowData.RaiseClick();
+  world.screens.frmMain.tools.cmdShowData.RaiseClick();
   world.state.table.SetActiveSheet(2);
   world.screens.frmData.F1Book1.RaiseClick(1, 1);  // ascending
   world.screens.frmData.F1Book1.RaiseClick(1, 0);  // descending: CCC comes first
