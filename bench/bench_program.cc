@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "quoteline/price_import.h"
-#include "quoteline/store.h"
+#include "quoteline/store_creation.h"
 
 namespace vistaplot::bench {
 

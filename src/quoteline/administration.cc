@@ -1,7 +1,11 @@
 #include "quoteline/administration.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <optional>
 #include <set>
+#include <system_error>
 
 #include "base/date.h"
 #include "base/files.h"
@@ -23,6 +27,16 @@ RuntimeError UnknownIssue(std::string symbols) {
 
 std::string DateOfDay(const Service& service, int day) {
   return DateText(service.Days()[static_cast<std::size_t>(day - 1)], DatePattern::kIso);
+}
+
+// The 7 of "#7", which is no symbol, when it stands alone.
+std::optional<std::int64_t> RowNumber(const std::vector<std::string>& symbols) {
+  if (symbols.size() != 1 || !symbols.front().starts_with('#')) return std::nullopt;
+  const std::string_view digits = std::string_view(symbols.front()).substr(1);
+  std::int64_t number = 0;
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (read.ec != std::errc() || read.ptr != digits.data() + digits.size()) return std::nullopt;
+  return number;
 }
 
 // The symbols in upper case; fails for those that no history of the database has.
@@ -48,12 +62,23 @@ Result<std::vector<std::string>> StoredSymbols(const StoreChange& change,
 }  // namespace
 
 Result<bool> InitService(const std::string& directory) {
+  auto making = DirectoryMaking::Begin(directory);
+  if (!making) return making.Error();
+  auto made = InitService(directory, making.Value());
+  if (made) making.Value().Keep();
+  return made;
+}
+
+Result<bool> InitService(const std::string& directory, DirectoryMaking& making) {
   std::vector<std::string_view> folders(kFamilyFolders.begin(), kFamilyFolders.end());
   folders.emplace_back("SIG");
   for (const std::string_view folder : folders) {
-    if (auto made = MakeFolders(ServicePath(directory, folder)); !made) return made.Error();
+    if (auto made = making.MakeFolder(ServicePath(directory, folder)); !made) return made.Error();
   }
   if (!FileExists(DatabasePath(directory))) {
+    for (const char* ending : {"", "-wal", "-shm"}) {
+      making.NoteFile(DatabasePath(directory) + ending);
+    }
     if (auto made = CreateStore(directory); !made) return made.Error();
     return true;
   }
@@ -104,6 +129,11 @@ Result<std::size_t> RemoveIssues(const std::string& directory,
                                  const std::vector<std::string>& symbols) {
   auto database = OpenStore(directory, Access::kWrite);
   if (!database) return database.Error();
+  if (const auto row = RowNumber(symbols)) {
+    const auto removed = RemoveDamagedRow(database.Value(), *row);
+    if (!removed) return removed.Error();
+    return std::size_t{1};
+  }
   auto change = StoreChange::Begin(database.Value());
   if (!change) return change.Error();
   const auto stored = StoredSymbols(change.Value(), symbols);
@@ -114,10 +144,10 @@ Result<std::size_t> RemoveIssues(const std::string& directory,
   return before - change.Value().Issues().size();
 }
 
-Result<int> RebuildSymbols(const std::string& directory) {
+Result<RebuildReport> RebuildSymbols(const std::string& directory) {
   auto database = OpenStore(directory, Access::kWrite);
   if (!database) return database.Error();
-  return RebuildIndex(database.Value());
+  return RebuildStore(database.Value());
 }
 
 }  // namespace vistaplot

@@ -7,12 +7,18 @@
 #include <vector>
 
 #include "base/result.h"
+#include "quoteline/store_contents.h"
+#include "quoteline/store_creation.h"
 
 namespace vistaplot {
 
 /// Makes the directory, its folders (QLDEF, QL4WIN/SQLDEF, USERDEF, SIG) and an empty database.
-/// What is there already stays as it is. True when the database is new.
+/// What is there already stays as it is, and a failure leaves nothing new. True when the database
+/// is new. Programs that do so at once wait for each other.
 Result<bool> InitService(const std::string& directory);
+
+/// The same as a part of a larger making.
+Result<bool> InitService(const std::string& directory, DirectoryMaking& making);
 
 /// One line an issue whose symbol matches ("*" and "?", case ignored; empty: all): symbol, first
 /// and last date with a price, number of prices, name. Issues of FNU files included.
@@ -23,11 +29,11 @@ Result<std::vector<std::string>> ListIssues(const std::string& directory, std::s
 Result<std::string> HistoryCsv(const std::string& directory, std::string_view symbol);
 
 /// Removes issues of the database, all or none; returns how many there were. Fails naming the
-/// symbols that are unknown.
+/// symbols that are unknown. "#7", alone, is the damaged row 7, as RowFaults names it.
 Result<std::size_t> RemoveIssues(const std::string& directory,
                                  const std::vector<std::string>& symbols);
 
-/// Makes the symbol index anew; returns the number of issues.
-Result<int> RebuildSymbols(const std::string& directory);
+/// Puts right what the database holds twice, and makes the symbol index anew.
+Result<RebuildReport> RebuildSymbols(const std::string& directory);
 
 }  // namespace vistaplot

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <set>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "quoteline/family_folders.h"
 #include "quoteline/fnu_issues.h"
 #include "quoteline/store.h"
+#include "quoteline/store_contents.h"
 
 namespace vistaplot {
 
@@ -47,6 +49,8 @@ class Checker {
   }
 
  private:
+  const std::vector<DateSerial>& Days() const { return contents_.state.days; }
+
   void Fault(std::string_view subject, std::string_view text) {
     report_.faults.push_back(std::string(subject) + ": " + std::string(text));
   }
@@ -54,22 +58,18 @@ class Checker {
   void CheckDatabase(Database& database) {
     database.Run("BEGIN");
     CheckStructure(database);
-    auto state = LoadState(database);
-    database.Forgive();
-    calendar_known_ = state.Ok();
-    if (calendar_known_) {
-      state_ = std::move(state.Value());
-      report_.days = state_.days.size();
-    } else {
-      report_.faults.push_back(PlainText(state.Error()));
-    }
-    issues_ = LoadIssues(database);
-    if (const auto loaded = database.Outcome(); !loaded) {
+    auto loaded = LoadContents(database);
+    if (!loaded) {
       report_.faults.push_back(PlainText(loaded.Error()));
       return;
     }
-    issues_known_ = calendar_known_;
-    report_.issues = issues_.size();
+    contents_ = std::move(loaded.Value());
+    for (std::string& fault : RowFaults(contents_)) report_.faults.push_back(std::move(fault));
+    issues_known_ = true;
+    report_.days = Days().size();
+    report_.issues =
+        contents_.issues.size() + std::max(contents_.lost.size(), contents_.damaged.size());
+    CheckStrays(database);
     CheckIssues(database);
     if (const auto outcome = database.Outcome(); !outcome) {
       report_.faults.push_back(PlainText(outcome.Error()));
@@ -77,23 +77,34 @@ class Checker {
   }
 
   void CheckIssues(Database& database) {
-    std::vector<bool> used(state_.days.size());
-    for (const IssueRow& issue : issues_) CheckIssue(database, issue, used);
-    if (!calendar_known_) return;
+    std::vector<bool> used(Days().size());
+    for (const IssueRow& issue : contents_.issues) CheckIssue(database, issue, used);
+    for (const IssueRow& issue : contents_.lost) CheckIssue(database, issue, used);
+    // Only whole histories can tell which days are in use.
+    histories_sound_ = histories_sound_ && contents_.damaged.size() <= contents_.lost.size();
     CheckCalendar(used);
     CheckIndex(database);
   }
 
   void CheckStructure(Database& database) {
-    Query integrity(database, "PRAGMA integrity_check(20)");
-    while (integrity.Next()) {
-      if (integrity.Text(0) != "ok") Fault(database.Path(), integrity.Text(0));
+    const std::vector<std::string> faults = StructureFaults(database, 20);
+    for (const std::string& fault : faults) Fault(database.Path(), fault);
+    if (!faults.empty()) {
+      report_.notes.emplace_back(
+          "no change is made to a database whose structure is damaged; what still reads can be"
+          " saved with \"quoteline prices\" and imported into a new one");
     }
-    database.Forgive();
+  }
+
+  void CheckStrays(Database& database) {
     Query strays(database,
                  "SELECT issue FROM histories WHERE issue NOT IN (SELECT id FROM issues)");
     while (strays.Next()) {
-      Fault(database.Path(), "history " + std::to_string(strays.Integer(0)) + " has no issue");
+      const std::int64_t id = strays.Integer(0);
+      const bool is_lost = std::any_of(contents_.lost.begin(),
+                                       contents_.lost.end(),
+                                       [id](const IssueRow& issue) { return issue.id == id; });
+      if (!is_lost) Fault(database.Path(), "history " + std::to_string(id) + " has no issue");
     }
     database.Forgive();
   }
@@ -105,12 +116,11 @@ class Checker {
     database.Forgive();
     if (!history) {
       Fault(issue.symbol, "its history is missing, or does not fit its days");
-    } else if (calendar_known_ && !HasSoundDays(issue, used.size())) {
+    } else if (!HasSoundDays(issue, used.size())) {
       Fault(issue.symbol, "its history goes beyond the calendar");
     } else if (!IsIntact(*history, issue) || !HasSoundValues(*history)) {
       Fault(issue.symbol, "its history is damaged");
     } else {
-      if (!calendar_known_) return;
       for (std::size_t i = 0; i < history->prices.size(); ++i) {
         if (history->HasPrice(i)) used[static_cast<std::size_t>(issue.first_day - 1) + i] = true;
       }
@@ -119,38 +129,34 @@ class Checker {
     histories_sound_ = false;
   }
 
-  // Only sound histories can tell which days are in use.
   void CheckCalendar(const std::vector<bool>& used) {
     if (!histories_sound_) return;
     for (std::size_t i = 0; i < used.size(); ++i) {
       if (used[i]) continue;
       Fault("calendar",
-            "no issue has a price on " + DateText(state_.days[i], DatePattern::kIso) + " (day " +
+            "no issue has a price on " + DateText(Days()[i], DatePattern::kIso) + " (day " +
                 std::to_string(i + 1) + ")");
     }
   }
 
   void CheckIndex(Database& database) {
-    const auto index = LoadIndex(database, state_.stamp);
+    const auto index = LoadIndex(database, contents_.state);
     if (!index) {
       report_.faults.push_back(PlainText(index.Error()) + "; \"quoteline rebuild\" repairs it");
       return;
     }
-    bool fits = index.Value().Entries().size() == issues_.size();
-    for (const IssueRow& issue : issues_) {
+    bool fits = index.Value().Entries().size() == contents_.issues.size() + contents_.lost.size();
+    for (const IssueRow& issue : contents_.issues) {
       const auto key = KeyOf(issue.symbol);
       const IssueEntry* entry = key ? index.Value().Find(*key) : nullptr;
-      fits = fits && entry != nullptr && entry->id == issue.id &&
-             entry->first_day == issue.first_day && entry->last_day == issue.last_day &&
-             entry->prices == issue.prices && entry->checksum == issue.checksum &&
-             index.Value().NameOf(*entry) == issue.name;
+      fits = fits && entry != nullptr && AgreesWith(issue, index.Value(), *entry);
     }
     if (!fits) Fault("symbol index", "differs from the issues; \"quoteline rebuild\" repairs it");
   }
 
   void CheckFnuFiles() {
     FnuIssues fnu;
-    fnu.Refresh(directory_, state_.days, true);
+    fnu.Refresh(directory_, Days(), true);
     for (const std::string& fault : fnu.Faults()) report_.faults.push_back(fault);
     for (const FnuIssue& issue : fnu.All()) {
       const std::string symbol = SymbolText(issue.symbol);
@@ -211,12 +217,10 @@ class Checker {
 
   std::string directory_;
   CheckReport report_;
-  StoreState state_;
-  std::vector<IssueRow> issues_;
+  StoreContents contents_;
   std::set<std::string> symbols_;
   bool histories_sound_ = true;
-  bool calendar_known_ = false;  ///< what depends on it is checked only then
-  bool issues_known_ = false;    ///< likewise; the calendar included
+  bool issues_known_ = false;  ///< and the calendar; what depends on them is checked only then
 };
 
 }  // namespace

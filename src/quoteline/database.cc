@@ -1,6 +1,8 @@
 #include "quoteline/database.h"
 
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <utility>
@@ -43,10 +45,19 @@ Meaning MeaningOf(int result) {
   }
 }
 
+// "; files may grow to N bytes here" where this session has such a limit: writing beyond it fails
+// like a full disk.
+std::string SizeLimit() {
+  struct rlimit limit {};
+  if (::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return {};
+  return "; files may grow to " + std::to_string(limit.rlim_cur) + " bytes here";
+}
+
 RuntimeError ErrorOf(int result, const std::string& detail, const std::string& path) {
   const Meaning meaning = MeaningOf(result);
   std::string text = meaning.text;
   if (!detail.empty()) text += " (" + detail + ")";
+  if ((result & 0xFF) == SQLITE_IOERR) text += SizeLimit();
   return {.number = meaning.status, .description = std::move(text), .subject = path};
 }
 
@@ -75,7 +86,40 @@ int FlagsOf(Access access) {
 // True when a first read shows that the side files cannot be made in the database's folder.
 bool NeedsSideFilesInVain(sqlite3* handle) {
   const int result = sqlite3_exec(handle, "PRAGMA schema_version", nullptr, nullptr, nullptr);
-  return (result & 0xFF) == SQLITE_CANTOPEN || (result & 0xFF) == SQLITE_READONLY;
+  switch (result & 0xFF) {
+    case SQLITE_CANTOPEN:
+    case SQLITE_READONLY:
+      return true;
+    case SQLITE_FULL:
+    case SQLITE_IOERR:  // a full disk has no room for them
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool HoldsChanges(const std::string& log_path) {
+  struct stat info {};
+  return ::stat(log_path.c_str(), &info) == 0 && info.st_size > 0;
+}
+
+// Lets the owner of a database read and write its side files, whoever made them and under which
+// mask; he could not change his own database else. Does what this user may do of it.
+void OpenSideFilesToOwner(const std::string& path) {
+  for (const char* ending : {"-wal", "-shm"}) {
+    const std::string side = path + ending;
+    struct stat info {};
+    if (::lstat(side.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_nlink != 1) continue;
+    struct stat database {};
+    if (::stat(path.c_str(), &database) != 0) return;
+    const mode_t rights = (database.st_mode & 0666U) | S_IRUSR | S_IWUSR;
+    const bool has_rights = (info.st_mode & rights) == rights ||
+                            ::chmod(side.c_str(), (info.st_mode & 0777U) | rights) == 0;
+    const bool has_owner = info.st_uid == database.st_uid || ::geteuid() != 0 ||
+                           ::lchown(side.c_str(), database.st_uid, database.st_gid) == 0;
+    // What this user may not do, opening tells.
+    if (!has_rights || !has_owner) continue;
+  }
 }
 
 }  // namespace
@@ -97,9 +141,17 @@ Result<Database> Database::Open(const std::string& path, Access access) {
     if (handle != nullptr) sqlite3_busy_timeout(handle, kPatienceMs);
     return result;
   };
+  OpenSideFilesToOwner(path);
   int result = open(path, FlagsOf(access));
   if (result == SQLITE_OK && access == Access::kRead &&
       NeedsSideFilesInVain(database.handle_.get())) {
+    if (HoldsChanges(path + "-wal")) {
+      return RuntimeError{.number = QL_NO_DATABASE,
+                          .description =
+                              "holds changes that cannot be read without the right to write in this"
+                              " folder; \"quoteline list\", run once by its owner, takes them up",
+                          .subject = path + "-wal"};
+    }
     database.is_immutable_ = true;
     result =
         open(ImmutableAddress(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);

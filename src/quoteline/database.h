@@ -23,7 +23,8 @@ enum class Access { kRead, kWrite, kCreate };
 class Database {
  public:
   /// Opens the file of that name. kRead asks for no right to write: in a folder that cannot be
-  /// written the file is read as one that never changes. kCreate makes the file.
+  /// written the file is read as one that never changes, or refused when a log lies there whose
+  /// changes would be missed. kCreate makes the file.
   static Result<Database> Open(const std::string& path, Access access);
 
   /// Runs statements that return nothing.
@@ -31,6 +32,7 @@ class Database {
 
   bool Failed() const { return failure_ != SQLITE_OK; }
   Status Outcome() const;
+  bool IsDamaged() const { return (failure_ & 0xFF) == SQLITE_CORRUPT; }  ///< the failure
 
   /// Forgets the failure, for callers that have an answer to it.
   void Forgive() { failure_ = SQLITE_OK; }

@@ -1,41 +1,10 @@
 #include "quoteline/history.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstring>
 
 namespace vistaplot {
-
-namespace {
-
-constexpr std::size_t kLanes = 16;
-using Lanes = std::array<std::uint32_t, kLanes>;
-
-struct Sums {
-  Lanes first{};
-  Lanes second{};
-};
-
-void AddBlock(Sums& sums, const std::byte* bytes) {
-  Lanes words;
-  std::memcpy(words.data(), bytes, sizeof words);
-  for (std::size_t i = 0; i < kLanes; ++i) {
-    sums.first[i] += words[i];
-    sums.second[i] += sums.first[i];
-  }
-}
-
-std::uint32_t Fold(const Sums& sums, std::size_t size) {
-  std::uint32_t value = static_cast<std::uint32_t>(size);
-  for (std::size_t i = 0; i < kLanes; ++i) {
-    value = std::rotl(value, 5) * 2654435761U + sums.first[i];
-    value = std::rotl(value, 5) * 2654435761U + sums.second[i];
-  }
-  return value;
-}
-
-}  // namespace
 
 History PackHistory(std::span<const float> days) {
   const auto has_price = [](float price) { return price > 0.0F; };
@@ -78,23 +47,6 @@ void CarryForward(std::span<float> values, std::span<const std::uint8_t> priced)
     const unsigned bits = priced[i / 8];
     if ((bits >> (i % 8) & 1U) == 0) values[i] = values[i - 1];
   }
-}
-
-std::uint32_t PriceChecksum(std::span<const float> prices) {
-  return ByteChecksum(std::as_bytes(prices));
-}
-
-std::uint32_t ByteChecksum(std::span<const std::byte> bytes) {
-  constexpr std::size_t kBlock = sizeof(Lanes);
-  Sums sums;
-  std::size_t at = 0;
-  for (; at + kBlock <= bytes.size(); at += kBlock) AddBlock(sums, bytes.data() + at);
-  if (at < bytes.size()) {
-    std::array<std::byte, kBlock> rest{};
-    std::memcpy(rest.data(), bytes.data() + at, bytes.size() - at);
-    AddBlock(sums, rest.data());
-  }
-  return Fold(sums, bytes.size());
 }
 
 }  // namespace vistaplot

@@ -44,13 +44,4 @@ int CountPrices(const History& history);
 /// day; `priced` as in History.
 void CarryForward(std::span<float> values, std::span<const std::uint8_t> priced);
 
-/// Check value of a row of prices, over their bits: sixteen interleaved pairs of sums (of the
-/// words, and of the running sums, modulo 2^32; cf. J. Fletcher, "An Arithmetic Checksum for
-/// Serial Transmissions", IEEE Trans. Comm. 30, 1982), folded into one word. Finds every single
-/// changed word and exchanged words, at the speed of reading them.
-std::uint32_t PriceChecksum(std::span<const float> prices);
-
-/// The same for any bytes; a last incomplete word counts as filled up with zeros.
-std::uint32_t ByteChecksum(std::span<const std::byte> bytes);
-
 }  // namespace vistaplot

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "base/user_folders.h"
 #include "quoteline/service.h"
+#include "quoteline/store_contents.h"
 
 namespace {
 
@@ -91,7 +92,7 @@ std::int32_t QLrebuildSymbols() {
   {
     auto database = vistaplot::OpenStore(ChosenDirectory(), vistaplot::Access::kWrite);
     if (!database) return database.Error().number;
-    const auto rebuilt = vistaplot::RebuildIndex(database.Value());
+    const auto rebuilt = vistaplot::RebuildStore(database.Value());
     if (!rebuilt) return rebuilt.Error().number;
   }
   return QLopen();

@@ -16,6 +16,7 @@
 #include "quoteline/sample_market.h"
 #include "quoteline/sample_results.h"
 #include "quoteline/store_change.h"
+#include "quoteline/store_creation.h"
 
 namespace vistaplot {
 
@@ -135,11 +136,14 @@ Status CheckPlaces(const std::string& directory, const std::vector<SampleFile>& 
   return Done{};
 }
 
-Status WriteFiles(const std::string& directory, const std::vector<SampleFile>& files) {
+Status WriteFiles(const std::string& directory,
+                  const std::vector<SampleFile>& files,
+                  DirectoryMaking& making) {
   for (const SampleFile& file : files) {
     const std::string path = ServicePath(directory, file.path);
     const std::string folder = path.substr(0, path.rfind('/'));
-    if (auto made = MakeFolders(folder); !made) return made;
+    if (auto made = making.MakeFolder(folder); !made) return made;
+    making.NoteFile(path);
     if (auto written = WriteFileAtomically(path, file.bytes); !written) return written;
   }
   return Done{};
@@ -156,15 +160,13 @@ Status PutIssues(StoreChange& change, const SampleMarket& market) {
   return put ? Status(Done{}) : Status(put.Error());
 }
 
-}  // namespace
-
-Result<SampleSummary> FillWithSample(const std::string& directory) {
-  const SampleMarket market = MakeSampleMarket();
-  std::vector<SampleFile> files = MakeFamilies(market);
-  for (auto& file : MakeSignals(market)) files.push_back(std::move(file));
-  for (auto& file : MakeSampleResults()) files.push_back(std::move(file));
-  if (auto free = CheckPlaces(directory, files); !free) return free.Error();
-  if (auto made = InitService(directory); !made) return made.Error();
+// Issues and files, all or none; `making` holds what was new when it fails.
+Status Fill(const std::string& directory,
+            const SampleMarket& market,
+            const std::vector<SampleFile>& files,
+            DirectoryMaking& making) {
+  if (auto free = CheckPlaces(directory, files); !free) return free;
+  if (auto made = InitService(directory, making); !made) return made.Error();
   auto database = OpenStore(directory, Access::kWrite);
   if (!database) return database.Error();
   auto change = StoreChange::Begin(database.Value());
@@ -172,9 +174,22 @@ Result<SampleSummary> FillWithSample(const std::string& directory) {
   if (!change.Value().Issues().empty()) {
     return Refusal("holds issues already; the sample goes into a directory without any", directory);
   }
-  if (auto put = PutIssues(change.Value(), market); !put) return put.Error();
-  if (auto written = WriteFiles(directory, files); !written) return written.Error();
-  if (auto stored = change.Value().Commit(); !stored) return stored.Error();
+  if (auto put = PutIssues(change.Value(), market); !put) return put;
+  if (auto written = WriteFiles(directory, files, making); !written) return written;
+  return change.Value().Commit();
+}
+
+}  // namespace
+
+Result<SampleSummary> FillWithSample(const std::string& directory) {
+  const SampleMarket market = MakeSampleMarket();
+  std::vector<SampleFile> files = MakeFamilies(market);
+  for (auto& file : MakeSignals(market)) files.push_back(std::move(file));
+  for (auto& file : MakeSampleResults()) files.push_back(std::move(file));
+  auto making = DirectoryMaking::Begin(directory);
+  if (!making) return making.Error();
+  if (auto filled = Fill(directory, market, files, making.Value()); !filled) return filled.Error();
+  making.Value().Keep();
   return SampleSummary{.funds = CountKind(market, SampleKind::kFund),
                        .stocks = CountKind(market, SampleKind::kStock),
                        .indexes = CountKind(market, SampleKind::kIndex),

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/user_folders.h"
+#include "quoteline/first_form.h"
 #include "quoteline/quoteline.h"
 
 namespace vistaplot {
@@ -82,7 +83,7 @@ Status Service::LoadAll() {
   if (auto started = StartReading(); !started) return started;
   auto state = LoadState(database_);
   if (!state) return state.Error();
-  auto index = LoadIndex(database_, state.Value().stamp);
+  auto index = LoadIndex(database_, state.Value());
   if (!index) return index.Error();
   const auto& entries = index.Value().Entries();
   const bool fits = std::all_of(entries.begin(), entries.end(), [&](const IssueEntry& entry) {
@@ -118,14 +119,10 @@ Status Service::Refresh() {
     return Done{};
   }
   StopReading();
-  database_.Run("BEGIN");
-  std::int64_t stamp = 0;
-  {
-    Query query(database_, "SELECT stamp FROM service WHERE id = 1");
-    if (query.Next()) stamp = query.Integer(0);
-  }
-  if (auto outcome = database_.Outcome(); !outcome) return outcome;
-  if (stamp == state_.stamp) {
+  if (auto started = StartReading(); !started) return started;
+  const auto state = LoadState(database_);
+  if (!state) return state.Error();
+  if (state.Value().stamp == state_.stamp) {
     RefreshFnu();
     return Done{};
   }
@@ -176,13 +173,20 @@ std::int32_t Service::Fetch(const SymbolKey& symbol, float* element_zero) {
 std::int32_t Service::FetchStored(const IssueEntry& entry, float* element_zero) {
   float* first = element_zero + entry.first_day;
   const std::size_t days = std::size_t{entry.last_day} - entry.first_day + 1;
-  if (!ReadStored(entry, element_zero) || PriceChecksum({first, days}) != entry.checksum) {
+  if (!ReadStored(entry, element_zero) || !IsHistory(entry, {first, days})) {
     blob_.reset();
     std::fill(first, element_zero + state_.days.size() + 1, -1.0F);
     return QL_ISSUE_CORRUPT;
   }
   RepeatLast(element_zero, entry.last_day, state_.days.size());
   return 0;
+}
+
+bool Service::IsHistory(const IssueEntry& entry, std::span<const float> prices) const {
+  const std::uint32_t checksum = state_.form == StoreForm::kFirst
+                                     ? FirstFormChecksum(std::as_bytes(prices))
+                                     : HistoryChecksum(entry.symbol, entry.first_day, prices);
+  return checksum == entry.checksum;
 }
 
 bool Service::ReadStored(const IssueEntry& entry, float* element_zero) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -70,6 +71,7 @@ class Service {
   void StopReading();
   bool IsReplaced() const;
   std::int32_t FetchStored(const IssueEntry& entry, float* element_zero);
+  bool IsHistory(const IssueEntry& entry, std::span<const float> prices) const;
   bool ReadStored(const IssueEntry& entry, float* element_zero);
   const FnuIssue* FindFnu(const SymbolKey& symbol);
 

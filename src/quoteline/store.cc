@@ -1,40 +1,19 @@
 #include "quoteline/store.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdio>
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "base/files.h"
+#include "quoteline/crc32c.h"
+#include "quoteline/first_form.h"
 #include "quoteline/quoteline.h"
 
 namespace vistaplot {
 
 namespace {
-
-constexpr int kApplicationId = 0x514C4442;  // "QLDB"
-constexpr int kFormatVersion = 1;
-
-// The largest pages: a history of 12,000 days lies within one of them and is read with one call.
-constexpr const char* kSchema =
-    "PRAGMA page_size = 65536;"
-    "PRAGMA journal_mode = WAL;"
-    "PRAGMA application_id = 1363952706;"
-    "BEGIN;"
-    "CREATE TABLE service (id INTEGER PRIMARY KEY, stamp INTEGER NOT NULL, calendar BLOB NOT NULL,"
-    "                      checksum INTEGER NOT NULL);"
-    "CREATE TABLE issues (id INTEGER PRIMARY KEY, symbol TEXT NOT NULL, name TEXT NOT NULL,"
-    "                     first_day INTEGER NOT NULL, last_day INTEGER NOT NULL,"
-    "                     prices INTEGER NOT NULL, checksum INTEGER NOT NULL);"
-    "CREATE TABLE histories (issue INTEGER PRIMARY KEY, priced BLOB NOT NULL,"
-    "                        prices BLOB NOT NULL);"
-    "CREATE TABLE symbols (id INTEGER PRIMARY KEY, stamp INTEGER NOT NULL, entries BLOB NOT NULL,"
-    "                      checksum INTEGER NOT NULL);"
-    "PRAGMA user_version = 1;"
-    "COMMIT;";
-static_assert(kApplicationId == 1363952706 && kFormatVersion == 1, "the schema says them in full");
 
 RuntimeError StoreError(std::int32_t status, std::string text, const Database& database) {
   return {.number = status, .description = std::move(text), .subject = database.Path()};
@@ -56,13 +35,6 @@ bool IsCutShort(Database& database) {
   return file.st_size < pages * PragmaValue(database, "PRAGMA page_size");
 }
 
-void SyncFile(const std::string& path) {
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) return;
-  ::fsync(file);
-  ::close(file);
-}
-
 template <class T>
 std::vector<T> Unpacked(std::span<const std::byte> bytes) {
   std::vector<T> values(bytes.size() / sizeof(T));
@@ -78,43 +50,107 @@ bool IsCalendar(const std::vector<DateSerial>& days) {
   return days.empty() || days.front() >= 0;
 }
 
-}  // namespace
-
-bool HasSoundDays(const IssueRow& issue, std::size_t days) {
-  return issue.first_day >= 1 && issue.last_day >= issue.first_day &&
-         static_cast<std::size_t>(issue.last_day) <= days;
+// The sums of the first form, or the CRC of the second.
+bool FitsChecksum(StoreForm form,
+                  std::int64_t stamp,
+                  std::span<const std::byte> calendar,
+                  std::int64_t checksum) {
+  const std::uint32_t value =
+      form == StoreForm::kFirst ? FirstFormChecksum(calendar) : CalendarChecksum(stamp, calendar);
+  return value == checksum;
 }
+
+std::optional<StoreState> LoadCalendar(Database& database, const char* sql, StoreForm form) {
+  Query query(database, sql);
+  if (!query.Next()) return std::nullopt;
+  StoreState state{
+      .stamp = query.Integer(0), .days = Unpacked<DateSerial>(query.Blob(1)), .form = form};
+  const bool sound = query.Blob(1).size() % sizeof(DateSerial) == 0 && IsCalendar(state.days) &&
+                     FitsChecksum(form, state.stamp, query.Blob(1), query.Integer(2));
+  if (!sound) return std::nullopt;
+  return state;
+}
+
+std::optional<StoreState> LoadCopy(Database& database) {
+  return LoadCalendar(database,
+                      "SELECT stamp, calendar, checksum FROM service_copy WHERE id = 1",
+                      StoreForm::kSecond);
+}
+
+IssueRow RowAt(const Query& query, StoreForm form) {
+  IssueRow issue{.id = query.Integer(0),
+                 .symbol = query.Text(1),
+                 .name = query.Text(2),
+                 .first_day = static_cast<int>(query.Integer(3)),
+                 .last_day = static_cast<int>(query.Integer(4)),
+                 .prices = static_cast<int>(query.Integer(5)),
+                 .checksum = static_cast<std::uint32_t>(query.Integer(6)),
+                 .priced_checksum = static_cast<std::uint32_t>(query.Integer(7)),
+                 .form = form};
+  issue.is_sound = form == StoreForm::kFirst || RowChecksum(issue) == query.Integer(8);
+  return issue;
+}
+
+std::string RowsSql(StoreForm form, const char* condition) {
+  const char* checksums = form == StoreForm::kFirst ? "0, 0" : "priced_checksum, row_checksum";
+  return std::string("SELECT id, symbol, name, first_day, last_day, prices, checksum, ") +
+         checksums + " FROM issues" + condition;
+}
+
+std::vector<IssueRow> ReadRows(Database& database, StoreForm form) {
+  std::vector<IssueRow> issues;
+  Query query(database, RowsSql(form, "").c_str());
+  while (query.Next()) issues.push_back(RowAt(query, form));
+  return issues;
+}
+
+std::vector<IssueRow> ReadEachRow(Database& database, StoreForm form) {
+  std::vector<std::int64_t> ids;
+  {
+    Query query(database, "SELECT id FROM issues");
+    while (query.Next()) ids.push_back(query.Integer(0));
+  }
+  if (database.Failed()) return {};
+  std::vector<IssueRow> issues;
+  for (const std::int64_t id : ids) {
+    Query query(database, RowsSql(form, " WHERE id = ?1").c_str());
+    if (query.Bind(1, id).Next()) {
+      issues.push_back(RowAt(query, form));
+    } else {
+      IssueRow& unread = issues.emplace_back();
+      unread.id = id;
+      unread.form = form;
+      unread.is_sound = false;
+    }
+    database.Forgive();
+  }
+  return issues;
+}
+
+Status CheckForm(Database& database) {
+  // One transaction in place of four: each looks for the side files anew.
+  database.Run("BEGIN");
+  const std::int64_t application = PragmaValue(database, "PRAGMA application_id");
+  const std::int64_t form = PragmaValue(database, "PRAGMA user_version");
+  if (auto outcome = database.Outcome(); !outcome) return outcome;
+  if (application != kApplicationId) {
+    return StoreError(QL_DATABASE_CORRUPT, "is no database of this service", database);
+  }
+  if (form != static_cast<int>(StoreForm::kFirst) && form != static_cast<int>(StoreForm::kSecond)) {
+    return StoreError(QL_DATABASE_CORRUPT, "was made by another version of this program", database);
+  }
+  const bool is_cut_short = IsCutShort(database);
+  database.Run("COMMIT");
+  if (is_cut_short) {
+    return StoreError(QL_DATABASE_CORRUPT, "the database is damaged (cut short)", database);
+  }
+  return Done{};
+}
+
+}  // namespace
 
 std::string DatabasePath(const std::string& directory) {
   return JoinPath(directory, "quoteline.db");
-}
-
-Status CreateStore(const std::string& directory) {
-  const std::string path = DatabasePath(directory);
-  const std::string draft = path + ".new";
-  std::remove(draft.c_str());
-  {
-    auto database = Database::Open(draft, Access::kCreate);
-    if (!database) return database.Error();
-    // Synced as a whole below.
-    database.Value().Run("PRAGMA synchronous = OFF;");
-    database.Value().Run(kSchema);
-    WriteState(database.Value(), {});
-    WriteIndex(database.Value(), {}, 0);
-    if (auto outcome = database.Value().Outcome(); !outcome) {
-      std::remove(draft.c_str());
-      return outcome;
-    }
-  }
-  // The last connection has put all of it into the file itself. A link refuses to take the place
-  // of a file that another program has made in the meantime.
-  SyncFile(draft);
-  const bool made = ::link(draft.c_str(), path.c_str()) == 0 ||
-                    (!FileExists(path) && std::rename(draft.c_str(), path.c_str()) == 0);
-  std::remove(draft.c_str());
-  if (made) return Done{};
-  return RuntimeError{
-      .number = QL_GENERAL_FAILURE, .description = "cannot make the database", .subject = path};
 }
 
 Result<Database> OpenStore(const std::string& directory, Access access) {
@@ -126,39 +162,49 @@ Result<Database> OpenStore(const std::string& directory, Access access) {
   database.Run("PRAGMA mmap_size = 0; PRAGMA synchronous = NORMAL;");
   // A writer empties the log itself, once, after its commit.
   if (access == Access::kWrite) database.Run("PRAGMA wal_autocheckpoint = 0;");
-  const std::int64_t application = PragmaValue(database, "PRAGMA application_id");
-  const std::int64_t version = PragmaValue(database, "PRAGMA user_version");
-  if (auto outcome = database.Outcome(); !outcome) return outcome.Error();
-  if (application != kApplicationId) {
-    return StoreError(QL_DATABASE_CORRUPT, "is no database of this service", database);
-  }
-  if (version != kFormatVersion) {
-    return StoreError(QL_DATABASE_CORRUPT, "was made by another version of this program", database);
-  }
-  if (IsCutShort(database)) {
-    return StoreError(QL_DATABASE_CORRUPT, "the database is damaged (cut short)", database);
+  if (auto known = CheckForm(database); !known) return known.Error();
+  if (access == Access::kWrite) {
+    if (auto moved = MoveToSecondForm(database); !moved) return moved.Error();
   }
   return opened;
 }
 
 Result<StoreState> LoadState(Database& database) {
-  Query query(database, "SELECT stamp, calendar, checksum FROM service WHERE id = 1");
-  if (query.Next()) {
-    StoreState state{.stamp = query.Integer(0), .days = Unpacked<DateSerial>(query.Blob(1))};
-    if (ByteChecksum(query.Blob(1)) == query.Integer(2) && IsCalendar(state.days)) return state;
+  const auto form = StoreForm{static_cast<int>(PragmaValue(database, "PRAGMA user_version"))};
+  auto state =
+      LoadCalendar(database, "SELECT stamp, calendar, checksum FROM service WHERE id = 1", form);
+  if (state) return std::move(*state);
+  const auto outcome = database.Outcome();
+  if (form != StoreForm::kFirst) {
+    // A page of it may be damaged, which the connection takes for a failure of its own.
+    database.Forgive();
+    if (auto copy = LoadCopy(database)) {
+      copy->is_from_copy = true;
+      return std::move(*copy);
+    }
   }
-  if (auto outcome = database.Outcome(); !outcome) return outcome.Error();
+  if (!outcome) return outcome.Error();
   return StoreError(QL_DATABASE_CORRUPT, "the market calendar is damaged", database);
 }
 
-Result<SymbolIndex> LoadIndex(Database& database, std::int64_t stamp) {
+bool HasSameCopy(Database& database, const StoreState& state) {
+  const auto copy = LoadCopy(database);
+  return copy && copy->stamp == state.stamp && copy->days == state.days;
+}
+
+Result<SymbolIndex> LoadIndex(Database& database, const StoreState& state) {
   std::optional<SymbolIndex> index;
   bool fits = false;
   {
     Query query(database, "SELECT stamp, entries, checksum FROM symbols WHERE id = 1");
-    if (query.Next() && ByteChecksum(query.Blob(1)) == query.Integer(2)) {
-      index = SymbolIndex::Decode(query.Blob(1));
-      fits = query.Integer(0) == stamp;
+    if (query.Next()) {
+      const bool is_first = state.form == StoreForm::kFirst;
+      const auto bytes = query.Blob(1);
+      const std::uint32_t value = is_first ? FirstFormChecksum(bytes) : Crc32c(bytes);
+      if (value == query.Integer(2)) {
+        index = SymbolIndex::Decode(bytes, is_first ? kFirstFormEntryBytes : sizeof(IssueEntry));
+      }
+      fits = query.Integer(0) == state.stamp;
     }
   }
   database.Forgive();
@@ -169,21 +215,50 @@ Result<SymbolIndex> LoadIndex(Database& database, std::int64_t stamp) {
   return std::move(*index);
 }
 
-std::vector<IssueRow> LoadIssues(Database& database) {
-  std::vector<IssueRow> issues;
-  Query query(database,
-              "SELECT id, symbol, name, first_day, last_day, prices, checksum FROM issues"
-              " ORDER BY symbol");
-  while (query.Next()) {
-    issues.push_back({.id = query.Integer(0),
-                      .symbol = query.Text(1),
-                      .name = query.Text(2),
-                      .first_day = static_cast<int>(query.Integer(3)),
-                      .last_day = static_cast<int>(query.Integer(4)),
-                      .prices = static_cast<int>(query.Integer(5)),
-                      .checksum = static_cast<std::uint32_t>(query.Integer(6))});
+std::vector<IssueRow> LoadIssues(Database& database, StoreForm form) {
+  if (database.Failed()) return {};
+  std::vector<IssueRow> issues = ReadRows(database, form);
+  if (database.Failed()) {
+    // A row that cannot be read at all ends the walk; then each is read by itself.
+    database.Forgive();
+    issues = ReadEachRow(database, form);
   }
+  std::sort(issues.begin(), issues.end(), [](const IssueRow& a, const IssueRow& b) {
+    return a.symbol < b.symbol;
+  });
   return issues;
+}
+
+std::vector<std::string> StructureFaults(Database& database, int limit) {
+  std::vector<std::string> faults;
+  const std::string sql = "PRAGMA integrity_check(" + std::to_string(limit) + ")";
+  bool begun = false;
+  {
+    Query integrity(database, sql.c_str());
+    begun = !database.Failed();
+    while (integrity.Next()) {
+      // What stands in a row is the row's own affair, and its check value's.
+      const std::string text = integrity.Text(0);
+      if (text != "ok" && text.find(" value in ") == std::string::npos) faults.push_back(text);
+    }
+  }
+  // The pages are looked at first; a row that does not read ends the walk through the rows.
+  const bool row_alone = begun && database.IsDamaged();
+  if (auto outcome = database.Outcome(); !outcome && !row_alone) {
+    faults.push_back(outcome.Error().description);
+  }
+  database.Forgive();
+  return faults;
+}
+
+Status CheckBeforeWriting(Database& database) {
+  if (auto outcome = database.Outcome(); !outcome) return outcome;
+  const std::vector<std::string> faults = StructureFaults(database, 1);
+  if (faults.empty()) return Done{};
+  return StoreError(
+      QL_DATABASE_CORRUPT,
+      "the structure of the database is damaged (" + faults.front() + "); nothing was changed",
+      database);
 }
 
 std::optional<History> LoadHistory(Database& database, const IssueRow& issue) {
@@ -199,100 +274,6 @@ std::optional<History> LoadHistory(Database& database, const IssueRow& issue) {
       query.Blob(1).size() == days * sizeof(float) && history.priced.size() == PricedBytes(days);
   if (!fits) return std::nullopt;
   return history;
-}
-
-bool IsIntact(const History& history, const IssueRow& issue) {
-  return !history.prices.empty() && history.HasPrice(0) &&
-         history.HasPrice(history.prices.size() - 1) && CountPrices(history) == issue.prices &&
-         PriceChecksum(history.prices) == issue.checksum;
-}
-
-void WriteIssue(Database& database, IssueRow& issue, const History& history) {
-  issue.first_day = history.first_day;
-  issue.last_day = history.LastDay();
-  issue.prices = CountPrices(history);
-  issue.checksum = PriceChecksum(history.prices);
-  const bool is_new = issue.id == 0;
-  if (is_new) {
-    Query next(database, "SELECT coalesce(max(id), 0) + 1 FROM issues");
-    if (next.Next()) issue.id = next.Integer(0);
-  }
-  Query(database,
-        is_new ? "INSERT INTO issues (symbol, name, first_day, last_day, prices, checksum, id)"
-                 " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"
-               : "UPDATE issues SET symbol = ?1, name = ?2, first_day = ?3, last_day = ?4,"
-                 " prices = ?5, checksum = ?6 WHERE id = ?7")
-      .Bind(1, issue.symbol)
-      .Bind(2, issue.name)
-      .Bind(3, issue.first_day)
-      .Bind(4, issue.last_day)
-      .Bind(5, issue.prices)
-      .Bind(6, issue.checksum)
-      .Bind(7, issue.id)
-      .RunOnce();
-  Query(database, "INSERT OR REPLACE INTO histories (issue, priced, prices) VALUES (?1, ?2, ?3)")
-      .Bind(1, issue.id)
-      .Bind(2, std::as_bytes(std::span(history.priced)))
-      .Bind(3, std::as_bytes(std::span(history.prices)))
-      .RunOnce();
-}
-
-void MoveIssue(Database& database, const IssueRow& issue) {
-  Query(database, "UPDATE issues SET first_day = ?1, last_day = ?2 WHERE id = ?3")
-      .Bind(1, issue.first_day)
-      .Bind(2, issue.last_day)
-      .Bind(3, issue.id)
-      .RunOnce();
-}
-
-void DeleteIssue(Database& database, std::int64_t id) {
-  Query(database, "DELETE FROM issues WHERE id = ?1").Bind(1, id).RunOnce();
-  Query(database, "DELETE FROM histories WHERE issue = ?1").Bind(1, id).RunOnce();
-}
-
-void WriteState(Database& database, const StoreState& state) {
-  const auto calendar = std::as_bytes(std::span(state.days));
-  Query(database,
-        "INSERT OR REPLACE INTO service (id, stamp, calendar, checksum) VALUES (1, ?1, ?2, ?3)")
-      .Bind(1, state.stamp)
-      .Bind(2, calendar)
-      .Bind(3, ByteChecksum(calendar))
-      .RunOnce();
-}
-
-void WriteIndex(Database& database, const std::vector<IssueRow>& issues, std::int64_t stamp) {
-  SymbolIndex index;
-  for (const IssueRow& issue : issues) {
-    const auto key = KeyOf(issue.symbol);
-    if (!key) continue;
-    index.Add({.symbol = *key,
-               .id = static_cast<std::uint32_t>(issue.id),
-               .first_day = static_cast<std::uint16_t>(issue.first_day),
-               .last_day = static_cast<std::uint16_t>(issue.last_day),
-               .prices = static_cast<std::uint16_t>(issue.prices),
-               .checksum = issue.checksum},
-              issue.name);
-  }
-  const std::vector<std::byte> entries = index.Encode();
-  Query(database,
-        "INSERT OR REPLACE INTO symbols (id, stamp, entries, checksum) VALUES (1, ?1, ?2, ?3)")
-      .Bind(1, stamp)
-      .Bind(2, std::span(entries))
-      .Bind(3, ByteChecksum(entries))
-      .RunOnce();
-}
-
-Result<int> RebuildIndex(Database& database) {
-  Transaction transaction(database);
-  const auto state = LoadState(database);
-  if (!state) return state.Error();
-  database.Run(
-      "CREATE TABLE IF NOT EXISTS symbols (id INTEGER PRIMARY KEY, stamp INTEGER NOT NULL,"
-      " entries BLOB NOT NULL, checksum INTEGER NOT NULL)");
-  const std::vector<IssueRow> issues = LoadIssues(database);
-  WriteIndex(database, issues, state.Value().stamp);
-  if (auto outcome = transaction.Commit(); !outcome) return outcome.Error();
-  return static_cast<int>(issues.size());
 }
 
 }  // namespace vistaplot

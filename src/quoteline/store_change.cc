@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "quoteline/quoteline.h"
+#include "quoteline/store_contents.h"
+#include "quoteline/store_writing.h"
 
 namespace vistaplot {
 
@@ -55,11 +57,14 @@ void UniteAll(std::vector<DateSerial>& days, const std::map<std::string, IssuePr
 
 Result<StoreChange> StoreChange::Begin(Database& database) {
   StoreChange change(database, std::make_unique<Transaction>(database));
-  auto state = LoadState(database);
-  if (!state) return state.Error();
-  change.state_ = std::move(state.Value());
-  change.issues_ = LoadIssues(database);
-  if (auto outcome = database.Outcome(); !outcome) return outcome.Error();
+  if (auto fit = CheckBeforeWriting(database); !fit) return fit.Error();
+  auto contents = LoadContents(database);
+  if (!contents) return contents.Error();
+  if (const auto faults = RowFaults(contents.Value()); !faults.empty()) {
+    return Refusal(faults.front() + "; until then nothing is changed");
+  }
+  change.state_ = std::move(contents.Value().state);
+  change.issues_ = std::move(contents.Value().issues);
   return change;
 }
 
@@ -140,7 +145,11 @@ Result<std::vector<DateSerial>> StoreChange::DatesWithout(const std::set<std::st
   for (const IssueRow& issue : issues_) {
     if (left_out.contains(issue.symbol)) continue;
     const auto history = LoadHistory(*database_, issue);
-    if (!history || !HasSoundDays(issue, used.size())) return DamagedHistory(issue.symbol);
+    // The bits alone tell the days: damaged prices are no hindrance to remove another issue.
+    if (!history || !HasSoundDays(issue, used.size()) ||
+        PricedChecksum(history->priced) != issue.priced_checksum) {
+      return DamagedHistory(issue.symbol);
+    }
     for (std::size_t i = 0; i < history->prices.size(); ++i) {
       if (history->HasPrice(i)) used[static_cast<std::size_t>(issue.first_day - 1) + i] = true;
     }
@@ -180,14 +189,13 @@ Status StoreChange::Renumber(IssueRow& issue) {
     stays_whole = stays_whole && new_day_of_[day] == static_cast<int>(day) + moved_by;
   }
   if (stays_whole && moved_by == 0) return Done{};
+  auto history = IntactHistory(issue);
+  if (!history) return history.Error();
   if (stays_whole) {
-    issue.first_day += moved_by;
-    issue.last_day += moved_by;
-    MoveIssue(*database_, issue);
+    history.Value().first_day += moved_by;
+    MoveIssue(*database_, issue, history.Value());
     return database_->Outcome();
   }
-  const auto history = IntactHistory(issue);
-  if (!history) return history.Error();
   std::fill(row_.begin(), row_.end(), 0.0F);
   UnpackHistory(history.Value(), new_day_of_, row_);
   WriteIssue(*database_, issue, PackHistory(row_));

@@ -40,7 +40,8 @@ struct IssueChange {
 
 class StoreChange {
  public:
-  /// Begins a change: waits for other writers, reads the calendar and the issues.
+  /// Begins a change: waits for other writers, reads the calendar and the issues. Fails when the
+  /// structure of the file or a row is damaged: nothing is made from it or written over it.
   static Result<StoreChange> Begin(Database& database);
 
   const std::vector<IssueRow>& Issues() const { return issues_; }

@@ -56,18 +56,19 @@ std::vector<std::byte> SymbolIndex::Encode() const {
   return bytes;
 }
 
-std::optional<SymbolIndex> SymbolIndex::Decode(std::span<const std::byte> bytes) {
+std::optional<SymbolIndex> SymbolIndex::Decode(std::span<const std::byte> bytes,
+                                               std::size_t entry_bytes) {
   std::uint32_t count = 0;
   if (bytes.size() < sizeof count) return std::nullopt;
   std::memcpy(&count, bytes.data(), sizeof count);
   bytes = bytes.subspan(sizeof count);
-  const std::size_t entry_bytes = std::size_t{count} * sizeof(IssueEntry);
-  if (bytes.size() < entry_bytes) return std::nullopt;
+  if (bytes.size() / entry_bytes < count) return std::nullopt;
   SymbolIndex index;
-  if (count == 0) return index;
   index.entries_.resize(count);
-  std::memcpy(static_cast<void*>(index.entries_.data()), bytes.data(), entry_bytes);
-  bytes = bytes.subspan(entry_bytes);
+  for (IssueEntry& entry : index.entries_) {
+    std::memcpy(static_cast<void*>(&entry), bytes.data(), entry_bytes);
+    bytes = bytes.subspan(entry_bytes);
+  }
   index.names_.assign(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   if (!IsSound(index.entries_, index.names_.size())) return std::nullopt;
   return index;

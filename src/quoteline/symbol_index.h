@@ -20,12 +20,16 @@ struct IssueEntry {
   std::uint32_t id = 0;         ///< row of its history
   std::uint16_t first_day = 0;  ///< first and last market day with a price
   std::uint16_t last_day = 0;
-  std::uint16_t prices = 0;       ///< number of days with a price of their own
-  std::uint16_t name_length = 0;  ///< bytes
-  std::uint32_t checksum = 0;     ///< PriceChecksum of the history
-  std::uint32_t name_offset = 0;  ///< of the name among the names
+  std::uint16_t prices = 0;           ///< number of days with a price of their own
+  std::uint16_t name_length = 0;      ///< bytes
+  std::uint32_t checksum = 0;         ///< of the history
+  std::uint32_t name_offset = 0;      ///< of the name among the names
+  std::uint32_t priced_checksum = 0;  ///< of the history's bits
 };
-static_assert(sizeof(IssueEntry) == 28, "the entries are stored as they stand");
+static_assert(sizeof(IssueEntry) == 32, "the entries are stored as they stand");
+
+/// Entries of the first form end ahead of `priced_checksum`.
+inline constexpr std::size_t kFirstFormEntryBytes = 28;
 
 class SymbolIndex {
  public:
@@ -38,8 +42,10 @@ class SymbolIndex {
 
   /// Number of entries (32 bits), the entries, the names; little-endian.
   std::vector<std::byte> Encode() const;
-  /// Nothing when the bytes are no index.
-  static std::optional<SymbolIndex> Decode(std::span<const std::byte> bytes);
+  /// Nothing when the bytes are no index. An entry of fewer bytes lacks its last fields, which
+  /// stay 0.
+  static std::optional<SymbolIndex> Decode(std::span<const std::byte> bytes,
+                                           std::size_t entry_bytes = sizeof(IssueEntry));
 
  private:
   std::vector<IssueEntry> entries_;

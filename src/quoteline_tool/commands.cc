@@ -1,8 +1,10 @@
 #include "quoteline_tool/commands.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <string_view>
+#include <system_error>
 
 #include "base/date.h"
 #include "base/result.h"
@@ -18,8 +20,16 @@ namespace {
 
 constexpr int kFault = 1;
 
+// The first failure of writing to standard output, an errno; 0 as long as there is none. What the
+// buffer could not write is dropped and not met again when it is flushed.
+int& OutputFailure() {
+  static int failure = 0;
+  return failure;
+}
+
 void Print(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
+  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (!written && OutputFailure() == 0) OutputFailure() = errno;
 }
 
 void PrintLine(std::string text) {
@@ -39,11 +49,6 @@ int Complain(std::string_view text) {
 
 int Complain(const RuntimeError& error) {
   return Complain(PlainText(error));
-}
-
-// A full disk or a closed pipe shows when what was printed is flushed.
-int Finish() {
-  return std::fflush(stdout) == 0 ? 0 : Complain("cannot write to standard output");
 }
 
 std::string Counted(std::size_t count, std::string_view one) {
@@ -75,12 +80,20 @@ std::string LeftOutText(const ImportReport& report, const std::string& symbol) {
 
 }  // namespace
 
+int FinishOutput() {
+  if (std::ferror(stdout) != 0 && OutputFailure() == 0) OutputFailure() = EIO;
+  if (std::fclose(stdout) != 0 && OutputFailure() == 0) OutputFailure() = errno;
+  if (OutputFailure() == 0) return 0;
+  return Complain("cannot write to standard output: " +
+                  std::generic_category().message(OutputFailure()));
+}
+
 int RunInit(const std::string& directory) {
   const auto made = InitService(directory);
   if (!made) return Complain(made.Error());
   PrintLine(directory + (made.Value() ? ": an empty service directory"
                                       : ": holds a database already, which stays as it is"));
-  return Finish();
+  return FinishOutput();
 }
 
 int RunImport(const ImportRequest& request) {
@@ -92,7 +105,7 @@ int RunImport(const ImportRequest& request) {
     PrintLine(ChangeLine(change) + LeftOutText(report, change.symbol));
   }
   if (request.dry_run) PrintLine("a dry run: nothing was stored");
-  return Finish();
+  return FinishOutput();
 }
 
 int RunFamily(const std::string& directory, const FamilyArguments& arguments) {
@@ -107,28 +120,28 @@ int RunFamily(const std::string& directory, const FamilyArguments& arguments) {
     PrintFault("note: " + same_name[i] + ": never loaded, as " + same_name[0] +
                " has the same name");
   }
-  return Finish();
+  return FinishOutput();
 }
 
 int RunList(const std::string& directory, const std::string& pattern) {
   const auto lines = ListIssues(directory, pattern);
   if (!lines) return Complain(lines.Error());
   for (const std::string& line : lines.Value()) PrintLine(line);
-  return Finish();
+  return FinishOutput();
 }
 
 int RunPrices(const std::string& directory, const std::string& symbol) {
   const auto csv = HistoryCsv(directory, symbol);
   if (!csv) return Complain(csv.Error());
   Print(csv.Value());
-  return Finish();
+  return FinishOutput();
 }
 
 int RunRemove(const std::string& directory, const std::vector<std::string>& symbols) {
   const auto removed = RemoveIssues(directory, symbols);
   if (!removed) return Complain(removed.Error());
   PrintLine("removed " + Counted(removed.Value(), "issue"));
-  return Finish();
+  return FinishOutput();
 }
 
 int RunCheck(const std::string& directory) {
@@ -142,16 +155,24 @@ int RunCheck(const std::string& directory) {
   const std::size_t faults = report.faults.size();
   PrintLine((faults == 0 ? std::string("no fault") : Counted(faults, "fault")) + " in " +
             looked_at);
-  const int printed = Finish();
+  const int printed = FinishOutput();
   return faults == 0 ? printed : kFault;
 }
 
 int RunRebuild(const std::string& directory) {
   const auto rebuilt = RebuildSymbols(directory);
   if (!rebuilt) return Complain(rebuilt.Error());
-  PrintLine("symbol index of " + Counted(static_cast<std::size_t>(rebuilt.Value()), "issue") +
+  const RebuildReport& report = rebuilt.Value();
+  if (report.calendar_restored) PrintLine("market calendar put right from its copy");
+  if (report.restored > 0) {
+    PrintLine(Counted(static_cast<std::size_t>(report.restored), "issue") +
+              " put right from the symbol index");
+  }
+  PrintLine("symbol index of " + Counted(static_cast<std::size_t>(report.issues), "issue") +
             " rebuilt");
-  return Finish();
+  for (const std::string& fault : report.left_out) PrintFault(fault);
+  const int printed = FinishOutput();
+  return report.left_out.empty() ? printed : kFault;
 }
 
 int RunDemo(const std::string& directory) {
@@ -167,7 +188,7 @@ int RunDemo(const std::string& directory) {
   PrintLine(std::to_string(sample.families) + " families in QLDEF, QL4WIN/SQLDEF and USERDEF, " +
             std::to_string(sample.signals) + " signal files in SIG, " +
             std::to_string(sample.results) + " result files in RESULTS");
-  return Finish();
+  return FinishOutput();
 }
 
 }  // namespace vistaplot

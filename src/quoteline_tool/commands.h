@@ -9,6 +9,10 @@
 
 namespace vistaplot {
 
+/// Closes standard output, when all is printed. 0, or 1 with a message when not all of it was
+/// written: a full disk shows only here, on some file systems only at the close.
+int FinishOutput();
+
 int RunInit(const std::string& directory);
 int RunImport(const ImportRequest& request);
 

@@ -1,5 +1,6 @@
 // quoteline: makes, fills and checks the database of the market-data service.
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <cstddef>
 #include <cstdio>
 #include <exception>
@@ -135,7 +136,7 @@ int Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kWrongUsage;
+    return app.exit(error) == 0 ? vistaplot::FinishOutput() : kWrongUsage;
   }
   if (!arguments.run) {
     std::fputs("quoteline: a command is needed; --help names them\n", stderr);
@@ -148,6 +149,8 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   vistaplot::PrepareHeap();
+  // A file that may not grow any more is a full disk, told as one, and no reason to die.
+  std::signal(SIGXFSZ, SIG_IGN);
   try {
     return Run(argc, argv);
   } catch (const std::exception& error) {

@@ -12,8 +12,9 @@ namespace vistaplot::test {
 
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "vistaplot-XXXXXX").string();
+  explicit TemporaryFolder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::string pattern = (parent / "vistaplot-XXXXXX").string();
     const char* made = mkdtemp(pattern.data());
     path_ = made != nullptr ? made : "";
   }

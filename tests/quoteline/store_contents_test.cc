@@ -1,0 +1,114 @@
+// What is held twice is put right; what is not stays as it is and is named.
+#include "quoteline/store_contents.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "quoteline/check.h"
+#include "support/quoteline_world.h"
+
+namespace vistaplot {
+namespace {
+
+using test::FetchPrices;
+using test::QuotelineWorld;
+using Lines = std::vector<std::string>;
+
+constexpr const char* kTwoIssues =
+    "Symbol,Date,Close,Name\nA,2000-01-03,10,One\nA,2000-01-05,12,\nB,2000-01-04,7,Two\n";
+constexpr const char* kMore = "Date,Close\n2000-01-06,1\n";
+
+Lines TwoIssues() {
+  return {"A 2000-01-03 2000-01-05 2 One", "B 2000-01-04 2000-01-04 1 Two"};
+}
+
+Lines Faults(const QuotelineWorld& world) {
+  return CheckService(world.folder.Path()).faults;
+}
+
+class Damage : public testing::TestWithParam<const char*> {};
+
+TEST_P(Damage, ToOneOfTwoCopiesHidesNothingStopsChangesAndIsPutRight) {
+  QuotelineWorld world;
+  world.Import("w.csv", kTwoIssues);
+  world.Tamper(GetParam());
+  EXPECT_EQ(world.List(), TwoIssues());
+  ASSERT_EQ(Faults(world).size(), 1U);
+  EXPECT_NE(Faults(world).front().find("\"quoteline rebuild\" puts it right"), std::string::npos);
+  EXPECT_FALSE(world.Import("C.csv", kMore).faults.empty());
+  EXPECT_FALSE(RemoveIssues(world.folder.Path(), {"B"}));
+  const auto rebuilt = RebuildSymbols(world.folder.Path());
+  ASSERT_TRUE(rebuilt);
+  EXPECT_TRUE(rebuilt.Value().left_out.empty());
+  EXPECT_EQ(Faults(world), Lines{});
+  EXPECT_EQ(world.List(), TwoIssues());
+  EXPECT_EQ(world.Prices("A"), "1,2000-01-03,10\n2,2000-01-04,10\n3,2000-01-05,12\n");
+  EXPECT_TRUE(world.Import("C.csv", kMore).faults.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(All,
+                         Damage,
+                         testing::Values("UPDATE issues SET symbol = 'AX' WHERE id = 1",
+                                         "UPDATE issues SET name = 'Onf' WHERE id = 1",
+                                         "UPDATE issues SET first_day = 2 WHERE id = 1",
+                                         "UPDATE issues SET prices = 3 WHERE id = 1",
+                                         "UPDATE issues SET checksum = 5 WHERE id = 1",
+                                         "UPDATE issues SET priced_checksum = 5 WHERE id = 1",
+                                         "UPDATE issues SET row_checksum = 5 WHERE id = 1",
+                                         "UPDATE issues SET id = 9 WHERE id = 1",
+                                         "DELETE FROM issues WHERE id = 1",
+                                         "UPDATE service SET stamp = stamp + 1",
+                                         "UPDATE service SET calendar = zeroblob(12)",
+                                         "DELETE FROM service",
+                                         "UPDATE service_copy SET calendar = zeroblob(12)"));
+
+TEST(StoreContents, ADamagedRowWithoutIndexIsLeftOutUntilItIsRemovedByItsNumber) {
+  QuotelineWorld world;
+  world.Import("w.csv", kTwoIssues);
+  world.Tamper("DELETE FROM symbols; UPDATE issues SET symbol = 'X' WHERE id = 1");
+  EXPECT_EQ(QLopen(), QL_BAD_SYMBOLS);
+  EXPECT_EQ(QLrebuildSymbols(), 0);
+  EXPECT_EQ(FetchPrices("B"), (std::vector<float>{-1, 7, 7}));
+  QLclose();
+  // Once more: the damaged row is neither taken for the truth nor thrown away.
+  const auto rebuilt = RebuildSymbols(world.folder.Path());
+  ASSERT_TRUE(rebuilt);
+  ASSERT_EQ(rebuilt.Value().left_out.size(), 1U);
+  EXPECT_NE(rebuilt.Value().left_out.front().find("\"quoteline remove '#1'\""), std::string::npos);
+  EXPECT_EQ(world.List(), Lines{"B 2000-01-04 2000-01-04 1 Two"});
+  EXPECT_FALSE(world.Import("C.csv", kMore).faults.empty());
+  EXPECT_FALSE(RemoveIssues(world.folder.Path(), {"#2"}));  // whole
+  EXPECT_TRUE(RemoveIssues(world.folder.Path(), {"#1"}));
+  EXPECT_TRUE(world.Import("A.csv", "Date,Close\n2000-01-03,10\n2000-01-05,12\n").faults.empty());
+  EXPECT_EQ(Faults(world), Lines{});
+}
+
+TEST(StoreContents, NothingIsWrittenToAFileWhosePagesAreInDisorder) {
+  QuotelineWorld world;
+  world.Import("w.csv", kTwoIssues);
+  std::string bytes = world.folder.Read("quoteline.db");
+  bytes[39] = 1;  // a free page is counted that is not there
+  world.folder.Write("quoteline.db", bytes);
+  EXPECT_EQ(world.List(), TwoIssues());
+  EXPECT_FALSE(Faults(world).empty());
+  EXPECT_FALSE(world.Import("C.csv", kMore).faults.empty());
+  EXPECT_FALSE(RebuildSymbols(world.folder.Path()));
+  EXPECT_FALSE(RemoveIssues(world.folder.Path(), {"A"}));
+  EXPECT_EQ(world.folder.Read("quoteline.db"), bytes);
+}
+
+TEST(StoreContents, AHistoryIsTiedToItsSymbolAndItsDays) {
+  QuotelineWorld world;
+  world.Import("w.csv", "Date,A,B\n2000-01-03,5,7\n2000-01-04,6,8\n");
+  world.Tamper(
+      "UPDATE histories SET issue = 9 WHERE issue = 1; UPDATE histories SET issue = 1 WHERE issue"
+      " = 2; UPDATE histories SET issue = 2 WHERE issue = 9");
+  ASSERT_EQ(QLopen(), 0);
+  EXPECT_TRUE(FetchPrices("A").empty());
+  EXPECT_TRUE(FetchPrices("B").empty());
+}
+
+}  // namespace
+}  // namespace vistaplot
