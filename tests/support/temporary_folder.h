@@ -1,6 +1,10 @@
 // A folder of its own for a test, gone with the object.
 #pragma once
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -41,6 +45,16 @@ class TemporaryFolder {
     std::string path = Path(name);
     std::filesystem::create_directories(path);
     return path;
+  }
+
+  /// A node like /dev/null that a broken writer may replace without harm: one of this folder, or
+  /// the system's own where this user could not replace it. Empty when there is neither.
+  std::string NullDevice() const {
+    constexpr unsigned kMajor = 1;
+    constexpr unsigned kMinor = 3;
+    const std::string path = Path("null");
+    if (mknod(path.c_str(), S_IFCHR | 0666, makedev(kMajor, kMinor)) == 0) return path;
+    return access("/dev", W_OK) == 0 ? "" : "/dev/null";
   }
 
   /// All bytes of a file; empty when there is none.
