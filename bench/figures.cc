@@ -1,5 +1,5 @@
 // figures DIR: measures what users wait for, on 255 issues of 12,000 market days. The prices are in
-// DIR/wide.csv, which is made when it is not there.
+// DIR/wide.csv, the results of a test in DIR/R.SUM; they are made when they are not there.
 
 #include "figures.h"
 
@@ -11,6 +11,7 @@
 
 #include "base/heap.h"
 #include "price_walk.h"
+#include "result_file.h"
 #include "ui/frame/application.h"
 
 namespace {
@@ -26,7 +27,14 @@ int Run(const std::string& dir) {
       return 1;
     }
   }
+  const std::string summary_file = dir + "/R.SUM";
+  if (!std::filesystem::exists(summary_file) &&
+      !bench::WriteSummaryFile(summary_file, bench::kSummaryRecords, bench::kSeed)) {
+    std::fprintf(stderr, "figures: cannot write %s\n", summary_file.c_str());
+    return 1;
+  }
   bench::MeasureLoading(wide_csv);
+  bench::MeasureResults(summary_file);
   bench::MeasureAnalytics();
   {
     vistaplot::OffscreenApplication application;

@@ -8,6 +8,9 @@ namespace vistaplot::bench {
 /// Reading the price file, and loading and summarising every issue of it.
 void MeasureLoading(const std::string& wide_csv);
 
+/// Importing a summary file of 9,999 records and sorting its sheet.
+void MeasureResults(const std::string& summary_file);
+
 /// The indicators over all days of one issue, each beside a plain loop of the same arithmetic.
 void MeasureAnalytics();
 

@@ -2,10 +2,8 @@
 // somebody reads it.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +13,8 @@
 
 namespace vistaplot {
 
-/// A file longer than this many bytes cannot be held as records.
-inline constexpr std::size_t kMostRecordBytes = std::numeric_limits<std::uint32_t>::max();
+/// A file longer than this many bytes is not held as records: their number fits an int then.
+inline constexpr std::size_t kMostRecordBytes = 2'000'000'000;
 
 struct Records {
   std::string bytes = {};                  ///< of the whole file; text is Windows-1252

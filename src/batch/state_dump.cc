@@ -56,6 +56,8 @@ void WriteLoad(JsonWriter& json, const SharedState& state) {
   WriteIntegers(json, "SortToggle", state.table.SortToggle);
   json.Key("SheetDialogResult").Integer(state.sheet_choice.SheetDialogResult);
   json.Key("ChosenSheetIndex").Integer(state.sheet_choice.ChosenSheetIndex);
+  json.Key("SortFirstSheet").Integer(state.sort_sheets.SortFirstSheet);
+  json.Key("SortLastSheet").Integer(state.sort_sheets.SortLastSheet);
   json.Key("TipIndex").Integer(state.TipIndex);
 }
 

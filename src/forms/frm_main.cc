@@ -161,6 +161,8 @@ void FrmMain::ConnectMenus() {
   mnuFileSaveSheet.Click = [this] { mnuFileSaveSheet_Click(); };
   mnuFilePrint.Click = [this] { mnuFilePrint_Click(); };
   mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
+  mnuEditSort.Click = [this] { mnuEditSort_Click(); };
+  mnuEditSortAll.Click = [this] { mnuEditSortAll_Click(); };
   mnuFileExit.Click = [this] { mnuFileExit_Click(); };
   for (std::size_t i = 0; i < periods.mnuTimePeriod.size(); ++i) {
     periods.mnuTimePeriod[i].Click = [this, i] { mnuTimePeriod_Click(static_cast<int>(i)); };
@@ -187,6 +189,8 @@ void FrmMain::ConnectTools() {
     };
   }
   tools.cmdGraph.Click = [this] { mnuFileGraph_Click(); };
+  tools.cmdSort.Click = [this] { cmdSort_Click(); };
+  tools.cmdSortAll.Click = [this] { cmdSortAll_Click(); };
   tools.cmdPrev.Click = [this] { cmdPrev_Click(); };
   tools.cmdNext.Click = [this] { cmdNext_Click(); };
   tools.cmdShowMain.Click = [this] { cmdShowMain_Click(); };
@@ -211,13 +215,6 @@ void FrmMain::ShowTip() {
 void FrmMain::HideTip() {
   context_.state.TipIndex = 0;
   tools.TxtToolTip.SetVisible(false);
-}
-
-void FrmMain::EnableSorting(bool enabled) {
-  mnuEditSort.SetEnabled(enabled);
-  mnuEditSortAll.SetEnabled(enabled);
-  tools.cmdSort.SetEnabled(enabled);
-  tools.cmdSortAll.SetEnabled(enabled);
 }
 
 void FrmMain::cmdShowMain_Click() {

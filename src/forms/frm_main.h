@@ -92,8 +92,12 @@ class FrmMain : public Form {
   void mnuFileSaveSheet_Click();
   void mnuFilePrint_Click();
   void mnuEditCopy_Click();
+  void mnuEditSort_Click();     ///< sorts the active sheet, asking for keys
+  void mnuEditSortAll_Click();  ///< sorts all loaded sheets, or the computed summary alone
   /// Chooses period `index` (0 "One Month" to 9 "All") and draws the chart again.
   void mnuTimePeriod_Click(int index);
+  void cmdSort_Click();
+  void cmdSortAll_Click();
   void cmdNext_Click();
   void cmdPrev_Click();
   void cmdShowMain_Click();

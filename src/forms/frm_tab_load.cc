@@ -69,10 +69,6 @@ std::vector<std::string> FrmTab::SelectedEntries() const {
   return entries;
 }
 
-void FrmTab::cmdFileName_Click() {
-  context_.dialogs.Say("This version loads Quoteline issues only");
-}
-
 void FrmTab::cmdLoadData_Click() {
   const bool prices = ChosenDataType() == DataType::kPrices;
   {

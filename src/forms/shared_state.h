@@ -44,6 +44,12 @@ struct SheetChoice {
   std::int32_t ChosenSheetIndex = -1;  ///< 0-based position in its list
 };
 
+/// The sheets that the next sort works on, counted from 1.
+struct SortSheets {
+  std::int16_t SortFirstSheet = 1;
+  std::int16_t SortLastSheet = 1;
+};
+
 struct SharedState {
   MarketData market;
   DataTable table;
@@ -54,6 +60,7 @@ struct SharedState {
   Directories directories;
   PointAndFigureSettings point_and_figure;
   SheetChoice sheet_choice;
+  SortSheets sort_sheets;
   std::int16_t TipIndex = 0;  ///< number of the tool tip to show, 1 to 12
   PathRoots roots;            ///< where old-style paths lie on this host
 };

@@ -1,0 +1,108 @@
+// Result files of the sample from the file dialog to the sorted sheet, by scripts alone.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "base/files.h"
+#include "base/text.h"
+#include "batch/batch.h"
+#include "quoteline/sample.h"
+#include "support/temporary_folder.h"
+
+namespace vistaplot {
+namespace {
+
+const std::string kRoot = VISTAPLOT_SOURCE_DIR;
+
+class SampleResults : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { ASSERT_TRUE(FillWithSample(Service().Path())); }
+
+  static const test::TemporaryFolder& Service() {
+    static const test::TemporaryFolder folder;
+    return folder;
+  }
+
+  /// Runs a script; its standard output.
+  std::string Run(const std::string& script) {
+    Options options;
+    options.quoteline_dir = Service().Path();
+    options.settings_file = folder_.Path("settings.ini");
+    options.batch_script = folder_.Write("script.vps", script);
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(RunBatch(options, {}, {in, out, err}), 0) << err.str() << out.str();
+    return out.str();
+  }
+
+  std::vector<std::string> Lines(const std::string& name) const {
+    const std::string text = ReadWholeFile(folder_.Path(name)).Value();
+    std::vector<std::string> lines;
+    for (const std::string_view line : Split(text, '\n')) lines.emplace_back(line);
+    return lines;
+  }
+
+  test::TemporaryFolder folder_;
+};
+
+TEST_F(SampleResults, EveryKindIsImported) {
+  struct Case {
+    const char* type;
+    const char* file;
+    const char* extent;
+  };
+  const Case cases[] = {{"0", "SAMPLE.SUM", "\"MaxRow\": 102, \"MaxCol\": 17, \"FixedRows\": 2"},
+                        {"2", "SAMPLE.VX1", "\"MaxRow\": 101, \"MaxCol\": 8, \"FixedRows\": 1"},
+                        {"3", "sample.txt", "\"MaxRow\": 102, \"MaxCol\": 9, \"FixedRows\": 2"},
+                        {"4", "SAMPLE.SSM", "\"MaxRow\": 102, \"MaxCol\": 10, \"FixedRows\": 2"},
+                        {"5", "SAMPLE.SDT", "\"MaxRow\": 62, \"MaxCol\": 5, \"FixedRows\": 2"}};
+  folder_.Write(
+      "settings.ini",
+      "[startup]\nzpdir=C:\\QL\\RESULTS\nvxdir=C:\\QL\\RESULTS\nkestrldir=C:\\QL\\RESULTS\n");
+  for (const Case& c : cases) {
+    const std::string out =
+        Run(std::string("set frmTab.cboDataType ") + c.type + "\nanswer open C:\\QL\\RESULTS\\" +
+            c.file + "\nclick frmTab.cmdFileName\ndump sheets\n");
+    EXPECT_NE(out.find(c.extent), std::string::npos) << out;
+    EXPECT_EQ(out.find("\"message\""), std::string::npos) << out;
+  }
+}
+
+TEST_F(SampleResults, TheFolderIsAskedForBeforeTheFile) {
+  const std::string results = Service().Path("RESULTS");
+  const std::string script = "set frmTab.cboDataType 2\nanswer open " + results +
+                             "/SAMPLE.VX1\nclick frmTab.cmdFileName\nset frmDir.Dir1 " + results +
+                             "\nclick frmDir.cmdOK\ndump sheets\n";
+  EXPECT_NE(Run(script).find("\"SAMPLE\""), std::string::npos);
+  const std::vector<std::string> settings = Lines("settings.ini");
+  EXPECT_NE(std::find(settings.begin(), settings.end(), "vxdir=" + results), settings.end());
+}
+
+TEST_F(SampleResults, TheExampleSortsCasesAndTrades) {
+  std::ifstream in(kRoot + "/examples/results.vps");
+  std::string script{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  for (const char* name : {"best-cases.csv", "best-trades.csv"}) {
+    script.replace(script.find(name), std::string(name).size(), folder_.Path(name));
+  }
+  Run(script);
+  const std::vector<std::string> cases = Lines("best-cases.csv");
+  ASSERT_EQ(cases.size(), 103U);
+  EXPECT_EQ(cases[0], ",  BUY  , SELL  ,  AVG  ,,,  MDD  ,,,   %  \r");
+  // The made-up hill has its top between cases 36 and 37, equal but for the switches.
+  EXPECT_TRUE(cases[2].starts_with("37  ,4   ,7   ,14.891  ,")) << cases[2];
+  EXPECT_TRUE(cases[3].starts_with("36  ,4   ,6   ,14.891  ,")) << cases[3];
+  const std::vector<std::string> trades = Lines("best-trades.csv");
+  ASSERT_EQ(trades.size(), 63U);
+  // Gains are 0.31 n - 5.2 percent, n from 0 to 49.
+  EXPECT_TRUE(trades[2].ends_with(",9.990   \r")) << trades[2];
+  EXPECT_TRUE(trades[61].ends_with(",-5.200  \r")) << trades[61];
+}
+
+}  // namespace
+}  // namespace vistaplot

@@ -1,0 +1,283 @@
+#include "import/result_files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+
+#include "support/result_bytes.h"
+#include "support/silent_progress.h"
+#include "support/temporary_folder.h"
+
+namespace vistaplot {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class ResultFiles : public testing::Test {
+ protected:
+  Sheet& Shown() { return table_.Active(); }
+
+  Texts Row(int row, int columns) {
+    Texts texts;
+    for (int col = 1; col <= columns; ++col) texts.push_back(Shown().CellText(row, col));
+    return texts;
+  }
+
+  std::string File(const std::string& bytes) { return folder_.Write("A.DAT", bytes); }
+
+  void ExpectEndsAt(int row, int col) {
+    EXPECT_EQ(Shown().MaxRow, row);
+    EXPECT_EQ(Shown().MaxCol, col);
+    EXPECT_EQ(Shown().Row, row);
+    EXPECT_EQ(Shown().Col, col);
+    EXPECT_EQ(Shown().selection, (std::vector<CellRange>{{row, col, row, col}}));
+    EXPECT_EQ(Shown().FixedCols, 0);
+  }
+
+  test::TemporaryFolder folder_;
+  test::SilentProgress progress_;
+  DataTable table_;
+  ImportTarget target_{table_, progress_};
+};
+
+TEST_F(ResultFiles, ZephyrineRecordsShowAsTheyStandBelowTwoHeadings) {
+  const std::string bytes = test::LongSum(" 1", "  12.500") + test::LongSum(" 2", "-3");
+  ASSERT_EQ(bytes.size(), 238U);
+  ASSERT_TRUE(LoadZephyrineSummary(target_, File(bytes)));
+  ExpectEndsAt(4, 17);
+  EXPECT_EQ(Shown().FixedRows, 2);
+  EXPECT_EQ(Row(1, 17),
+            (Texts{"TEST",
+                   "",
+                   "",
+                   "",
+                   "  AVG   ",
+                   "MAX DRAW",
+                   "  MDD   ",
+                   "ULCER",
+                   "ULCER",
+                   "   %   ",
+                   "% AVG GAIN",
+                   "% AVG GAIN",
+                   "% AVG LOSS",
+                   " AVG ",
+                   " STRATEGY ",
+                   " STRATEGY ",
+                   " STRATEGY "}));
+  EXPECT_EQ(Row(2, 17),
+            (Texts{"CASE",
+                   "BUY",
+                   "SELL",
+                   "S/Y",
+                   "ANNUAL %",
+                   " DOWN % ",
+                   "  DATE  ",
+                   "INDEX",
+                   "PERF INDEX",
+                   "WINNERS",
+                   " PER BUY ",
+                   " WINNERS  ",
+                   "  LOSERS  ",
+                   " STRF ",
+                   "   BETA   ",
+                   "   CORR   ",
+                   "  ALPHA   "}));
+  EXPECT_EQ(Row(3, 17),
+            (Texts{" 1  ",
+                   "   1",
+                   "   2",
+                   "   3",
+                   "  12.500",
+                   "       4",
+                   "07/23/02",
+                   "   5",
+                   "   6",
+                   "    7",
+                   "       8",
+                   "       9",
+                   "      10",
+                   "  11",
+                   "  0.85",
+                   "  0.91",
+                   " -1.25"}));
+  EXPECT_EQ(Shown().CellText(4, 5), "-3      ");
+  EXPECT_EQ(Shown().CellNumber(4, 5), -3.0);
+  const std::vector<int> wide = {5, 6, 7, 8, 9, 10, 11, 12, 13, 15, 16, 17};
+  for (int col = 1; col <= 17; ++col) {
+    const bool is_wide = std::find(wide.begin(), wide.end(), col) != wide.end();
+    EXPECT_EQ(Shown().ColumnWidth(col), is_wide ? 3400 : 2000) << col;
+  }
+}
+
+TEST_F(ResultFiles, ShortZephyrineRecordsHaveNoBeta) {
+  ASSERT_TRUE(
+      LoadZephyrineSummary(target_, File(test::ShortSum("1", "2") + test::ShortSum("9", "8"))));
+  ExpectEndsAt(4, 17);
+  for (int col = 15; col <= 17; ++col) EXPECT_EQ(Shown().CellText(4, col), "  0.00");
+  EXPECT_EQ(Shown().CellText(4, 1), "9   ");
+  EXPECT_EQ(Shown().CellText(4, 14), "  11");
+}
+
+TEST_F(ResultFiles, RecordsAreReadAsFarAsTheyAreWhole) {
+  struct Case {
+    Status (*load)(const ImportTarget&, const std::string&);
+    std::string record;
+    int max_col;
+  };
+  const Case cases[] = {{LoadZephyrineSummary, test::ShortSum("1", "2"), 17},
+                        {LoadSummaryFile, test::Ssm("1", "12.500"), 10},
+                        {LoadDetailFile, test::Sdt("01/04/99", "-5.2"), 5}};
+  for (const Case& c : cases) {
+    ASSERT_TRUE(c.load(target_, File("")));
+    ExpectEndsAt(2, c.max_col);
+    for (std::size_t cut = 0; cut < c.record.size(); ++cut) {
+      // 98 + 21 bytes would be one long record.
+      if (c.record.size() + cut == 119) continue;
+      ASSERT_TRUE(c.load(target_, File(c.record + c.record.substr(0, cut))));
+      ExpectEndsAt(3, c.max_col);
+    }
+  }
+}
+
+TEST_F(ResultFiles, SummaryAndDetailRecordsShowAsTheyStand) {
+  Shown().SetColumnWidth(4, 1234);
+  ASSERT_TRUE(LoadSummaryFile(target_, File(test::Ssm("1", "12.500") + test::Ssm("2", "7"))));
+  ExpectEndsAt(4, 10);
+  EXPECT_EQ(Shown().FixedRows, 2);
+  EXPECT_EQ(Row(1, 10),
+            (Texts{"", "  BUY  ", " SELL  ", "  AVG  ", "", "", "  MDD  ", "", "", "   %  "}));
+  EXPECT_EQ(Row(2, 10),
+            (Texts{" CASE  ",
+                   "SIGS IN",
+                   "SIGS IN",
+                   " ANN % ",
+                   "  S/Y  ",
+                   " MDD % ",
+                   "  DATE ",
+                   "  UI   ",
+                   "  UPI  ",
+                   "WINNERS"}));
+  EXPECT_EQ(Row(3, 10),
+            (Texts{"1   ",
+                   "2   ",
+                   "3   ",
+                   "12.500  ",
+                   "1.5 ",
+                   "20.250  ",
+                   "07/23/02",
+                   "4.500   ",
+                   "1.250   ",
+                   "66.67   "}));
+  EXPECT_EQ(Shown().ColumnWidth(4), 1234) << "widths are unchanged";
+
+  const std::string trades =
+      test::Sdt("01/04/99", "-5.2") + test::Sdt("02/04/99", "1") + test::Sdt("03/04/99", "2");
+  ASSERT_EQ(trades.size(), 120U);
+  ASSERT_TRUE(LoadDetailFile(target_, File(trades)));
+  ExpectEndsAt(5, 5);
+  EXPECT_EQ(Row(1, 6), (Texts{"  BUY  ", " SELL  ", "  BUY  ", " TRADE ", " TRADE ", ""}));
+  EXPECT_EQ(Row(2, 6), (Texts{"SIGS IN", "SIGS IN", "  DATE ", " DATE  ", " GAIN  ", ""}));
+  EXPECT_EQ(Row(3, 6), (Texts{"5   ", "3   ", "01/04/99", "12/31/10", "-5.2    ", ""}));
+}
+
+TEST_F(ResultFiles, VornaxilKindDecidesTheColumns) {
+  //                           1         2         3         4         5         6         7
+  //                  123456789.123456789.123456789.123456789.123456789.123456789.123456789.1234
+  const std::string row =
+      "  aaaaaaa1 bbbbbbb2 ccccccc3    ddddddd4 eeeeeee5 ffffff 6  ggggggg7hhhhh8";
+  auto kind = LoadVornaxilFile(target_, File(test::Vx1("MA", {row, "  9", "last"})), "");
+  ASSERT_TRUE(kind);
+  EXPECT_EQ(kind.Value(), "SM ");
+  ExpectEndsAt(3, 8);
+  EXPECT_EQ(Shown().FixedRows, 1);
+  EXPECT_EQ(
+      Row(1, 8),
+      (Texts{"PARM 1", " PARM 2", " PARM 3", "   Ra", "   Mr", "   Tr", "   SY  ", "   Rsk"}));
+  EXPECT_EQ(Row(2, 8),
+            (Texts{"aaaaaaa1",
+                   "bbbbbbb2",
+                   "ccccccc3",
+                   "ddddddd4",
+                   "eeeeeee5",
+                   "ffffff 6",
+                   "ggggggg7",
+                   "7hhhhh"}));
+  EXPECT_EQ(Row(3, 8), (Texts{"9", "", "", "", "", "", "", ""}));
+  EXPECT_EQ(Shown().ColumnWidth(1), 2000);
+  EXPECT_EQ(Shown().ColumnWidth(8), 2800);
+
+  kind = LoadVornaxilFile(target_, File(test::Vx1("ma", {row, "last"})), "SM ");
+  EXPECT_EQ(kind.Value(), "APM");
+  ExpectEndsAt(2, 7);
+  EXPECT_EQ(Row(1, 7),
+            (Texts{"PARM 1", " PARM 2", "   Ra", "   Mr", "   Tr", "   SY  ", "   Rsk"}));
+  EXPECT_EQ(
+      Row(2, 7),
+      (Texts{"aaaaaaa1", "bbbbbbb2", "cccc3   ", "ddddddd4", "eeeeeee5", "ffffff 6", "  gggg"}));
+}
+
+TEST_F(ResultFiles, AVornaxilFileWithoutAKindKeepsTheOneBefore) {
+  for (const char* bytes : {"", "title", "title\r\n     XX\r\n"}) {
+    EXPECT_EQ(LoadVornaxilFile(target_, File(bytes), "SM ").Value(), "SM ");
+    ExpectEndsAt(1, 8);
+    EXPECT_EQ(Shown().CellText(1, 3), " PARM 3");
+    EXPECT_EQ(LoadVornaxilFile(target_, File(bytes), "").Value(), "");
+    ExpectEndsAt(1, 7);
+  }
+}
+
+TEST_F(ResultFiles, KestrelixFieldsAreTrimmedAndTheTitleIsNot) {
+  const std::string bytes =
+      "  My test  \r\nskipped\r\n"
+      " No   Case    Days   Level   Annual      MDD       UI      UPI      Win\r\n"
+      "  1     T1       5     0.5    12.50    20.25     4.50     1.25    66.67\r\n"
+      "  2 short\r\n"
+      "last line\r\n";
+  ASSERT_TRUE(LoadKestrelixFile(target_, File(bytes)));
+  ExpectEndsAt(4, 9);
+  EXPECT_EQ(Shown().FixedRows, 2);
+  EXPECT_EQ(Row(1, 3), (Texts{"  My test  ", "", ""}));
+  EXPECT_EQ(Row(2, 9), (Texts{"No", "Case", "Days", "Level", "Annual", "MDD", "UI", "UPI", "Win"}));
+  EXPECT_EQ(Row(3, 9), (Texts{"1", "T1", "5", "0.5", "12.50", "20.25", "4.50", "1.25", "66.67"}));
+  EXPECT_EQ(Row(4, 9), (Texts{"2", "short", "", "", "", "", "", "", ""}));
+  for (const char* title_alone : {"Title", "Title\n", "Title\nskipped", "Title\nskipped\nlast"}) {
+    ASSERT_TRUE(LoadKestrelixFile(target_, File(title_alone)));
+    ExpectEndsAt(1, 9);
+    EXPECT_EQ(Row(1, 2), (Texts{"Title", ""}));
+    EXPECT_EQ(Row(2, 1), (Texts{""}));
+  }
+}
+
+TEST_F(ResultFiles, AFileThatCannotBeReadLeavesAnEmptySheet) {
+  ASSERT_TRUE(LoadDetailFile(target_, File(test::Sdt("01/04/99", "1"))));
+  const std::string pipe = folder_.Path("PIPE.SSM");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  struct Case {
+    std::string path;
+    int number;
+  };
+  for (const Case& c : {Case{folder_.Path("GONE.SSM"), 53},
+                        Case{folder_.Path("NONE/A.SSM"), 76},
+                        Case{folder_.Path(), 75},
+                        Case{pipe, 75}}) {
+    const Status read = LoadSummaryFile(target_, c.path);
+    ASSERT_FALSE(read) << c.path;
+    EXPECT_EQ(read.Error().number, c.number) << c.path;
+    EXPECT_EQ(Shown().MaxRow, 0);
+    EXPECT_EQ(Row(1, 3), (Texts{"", "", ""}));
+    EXPECT_EQ(Row(3, 3), (Texts{"", "", ""}));
+    EXPECT_TRUE(Shown().selection.empty());
+  }
+}
+
+TEST_F(ResultFiles, ForeignBytesShowAsTheyAre) {
+  ASSERT_TRUE(LoadSummaryFile(target_, File(std::string(77, '\0') + std::string(77, '\xFC'))));
+  ExpectEndsAt(4, 10);
+  EXPECT_EQ(Shown().CellText(3, 1), std::string(4, '\0'));
+  EXPECT_EQ(Shown().CellText(4, 1), "\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC");
+  EXPECT_EQ(Shown().CellNumber(4, 4), 0.0);
+}
+
+}  // namespace
+}  // namespace vistaplot
