@@ -11,7 +11,8 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "batch/batch.h"
-#include "quoteline/sample.h"
+#include "quoteline/sample_results.h"
+#include "support/quoteline_world.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {
@@ -21,17 +22,15 @@ const std::string kRoot = VISTAPLOT_SOURCE_DIR;
 
 class SampleResults : public testing::Test {
  protected:
-  static void SetUpTestSuite() { ASSERT_TRUE(FillWithSample(Service().Path())); }
-
-  static const test::TemporaryFolder& Service() {
-    static const test::TemporaryFolder folder;
-    return folder;
+  SampleResults() {
+    service_.Import("A.csv", "Date,Close\n2000-01-03,10\n2000-01-04,11\n");
+    for (const SampleFile& file : MakeSampleResults()) service_.folder.Write(file.path, file.bytes);
   }
 
   /// Runs a script; its standard output.
   std::string Run(const std::string& script) {
     Options options;
-    options.quoteline_dir = Service().Path();
+    options.quoteline_dir = service_.folder.Path();
     options.settings_file = folder_.Path("settings.ini");
     options.batch_script = folder_.Write("script.vps", script);
     std::istringstream in;
@@ -48,6 +47,7 @@ class SampleResults : public testing::Test {
     return lines;
   }
 
+  test::QuotelineWorld service_;
   test::TemporaryFolder folder_;
 };
 
@@ -75,7 +75,7 @@ TEST_F(SampleResults, EveryKindIsImported) {
 }
 
 TEST_F(SampleResults, TheFolderIsAskedForBeforeTheFile) {
-  const std::string results = Service().Path("RESULTS");
+  const std::string results = service_.folder.Path("RESULTS");
   const std::string script = "set frmTab.cboDataType 2\nanswer open " + results +
                              "/SAMPLE.VX1\nclick frmTab.cmdFileName\nset frmDir.Dir1 " + results +
                              "\nclick frmDir.cmdOK\ndump sheets\n";
