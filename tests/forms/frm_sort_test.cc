@@ -138,18 +138,25 @@ TEST(FrmSort, AllSheetsButTheSpareOne) {
 }
 
 TEST(FrmSort, OfAComputedSummaryOnlyItsSheet) {
-  SortWorld world({{"2", "1"}, {"2", "1"}, {"2", "1"}});
-  world.state.table.SetActiveSheet(2);
-  const auto sort_by = [](int column) {
-    return [column](FrmSort& frmSort) {
-      frmSort.cboSort1.SetListIndex(column);
-      frmSort.cmdSort.RaiseClick();
-    };
-  };
-  world.state.flags.ComputedSummaryShown = true;
-  world.Run(world.screens.frmMain.mnuEditSortAll, sort_by(4));
-  EXPECT_EQ(world.Cases(1) + world.Cases(2) + world.Cases(3), "212121")
-      << "the flag counts for summaries only";
+  for (const DataType type : {DataType::kSummary, DataType::kZephyrine}) {
+    SortWorld world({});
+    world.screens.frmTab.cboDataType.SetListIndex(static_cast<int>(type));
+    DataTable& table = world.state.table;
+    table.SetSheetCount(4);
+    for (int number = 1; number <= 3; ++number) {
+      Sheet& sheet = table.SheetAt(number);
+      sheet.SetTextColumn(1, {"", "", "2", "1"});
+      sheet.MaxRow = 4;
+      sheet.MaxCol = 1;
+      sheet.FixedRows = 2;
+    }
+    world.state.flags.ComputedSummaryShown = true;
+    world.screens.frmMain.EnableSorting(true);
+    world.Run(world.screens.frmMain.mnuEditSortAll,
+              [](FrmSort& frmSort) { frmSort.cmdSort.RaiseClick(); });
+    EXPECT_EQ(world.Cases(1) + world.Cases(2) + world.Cases(3),
+              type == DataType::kSummary ? "211221" : "121212");
+  }
 }
 
 TEST(FrmSort, WhatIsSelectedIsSortedAndTheRestStays) {
