@@ -31,6 +31,7 @@ class Builder {
  public:
   Builder(float level, const PointFigureSettings& settings) : settings_(settings) {
     figure_.level = level;
+    figure_.has_price = true;
   }
 
   void AddDay(float price, int day) {

@@ -52,8 +52,9 @@ inline constexpr int kMostFigureColumns = 40;
 struct PointFigure {
   std::vector<FigureBox> x;  ///< in the order in which they were added
   std::vector<FigureBox> o;
-  int columns = 0;     ///< one more than kMostFigureColumns as soon as there are too many
-  float level = 0.0F;  ///< the reference level that the last day left
+  int columns = 0;         ///< one more than kMostFigureColumns as soon as there are too many
+  float level = 0.0F;      ///< the reference level that the last day left
+  bool has_price = false;  ///< a day has one; nothing else is set without
 };
 
 /// Columns of a price history.

@@ -59,4 +59,15 @@ std::optional<DayWindow> PriceWindow(int time_period,
                    .end_day = std::min(end + first - wanted, newest)};
 }
 
+DayWindow BarWindow(int time_period, int end_day, const MarketCalendar& calendar) {
+  const int newest = calendar.MaxNumDays;
+  const TimePeriod& period = TimePeriodAt(time_period);
+  if (newest < 1) return {.first_day = 1, .end_day = 0};
+  if (period.market_days == 0) return {.first_day = 1, .end_day = newest};
+  const int end = std::clamp(end_day, 1, newest);
+  const int wanted = std::max(end - period.market_days, 1);
+  const DateSerial target = MonthsBefore(calendar.DateOf(end), period.months);
+  return {.first_day = AlignedDay(wanted, 1, target, calendar), .end_day = end};
+}
+
 }  // namespace vistaplot

@@ -49,4 +49,11 @@ std::optional<DayWindow> PriceWindow(int time_period,
                                      int lookback_days,
                                      const MarketCalendar& calendar);
 
+/// The market days of a chart of bars or boxes that ends at `end_day`, which needs no history.
+///
+/// It begins `market_days` before its end but not before day 1, or earlier, as PriceWindow does.
+/// kAllDays takes every day up to MaxNumDays; an `end_day` outside 1 to MaxNumDays counts as the
+/// nearest in it. Without a market day it ends at day 0, before it begins.
+DayWindow BarWindow(int time_period, int end_day, const MarketCalendar& calendar);
+
 }  // namespace vistaplot
