@@ -21,13 +21,13 @@ struct IndicatorNumbers {
     double longest_period = 50.0;  ///< txtMemPeriod
     double poles = 15.0;           ///< txtMemPoles
   };
-  std::optional<double> average;            ///< chkMoveAvg: txtMoveAvg
-  std::optional<double> adaptive;           ///< chkAMA: txtAMA
-  std::optional<ParabolicSteps> parabolic;  ///< chkParabolic: txtPBStart, txtPBMax, txtPBAcc
-  std::optional<double> bands;              ///< chkBollinger: txtBollinger
-  std::optional<Hurst> hurst;               ///< chkHurst
-  std::optional<double> correlation;        ///< chkCorrelation: txtCorrPeriod
-  std::optional<Mem> mem;                   ///< chkMem
+  std::optional<double> average = {};            ///< chkMoveAvg: txtMoveAvg
+  std::optional<double> adaptive = {};           ///< chkAMA: txtAMA
+  std::optional<ParabolicSteps> parabolic = {};  ///< chkParabolic: txtPBStart, txtPBMax, txtPBAcc
+  std::optional<double> bands = {};              ///< chkBollinger: txtBollinger
+  std::optional<Hurst> hurst = {};               ///< chkHurst
+  std::optional<double> correlation = {};        ///< chkCorrelation: txtCorrPeriod
+  std::optional<Mem> mem = {};                   ///< chkMem
 };
 
 struct MemSettings {
@@ -37,13 +37,13 @@ struct MemSettings {
 
 /// The same as counts.
 struct Indicators {
-  std::optional<int> average;
-  std::optional<int> adaptive;
-  std::optional<ParabolicSteps> parabolic;
-  std::optional<int> bands;
-  std::optional<HurstSettings> hurst;
-  std::optional<int> correlation;
-  std::optional<MemSettings> mem;
+  std::optional<int> average = {};
+  std::optional<int> adaptive = {};
+  std::optional<ParabolicSteps> parabolic = {};
+  std::optional<int> bands = {};
+  std::optional<HurstSettings> hurst = {};
+  std::optional<int> correlation = {};
+  std::optional<MemSettings> mem = {};
 
   /// The least first day of the chart: the longest history that one of them needs, and 2.
   std::int16_t LookbackDays = 2;

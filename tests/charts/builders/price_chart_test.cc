@@ -6,72 +6,33 @@
 #include <vector>
 
 #include "base/text.h"
-#include "support/weekday_calendar.h"
+#include "charts/builders/time_periods.h"
+#include "support/price_world.h"
 
 namespace vistaplot {
 namespace {
 
-/// A price sheet from lines of "AAA,BBB" and then one line of prices a market day, all columns
-/// selected; the dates are the calendar's.
-struct World {
-  explicit World(const std::string& csv) {
-    const std::vector<std::string_view> lines = Split(csv, '\n');
-    calendar = WeekdayCalendar(static_cast<int>(lines.size()) - 1);
-    prices.MaxRow = static_cast<int>(lines.size());
-    for (int row = 1; row <= prices.MaxRow; ++row) {
-      if (row > 1) {
-        prices.SetCellText(
-            row, 1, DateText(calendar.DateOf(row - 1), DatePattern::kMonthDayLongYear));
-      }
-      int col = 1;
-      for (const auto cell : Split(lines[static_cast<std::size_t>(row - 1)], ',')) {
-        prices.SetCellText(row, ++col, cell);
-      }
-      prices.MaxCol = col;
-    }
-    SelectAll();
+using test::kEmpty;
+using test::Legend;
+using test::Points;
+
+struct World : test::PriceWorld {
+  explicit World(const std::string& csv) : PriceWorld(csv) {
     request.end_day = calendar.MaxNumDays;
   }
 
   // `funds` issues of `days` days at one price.
-  World(int funds, int days) : calendar(WeekdayCalendar(days)) {
-    prices.MaxCol = funds + 1;
-    for (int col = 2; col <= prices.MaxCol; ++col) {
-      prices.SetPriceColumn(col, "F", std::vector<float>(static_cast<std::size_t>(days), 1.0F));
-    }
-    SelectAll();
+  World(int funds, int days)
+      : PriceWorld(std::vector<std::vector<float>>(
+            static_cast<std::size_t>(funds),
+            std::vector<float>(static_cast<std::size_t>(days), 1.0F))) {
     request.end_day = days;
-  }
-
-  void SelectAll() {
-    prices.Select({.SelStartRow = 1, .SelStartCol = 1, .SelEndRow = 1, .SelEndCol = prices.MaxCol});
-    EXPECT_EQ(ReadGraphSelection(prices, SelectionUse::kFunds, selection), "");
   }
 
   PriceChartOutcome Build() { return BuildPriceChart(request, prices, calendar, selection, view); }
 
-  MarketCalendar calendar;
-  Sheet prices;
-  GraphSelection selection;
-  ChartView view;
   PriceChartRequest request;
 };
-
-constexpr double kEmpty = -99.0;  // stands for an empty point
-
-std::vector<double> Points(const ChartView& view, int column) {
-  std::vector<double> points;
-  for (int row = 1; row <= view.rowcount(); ++row) {
-    points.push_back(view.HasPoint(row, column) ? view.DataAt(row, column) : kEmpty);
-  }
-  return points;
-}
-
-std::vector<std::string> Legend(const ChartView& view) {
-  std::vector<std::string> labels;
-  for (int c = 1; c <= view.ColumnCount(); ++c) labels.push_back(view.ColumnLabelAt(c));
-  return labels;
-}
 
 TEST(PriceChart, RebasesEveryFundToItsFirstPriceDrawn) {
   World world("AAA,BBB\n10,-1\n20,-1\n25,-1\n-1,0\n30,8\n15,10");
@@ -122,7 +83,7 @@ TEST(PriceChart, DrawsOneFundAtATime) {
 
 TEST(PriceChart, LooksAsItsTypeScreenAndPeriodSay) {
   World world(1, 700);
-  world.request.screen_width = 19200.0;
+  world.request.display.width = 19200.0;
   world.selection.TimePeriodIndex = 6;
   world.Build();
   const ChartPlot& plot = world.view.Plot;
@@ -145,63 +106,68 @@ TEST(PriceChart, LooksAsItsTypeScreenAndPeriodSay) {
   EXPECT_FALSE(plot.Series(1).showline);
 }
 
-// Twelve days at the same price at the end of the table look like a history that has ended.
-TEST(PriceChart, StatesWhereAHistoryHasEnded) {
-  World world(2, 40);
-  std::vector<float> prices(40, 6.0F);
-  std::fill_n(prices.begin(), 27, 5.0F);
-  world.prices.SetPriceColumn(3, "OLD", prices);  // its last own price is that of day 28
-  prices.back() = 6.5F;
-  world.prices.SetPriceColumn(2, "NEW", prices);
-  EXPECT_TRUE(world.Build().drawn);
-  const ChartFacts& facts = world.view.facts;
-  EXPECT_EQ(facts.SeriesAt(1).last_price_row, std::nullopt);
-  EXPECT_EQ(facts.SeriesAt(2).last_price_row, world.view.rowcount() - 12);
-  EXPECT_EQ(facts.SeriesAt(1).base, 5.0);
-  EXPECT_EQ(facts.unit, ValueUnit::kChange);
-}
-
-// BBB's first price is on chart day 3: "e" marks the days before with -0.5.
+// An average of one day is the price itself. The bands of two days need four of history; BBB, whose
+// first price is on chart day 3, never has a price three days before.
 TEST(PriceChart, DrawsOverlaysOnTheScaleOfTheirFund) {
-  World world("AAA,BBB \n1,-1\n10,-1\n11,-1\n12,20\n13,21");
-  world.request.overlays = {
-      {.suffixes = {"e"},
-       .roles = {SeriesRole::kAverage},
-       .names = {"average 3"},
-       .curves = [](const FundDays& days) -> std::vector<std::vector<float>> {
-         EXPECT_EQ(days.first_day, 2);
-         EXPECT_EQ(days.chart_days, 4);
-         if (days.column == 2) return {{10.0F, 10.5F, 0.0F, 12.0F}};
-         return {{-0.5F, -0.5F, 20.0F, 20.5F}};
-       }},
-      {.suffixes = {"b1", "ba", "b2"},
-       .roles = {SeriesRole::kUpperBand, SeriesRole::kMiddleBand, SeriesRole::kLowerBand},
-       .names = {"upper band 2", "middle band 2", "lower band 2"},
-       .curves = [](const FundDays&) {
-         return std::vector<std::vector<float>>{
-             {0.0F, 12.0F, 15.0F, 20.0F}, {9.0F, 0.0F, 10.0F, 11.0F}, {8.0F, 7.0F, 6.0F, 5.0F}};
-       }}};
+  World world("AAA,BBB \n8,-1\n8,-1\n8,-1\n10,-1\n12,-1\n11,20\n13,21\n15,22");
+  world.request.indicators.average = 1.0;
+  world.request.indicators.bands = 2.0;
   EXPECT_TRUE(world.Build().drawn);
+  EXPECT_EQ(world.selection.FirstDay, 4);
   EXPECT_EQ(
       Legend(world.view),
       (std::vector<std::string>{
           "AAA", "AAAe", "AAAb1", "AAAba", "AAAb2", "BBB ", "BBBe", "BBBb1", "BBBba", "BBBb2"}));
-  const SeriesFacts& band = world.view.facts.SeriesAt(10);
-  EXPECT_EQ(band.name, "BBB lower band 2");
-  EXPECT_EQ(band.role, SeriesRole::kLowerBand);
-  EXPECT_EQ(band.parent, 6);
-  EXPECT_EQ(band.base, 20.0);
   const auto single = [](float value, float base) { return double{value / base - 1.0F}; };
-  EXPECT_EQ(
-      Points(world.view, 2),
-      (std::vector<double>{kEmpty, single(10.5F, 10.0F), single(0.0F, 10.0F), single(12, 10)}));
-  EXPECT_EQ(Points(world.view, 3), (std::vector<double>{kEmpty, kEmpty, kEmpty, 1.0}));
-  EXPECT_EQ(Points(world.view, 5), (std::vector<double>{kEmpty, kEmpty, kEmpty, -0.5}));
+  EXPECT_EQ(Points(world.view, 2),
+            (std::vector<double>{
+                kEmpty, single(12, 10), single(11, 10), single(13, 10), single(15, 10)}));
+  // Of the two days before: 8 and 10, then 10 and 12; one day each side of the mean.
+  EXPECT_EQ(world.view.DataAt(2, 3), single(11, 10));
+  EXPECT_EQ(world.view.DataAt(2, 4), single(9, 10));
+  EXPECT_EQ(world.view.DataAt(2, 5), single(7, 10));
+  EXPECT_EQ(world.view.DataAt(3, 3), single(13, 10));
+  EXPECT_FALSE(world.view.HasPoint(1, 3));
   EXPECT_EQ(Points(world.view, 7),
-            (std::vector<double>{kEmpty, kEmpty, 0.0, single(20.5F, 20.0F)}));
-  EXPECT_EQ(world.selection.PriceBase,
-            (std::vector<float>{10, 10, 15, 10, 6, 20, -0.5F, 15, 10, 6}));
+            (std::vector<double>{kEmpty, kEmpty, 0.0, single(21, 20), single(22, 20)}));
+  EXPECT_EQ(Points(world.view, 8), std::vector<double>(5, kEmpty));
+  EXPECT_EQ(world.selection.PriceBase, (std::vector<float>{10, 10, 8, 8, 8, 20, -0.5F, 0, 0, 0}));
   EXPECT_EQ(world.view.Plot.Series(5).Pen.VtColor, world.view.Plot.Series(3).Pen.VtColor);
+}
+
+TEST(PriceChart, OrdersOverlaysAndLeavesNonsenseEmpty) {
+  World world("A\n10\n10\n11\n12");
+  world.request.indicators = {
+      .average = -1.0, .adaptive = 0.0, .parabolic = ParabolicSteps{}, .bands = 0.0};
+  EXPECT_TRUE(world.Build().drawn);
+  EXPECT_EQ(Legend(world.view),
+            (std::vector<std::string>{"A", "Ae", "Aa", "Ap", "Ab1", "Aba", "Ab2"}));
+  for (const int column : {2, 3, 5, 6, 7}) {
+    EXPECT_EQ(Points(world.view, column), std::vector<double>(3, kEmpty)) << column;
+  }
+  EXPECT_EQ(Points(world.view, 4), (std::vector<double>{kEmpty, 0.0, 0.0}));
+}
+
+TEST(PriceChart, TellsOfAParameterBeyondSixteenBits) {
+  World world(1, 30);
+  for (const double number : {40000.0, 32766.0, -40000.0}) {
+    world.request.indicators.average = number;
+    const PriceChartOutcome refused = world.Build();
+    EXPECT_EQ(refused.message, "error: 6 Overflow") << number;
+    EXPECT_EQ(world.view.ColumnCount(), 0);
+  }
+  world.request.indicators = {.hurst = IndicatorNumbers::Hurst{.days = 3, .subperiods = 4e4}};
+  EXPECT_EQ(world.Build().message, "error: 6 Overflow");
+}
+
+TEST(PriceChart, LeavesTheHistoryThatTheLongestPeriodNeeds) {
+  World world(1, 100);
+  world.request.indicators = {.average = 50.0, .bands = 20.0};
+  EXPECT_TRUE(world.Build().drawn);
+  EXPECT_EQ(world.selection.FirstDay, 78);  // a month before day 100
+  world.request.indicators.average = 89.5;  // 91.5 is nearest to 92
+  world.Build();
+  EXPECT_EQ(world.selection.FirstDay, 92);
 }
 
 TEST(PriceChart, RefusesMoreThanTwelveThousandPoints) {
@@ -213,7 +179,6 @@ TEST(PriceChart, RefusesMoreThanTwelveThousandPoints) {
   EXPECT_EQ(refused.message,
             "Too much data to graph, please choose a shorter time period or fewer funds");
   EXPECT_EQ(refused.scroll_to, 4002);
-  EXPECT_EQ(world.view.rowcount(), 4001);
   EXPECT_EQ(world.view.ColumnCount(), 0);
 
   World fits(3, 4001);
@@ -222,19 +187,19 @@ TEST(PriceChart, RefusesMoreThanTwelveThousandPoints) {
   EXPECT_EQ(fits.view.ColumnCount(), 3);
 }
 
-TEST(PriceChart, LeavesTheChartWhenTheHistoryIsTooShort) {
+TEST(PriceChart, LeavesTheChartEmptyWhenTheHistoryIsTooShort) {
   World world("AAA\n1\n2\n3");
   int told = 0;
   world.view.SetObserver([&] { ++told; });
   world.Build();
   EXPECT_EQ(told, 1);
-  world.request.LookbackDays = 4;
+  world.request.indicators.average = 2.0;
   world.selection.TimePeriodIndex = kAllDays;
   const PriceChartOutcome refused = world.Build();
   EXPECT_EQ(refused.message, "Not enough history for the chosen periods");
   EXPECT_EQ(refused.scroll_to, 3);
-  EXPECT_EQ(told, 1);
-  EXPECT_EQ(world.view.ColumnCount(), 1);
+  EXPECT_EQ(told, 2);
+  EXPECT_EQ(world.view.ColumnCount(), 0);
   EXPECT_EQ(world.selection.ChartDays, 2);
 }
 
