@@ -44,13 +44,11 @@ class Builder {
     const std::vector<float>& levels = up ? ladders.up : ladders.down;
     const Direction direction = up ? Direction::kRising : Direction::kFalling;
     std::vector<FigureBox>& boxes = up ? figure_.x : figure_.o;
-    if (direction == direction_) {
-      boxes.push_back({.column = figure_.columns, .level = levels.back(), .day = day});
-    } else {
-      ++figure_.columns;
-      for (std::size_t k = 1; k < levels.size(); ++k) {
-        boxes.push_back({.column = figure_.columns, .level = levels[k], .day = day});
-      }
+    const float size = BoxFor(figure_.level, settings_);
+    const bool goes_on = direction == direction_;
+    if (!goes_on) ++figure_.columns;
+    for (std::size_t k = goes_on ? levels.size() - 1 : 1; k < levels.size(); ++k) {
+      boxes.push_back({.column = figure_.columns, .level = levels[k], .size = size, .day = day});
     }
     figure_.level = levels.back();
     direction_ = direction;

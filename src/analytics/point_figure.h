@@ -42,7 +42,8 @@ BoxLadders ComputeBoxLadders(float level, Direction direction, const PointFigure
 struct FigureBox {
   int column = 0;  ///< 1 for the first
   float level = 0.0F;
-  int day = 0;  ///< index of the day that added it, in the prices given
+  float size = 0.0F;  ///< its height, the box value of the level that it was counted from
+  int day = 0;        ///< index of the day that added it, in the prices given
   bool operator==(const FigureBox&) const = default;
 };
 

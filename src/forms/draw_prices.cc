@@ -14,8 +14,8 @@ PriceChartRequest RequestOf(const Context& context, const DrawRequest& wanted) {
   request.scatter = wanted.type == GraphType::kScatter;
   request.one_at_a_time = context.screens.frmTab.OneAtATime();
   request.screen = wanted.screen;
-  request.screen_width = static_cast<double>(display.width);
-  request.screen_height = static_cast<double>(display.height);
+  request.display = {.width = static_cast<double>(display.width),
+                     .height = static_cast<double>(display.height)};
   return request;
 }
 

@@ -10,6 +10,7 @@
 
 #include "analytics/correlation.h"
 #include "analytics/hurst.h"
+#include "base/text.h"
 #include "charts/builders/fund_prices.h"
 #include "charts/builders/time_periods.h"
 
@@ -76,11 +77,16 @@ class Builder {
     }
   }
 
+  std::string SymbolOf(int position) const {
+    return std::string(TrimBlanks(prices_.CellText(1, selection_.ColumnOf(position))));
+  }
+
   FundPrices Fund(int position) const {
     return {prices_, selection_.ColumnOf(position), selection_.FirstDay, selection_.ChartDays};
   }
 
   void DrawHurst() {
+    view_.facts.unit = ValueUnit::kExponent;
     float y = 0.0F;
     for (int fund = selection_.FirstFund; fund <= selection_.LastFund; ++fund) {
       const FundPrices prices = Fund(fund);
@@ -94,16 +100,22 @@ class Builder {
   void DrawCorrelation() {
     const FundPrices first = Fund(1);
     const FundPrices second = Fund(2);
+    view_.facts.Series(1).name = "correlation of " + SymbolOf(1) + " and " + SymbolOf(2);
     SetSeries(1, ComputeCorrelation(first.Chart(), second.Chart(), *indicators_.correlation));
   }
 
   // The dominant periods as a line and the peaks beside them as markers.
   void DrawPowers(const DailySpectrum& spectrum) {
     SetSeries(1, spectrum.dominant);
+    view_.facts.unit = ValueUnit::kPeriod;
+    view_.facts.last_real_row = selection_.ChartDays;
+    view_.facts.Series(1).name = "dominant period";
     for (int k = 1; k <= static_cast<int>(kPeaks); ++k) {
       ChartSeries& series = view_.Plot.Series(k + 1);
       series.SeriesMarker.Show = false;
       series.showline = false;
+      view_.facts.Series(k + 1).name = "peak " + std::to_string(k);
+      view_.facts.Series(k + 1).role = SeriesRole::kPeak;
       for (int day = 1; day <= spectrum.Days(); ++day) DrawPeak(spectrum, day, k);
     }
     for (ChartSeries& series : view_.Plot.SeriesCollection) MarkDay(series, selection_.ChartDays);

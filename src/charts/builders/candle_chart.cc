@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analytics/candles.h"
+#include "base/text.h"
 #include "charts/builders/fund_prices.h"
 #include "charts/builders/time_periods.h"
 
@@ -116,6 +117,9 @@ void DrawFunds(const Sheet& prices,
     const FundPrices fund_prices(prices, table_column, window.first_day, Weeks::Days(window));
     const WeeklyCandles candles = ComputeWeeklyCandles(fund_prices.Chart().Chart(), weeks.Ends());
     selection.PriceBase[static_cast<std::size_t>(column - 1)] = candles.base;
+    SeriesFacts& facts = view.facts.Series(fund - selection.FirstFund + 1);
+    facts.name = TrimBlanks(prices.CellText(1, table_column));
+    facts.base = static_cast<double>(candles.base);
     last_rows = DrawFund(candles, prices, table_column, window.first_day, column, view, span);
   }
   view.SetRowLabel(last_rows + 1, " ");
@@ -153,6 +157,7 @@ BuildOutcome BuildCandleChart(const CandleChartRequest& request,
   view.ColumnCount(columns);
   SetLegend(view, true);
   PlacePlot(view, request.display, {0.0, 0.35}, {5.8, 3.75});
+  view.facts.unit = ValueUnit::kRatio;
   StyleBars(view, request.bars);
   const WeekSpacing& spacing =
       kSpacings[static_cast<std::size_t>(std::clamp<int>(selection.TimePeriodIndex, 0, kAllDays))];

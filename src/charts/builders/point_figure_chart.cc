@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/date.h"
+#include "base/text.h"
 #include "charts/builders/fund_prices.h"
 #include "charts/builders/time_periods.h"
 
@@ -51,6 +52,9 @@ void BeginChart(const PointFigureRequest& request, const std::string& symbol, Ch
     series.showline = false;
   }
   view.SetColumnLabel(1, symbol);
+  view.facts.kind = FigureKind::kBoxes;
+  view.facts.unit = ValueUnit::kPrice;
+  view.facts.Series(1).name = TrimBlanks(symbol);
   SetAxes(view);
 }
 
@@ -80,6 +84,12 @@ void LabelBox(ChartView& view, int row, DateSerial date) {
   view.Plot.Series(1).DataPoints.Item(row).DataPointLabel = label;
 }
 
+void StateBox(const Figure& figure, const FigureBox& box, bool rises, ChartView& view) {
+  view.facts.boxes.push_back({.date = DateText(figure.DateOf(box), DatePattern::kMonthDayShortYear),
+                              .size = static_cast<double>(box.size),
+                              .rises = rises});
+}
+
 void DrawBoxes(const Figure& figure, ChartView& view) {
   constexpr ChartColor kBlue{0, 0, 255};
   constexpr ChartColor kRed{255, 0, 0};
@@ -87,10 +97,14 @@ void DrawBoxes(const Figure& figure, ChartView& view) {
   int labelled_day = -1;
   for (const FigureBox& box : figure.boxes.x) {
     DrawBox(view, ++row, box, kMarkerCross, kBlue);
+    StateBox(figure, box, true, view);
     if (box.day != labelled_day) LabelBox(view, row, figure.DateOf(box));
     labelled_day = box.day;
   }
-  for (const FigureBox& box : figure.boxes.o) DrawBox(view, ++row, box, kMarkerCircle, kRed);
+  for (const FigureBox& box : figure.boxes.o) {
+    DrawBox(view, ++row, box, kMarkerCircle, kRed);
+    StateBox(figure, box, false, view);
+  }
   if (!figure.boxes.has_price) return;
   for (int column = figure.boxes.columns + 1; column <= kMostFigureColumns; ++column) {
     SetPoint(view, ++row, column, figure.boxes.level);

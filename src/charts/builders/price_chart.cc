@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,19 @@ namespace vistaplot {
 namespace {
 
 constexpr std::size_t kBands = 3;  // curves of an overlay: first band, middle, second band
+
+// The market day of a history's last price when it ended at least kQuietDays before the newest day:
+// the days behind repeat that price. 0 for one that goes on.
+int LastPriceDay(const Sheet& prices, int table_column) {
+  constexpr std::ptrdiff_t kQuietDays = 10;
+  const std::span<const float> block = prices.PriceBlock(table_column);
+  if (block.empty() || block.back() <= 0.0F) return 0;
+  const auto changed = std::find_if(
+      block.rbegin(), block.rend(), [&](float price) { return price != block.back(); });
+  const auto same = changed - block.rbegin();
+  if (same <= kQuietDays) return 0;
+  return static_cast<int>(static_cast<std::ptrdiff_t>(block.size()) - same + 1);
+}
 
 /// One build: the request, what it reads, and the chart that it fills.
 class Builder {
@@ -69,6 +83,8 @@ class Builder {
     SetLegend(view_, !mem_);
     view_.rowcount(rows);
     view_.ColumnCount(columns);
+    view_.facts.unit = ValueUnit::kChange;
+    if (mem_) view_.facts.last_real_row = selection_.ChartDays;
     selection_.PriceBase.assign(static_cast<std::size_t>(columns), 0.0F);
     if (three) {
       PlacePlot(view_, request_.display, {0.1, 0.05}, {5.6, 2.0});
@@ -84,17 +100,36 @@ class Builder {
     const std::string symbol(TrimBlanks(heading));
     view_.SetColumnLabel(column, heading);
     const int first_priced_day = DrawPrices(table_column, column);
+    StateFund(table_column, column);
     if (overlays_.empty() && !mem_) return;
     const FundPrices fund(prices_, table_column, selection_.FirstDay, selection_.ChartDays);
     int next = column + 1;
     for (const PriceOverlay& overlay : overlays_) {
       for (std::size_t curve = 0; curve < overlay.suffixes.size(); ++curve) {
-        view_.SetColumnLabel(next + static_cast<int>(curve), symbol + overlay.suffixes[curve]);
+        const int series = next + static_cast<int>(curve);
+        view_.SetColumnLabel(series, symbol + overlay.suffixes[curve]);
+        StateOverlay(series, symbol + " " + overlay.names[curve], overlay.roles[curve], column);
       }
       DrawOverlay(overlay, fund.Chart(), {.price = column, .first = next}, first_priced_day);
       next += static_cast<int>(overlay.suffixes.size());
     }
     if (mem_) DrawCycles(fund.Chart(), {.price = column, .first = next}, first_priced_day);
+  }
+
+  // The facts of a fund's prices once they are drawn.
+  void StateFund(int table_column, int column) {
+    SeriesFacts& facts = view_.facts.Series(column);
+    facts.base = static_cast<double>(BaseOf(column));
+    const int last_day = LastPriceDay(prices_, table_column);
+    if (last_day > 0) facts.last_price_row = last_day - selection_.FirstDay + 1;
+  }
+
+  void StateOverlay(int series, const std::string& name, SeriesRole role, int price_column) {
+    view_.facts.Series(series) = {.name = name,
+                                  .role = role,
+                                  .parent = price_column,
+                                  .base = static_cast<double>(BaseOf(price_column)),
+                                  .last_price_row = {}};
   }
 
   // Draws one fund's prices and sets their base.
@@ -163,6 +198,7 @@ class Builder {
   // The trend, the forecast behind the prices, and the mark where it begins.
   void DrawCycles(const ChartPrices& fund, OverlayColumns columns, int first_priced_day) {
     view_.SetColumnLabel(columns.first, "Trend");
+    StateOverlay(columns.first, "Trend", SeriesRole::kTrend, columns.price);
     const int days = selection_.ChartDays;
     for (ChartSeries& series : view_.Plot.SeriesCollection) MarkDay(series, days);
     if (mem_->longest_period < 1) return;

@@ -79,6 +79,9 @@ std::string BuildSpectrumChart(const SpectrumState& state,
   StyleSeries(view, false);
   SetAxes(view);
   PlacePlot(view, display, {0.0, 0.25}, {1.0, 1.5});
+  view.facts.unit = ValueUnit::kPower;
+  view.facts.row_name = "period";
+  view.facts.Series(1).name = "power";
   for (int p = 1; p <= periods; ++p) {
     view.SetRowLabel(p, std::to_string(p));
     const float power = state.PowerSpectrum.Power(p, state.SpectrumDay);
@@ -130,6 +133,12 @@ std::string AddForecast(int day,
   added.Pen.Width = 1.0;
   added.Pen.VtColor.Set(0, 0, 255);
   const float base = selection.PriceBase.front();
+  price_chart.facts.Series(price_chart.ColumnCount()) = {
+      .name = "forecast from " + price_chart.RowLabelAt(day),
+      .role = SeriesRole::kForecast,
+      .parent = 0,
+      .base = static_cast<double>(base),
+      .last_price_row = {}};
   if (base > 0.0F) {
     DrawForecast(day,
                  MemForecast(fund.Chart(), day, settings.longest_period, settings.poles),
@@ -143,6 +152,7 @@ void ClearForecasts(ChartView& price_chart) {
   if (price_chart.ColumnCount() <= kTrendColumn) return;
   const RedrawPause pause(price_chart);
   price_chart.ColumnCount(kTrendColumn);
+  price_chart.facts.series.resize(kTrendColumn);
 }
 
 void MarkDay(ChartSeries& series, int day) {

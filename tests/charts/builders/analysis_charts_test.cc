@@ -133,6 +133,7 @@ TEST(CycleCharts, ContinueThePriceByAForecast) {
   EXPECT_EQ(world.selection.ChartDays, 21);
   EXPECT_EQ(world.view.RowLabelAt(22), " ");
   EXPECT_FALSE(world.view.Legend.Location.Visible);
+  EXPECT_EQ(world.view.facts.last_real_row, 21);
   const float base = world.selection.PriceBase[0];
   const auto forecast = MemForecast(world.Fund(2), 21, 50, 15);
   EXPECT_EQ(world.view.DataAt(22, 1), Single(forecast[0], base));
@@ -235,6 +236,8 @@ TEST(CycleCharts, AddForecastsOfADayAndTakeThemOff) {
   EXPECT_EQ(add(22), "");  // no real day
   ASSERT_EQ(world.view.ColumnCount(), 4);
   EXPECT_EQ(world.view.ColumnLabelAt(3), " ");
+  EXPECT_EQ(world.view.facts.SeriesAt(3).role, SeriesRole::kForecast);
+  EXPECT_EQ(world.view.facts.SeriesAt(3).name, "forecast from " + world.view.RowLabelAt(5));
   EXPECT_EQ(world.view.Plot.Series(3).Pen.VtColor, (ChartColor{0, 0, 255}));
   const auto forecast = MemForecast(world.Fund(2), 5, 50, 15);
   const float base = world.selection.PriceBase[0];

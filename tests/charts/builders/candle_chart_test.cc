@@ -45,6 +45,9 @@ TEST(CandleChart, DrawsAWeekARow) {
   EXPECT_FALSE(scale.Auto);
   EXPECT_DOUBLE_EQ(scale.Minimum, single(9) - 0.01);
   EXPECT_DOUBLE_EQ(scale.Maximum, 2.01);
+  EXPECT_EQ(world.view.facts.SeriesAt(1).name, "F1");
+  EXPECT_EQ(world.view.facts.SeriesAt(1).base, 10.0);
+  EXPECT_EQ(world.view.facts.unit, ValueUnit::kRatio);
   EXPECT_EQ(world.selection.FirstDay, 1);
   EXPECT_EQ(world.selection.PriceBase, (std::vector<float>{10, 0, 0, 0}));
 }

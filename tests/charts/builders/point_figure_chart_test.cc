@@ -54,6 +54,11 @@ TEST(PointFigureChart, DrawsABoxARow) {
   const ChartMarker o = test::MarkerAt(world.view, 1, 8);
   EXPECT_EQ(o.style, kMarkerCircle);
   EXPECT_EQ(o.Pen.VtColor, (ChartColor{255, 0, 0}));
+  ASSERT_EQ(world.view.facts.boxes.size(), 10U);
+  EXPECT_EQ(world.view.facts.boxes[6].date, "01/05/90");
+  EXPECT_TRUE(world.view.facts.boxes[6].rises);
+  EXPECT_FALSE(world.view.facts.boxes[7].rises);
+  EXPECT_FLOAT_EQ(static_cast<float>(world.view.facts.boxes[7].size), 0.4F);
   // The rest stands unseen in the columns up to 40, at the last level.
   EXPECT_EQ(world.view.DataAt(11, 1), 4.0);
   EXPECT_EQ(world.view.DataAt(47, 1), 40.0);

@@ -118,6 +118,11 @@ TEST(PriceChart, DrawsOverlaysOnTheScaleOfTheirFund) {
       Legend(world.view),
       (std::vector<std::string>{
           "AAA", "AAAe", "AAAb1", "AAAba", "AAAb2", "BBB ", "BBBe", "BBBb1", "BBBba", "BBBb2"}));
+  const SeriesFacts& band = world.view.facts.SeriesAt(10);
+  EXPECT_EQ(band.name, "BBB lower band 2");
+  EXPECT_EQ(band.role, SeriesRole::kLowerBand);
+  EXPECT_EQ(band.parent, 6);
+  EXPECT_EQ(band.base, 20.0);
   const auto single = [](float value, float base) { return double{value / base - 1.0F}; };
   EXPECT_EQ(Points(world.view, 2),
             (std::vector<double>{
@@ -133,6 +138,22 @@ TEST(PriceChart, DrawsOverlaysOnTheScaleOfTheirFund) {
   EXPECT_EQ(Points(world.view, 8), std::vector<double>(5, kEmpty));
   EXPECT_EQ(world.selection.PriceBase, (std::vector<float>{10, 10, 8, 8, 8, 20, -0.5F, 0, 0, 0}));
   EXPECT_EQ(world.view.Plot.Series(5).Pen.VtColor, world.view.Plot.Series(3).Pen.VtColor);
+}
+
+// Twelve days at the same price at the end of the table look like a history that has ended.
+TEST(PriceChart, StatesWhereAHistoryHasEnded) {
+  World world(2, 40);
+  std::vector<float> prices(40, 6.0F);
+  std::fill_n(prices.begin(), 27, 5.0F);
+  world.prices.SetPriceColumn(3, "OLD", prices);  // its last own price is that of day 28
+  prices.back() = 6.5F;
+  world.prices.SetPriceColumn(2, "NEW", prices);
+  EXPECT_TRUE(world.Build().drawn);
+  const ChartFacts& facts = world.view.facts;
+  EXPECT_EQ(facts.SeriesAt(1).last_price_row, std::nullopt);
+  EXPECT_EQ(facts.SeriesAt(2).last_price_row, world.view.rowcount() - 12);
+  EXPECT_EQ(facts.SeriesAt(1).base, 5.0);
+  EXPECT_EQ(facts.unit, ValueUnit::kChange);
 }
 
 TEST(PriceChart, OrdersOverlaysAndLeavesNonsenseEmpty) {
