@@ -26,14 +26,41 @@ class Registers {
   std::vector<Element> elements_;
 };
 
+/// The rotations of periods kShortestPeriod to `longest`. Those of thousands of periods and poles
+/// would fill the memory and are worked out when asked for.
+class RotationTable {
+ public:
+  RotationTable(std::size_t longest, std::size_t order) : order_(order) {
+    if (longest * order > kMostKept) return;
+    for (std::size_t p = kShortestPeriod; p <= longest; ++p) {
+      const std::vector<Rotation> one = Rotations(1.0 / static_cast<double>(p), order);
+      kept_.insert(kept_.end(), one.begin(), one.end());
+    }
+    is_kept_ = true;
+  }
+
+  /// As many as the order; valid until the next call.
+  const Rotation* Of(std::size_t period) {
+    if (is_kept_) return kept_.data() + (period - kShortestPeriod) * order_;
+    kept_ = Rotations(1.0 / static_cast<double>(period), order_);
+    return kept_.data();
+  }
+
+ private:
+  static constexpr std::size_t kMostKept = 1U << 20U;
+  std::size_t order_;
+  bool is_kept_ = false;
+  std::vector<Rotation> kept_;
+};
+
 /// The spectra of all chart days; the lanes are neighbouring days.
 struct SpectrumKernel {
   std::span<const float> prices;  ///< from chart day 1 - P on, whole registers at the end
   std::size_t length;             ///< P
   std::size_t order;              ///< of the next fit
   std::size_t wide;               ///< rotations a period
-  const Rotation* rotations;      ///< those of period kShortestPeriod first
-  float* wk1;                     ///< room for P registers each
+  RotationTable& rotations;
+  float* wk1;  ///< room for P registers each
   float* wk2;
   double* d;   ///< room for a register's lanes of `wide` coefficients each
   float* fit;  ///< the same in single precision, and of the order before
@@ -60,12 +87,8 @@ struct SpectrumKernel {
     order = static_cast<std::size_t>(one.m);
     for (std::size_t p = kShortestPeriod; p <= length; ++p) {
       spectrum.RowOf(static_cast<int>(p))[day] =
-          static_cast<float>(MemPower(RotationsOf(p), one.d, one.xms));
+          static_cast<float>(MemPower({rotations.Of(p), wide}, one.d, one.xms));
     }
-  }
-
-  std::span<const Rotation> RotationsOf(std::size_t period) const {
-    return {rotations + (period - kShortestPeriod) * wide, wide};
   }
 
   // Fits of order `order` to the windows of a block of days (see memcof). False as soon as a
@@ -182,7 +205,7 @@ struct SpectrumKernel {
       noise[lane / kHalf][lane % kHalf] = static_cast<double>(xms[lane]);
     }
     for (std::size_t p = kShortestPeriod; p <= length; ++p) {
-      const Rotation* w = rotations + (p - kShortestPeriod) * wide;
+      const Rotation* w = rotations.Of(p);
       Doubles real0 = Doubles{} + 1.0, real1 = real0, imaginary0{}, imaginary1{}, d0, d1;
       for (std::size_t k = 0; k < count; ++k) {
         LoadLanes(d0, coefficients + k * kLanes);
@@ -228,16 +251,6 @@ struct SpectrumKernel {
   }
 };
 
-// Those of periods kShortestPeriod to `longest`, one period behind the other.
-std::vector<Rotation> AllRotations(int longest, std::size_t order) {
-  std::vector<Rotation> all;
-  for (int p = kShortestPeriod; p <= longest; ++p) {
-    const std::vector<Rotation> one = Rotations(1.0 / p, order);
-    all.insert(all.end(), one.begin(), one.end());
-  }
-  return all;
-}
-
 }  // namespace
 
 DailySpectrum::DailySpectrum(int longest_period, int days)
@@ -260,15 +273,16 @@ DailySpectrum ComputeSpectrum(const ChartPrices& prices,
     // A fit never gets beyond as many coefficients as it has values.
     const auto order = static_cast<std::size_t>(std::clamp(poles, 0, period));
     const std::vector<float> values = prices.Copy(1 - period, -1.0F);
-    const std::vector<Rotation> rotations = AllRotations(period, order);
-    const std::size_t room = static_cast<std::size_t>(period) * kMostLanes;
+    const auto length = static_cast<std::size_t>(period);
+    RotationTable rotations(length, order);
+    const std::size_t room = length * kMostLanes;
     Registers<float> wk1(room), wk2(room), fit(room), before(room);
     Registers<double> d(room);
     SpectrumKernel kernel{.prices = values,
-                          .length = static_cast<std::size_t>(period),
+                          .length = length,
                           .order = order,
                           .wide = order,
-                          .rotations = rotations.data(),
+                          .rotations = rotations,
                           .wk1 = wk1.data(),
                           .wk2 = wk2.data(),
                           .d = d.data(),
