@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "quoteline/check.h"
+#include "quoteline/crc32c.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {
@@ -99,7 +102,15 @@ TEST(StoreContents, NothingIsWrittenToAFileWhosePagesAreInDisorder) {
   EXPECT_EQ(world.folder.Read("quoteline.db"), bytes);
 }
 
-TEST(StoreContents, AHistoryIsTiedToItsSymbolAndItsDays) {
+// The bytes as the format's page has them: symbol, first day, days, prices.
+TEST(StoreContents, AHistorysCheckValueIsOfItsSymbolItsDaysAndItsPrices) {
+  const std::string_view bytes("AB\0\0\0\0\0\0\x02\0\0\0\x01\0\0\0\0\0\x20\x41", 20);
+  const float price = 10.0F;
+  EXPECT_EQ(HistoryChecksum(*KeyOf("AB"), 2, std::span(&price, 1)),
+            Crc32cByTable(std::as_bytes(std::span(bytes))));
+}
+
+TEST(StoreContents, AHistoryUnderAnotherIssuesNumberIsNoneOfIt) {
   QuotelineWorld world;
   world.Import("w.csv", "Date,A,B\n2000-01-03,5,7\n2000-01-04,6,8\n");
   world.Tamper(
