@@ -1,10 +1,10 @@
 #include "result_file.h"
 
 #include <array>
+#include <cstdio>
 
 #include "base/date.h"
 #include "base/files.h"
-#include "base/number_text.h"
 #include "formats/zephyrine_file.h"
 #include "random.h"
 
@@ -15,6 +15,12 @@ constexpr std::uint64_t kStream = 0x7777;
 constexpr int kGrid = 100;
 constexpr int kDates = 9000;
 
+std::string Decimal(double number, int decimals) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.*f", decimals, number);
+  return text;
+}
+
 /// The texts of record `number`, counted from 1.
 std::array<std::string, 17> TextsOf(int number, Random& random) {
   const double annual = random.Normal() * 12 + 9;
@@ -22,23 +28,23 @@ std::array<std::string, 17> TextsOf(int number, Random& random) {
   const double ulcer = 1 + 9 * random.Uniform();
   const DateSerial date =
       SerialFromDate({.year = 1990, .month = 1, .day = 1}) + random.Below(kDates);
-  return {FixedText(number % 10000, 0),
-          FixedText(1 + (number - 1) / kGrid, 0),
-          FixedText(1 + (number - 1) % kGrid, 0),
-          FixedText(12 * random.Uniform(), 1),
-          FixedText(annual, 3),
-          FixedText(draw_down, 3),
+  return {Decimal(number % 10000, 0),
+          Decimal(1 + (number - 1) / kGrid, 0),
+          Decimal(1 + (number - 1) % kGrid, 0),
+          Decimal(12 * random.Uniform(), 1),
+          Decimal(annual, 3),
+          Decimal(draw_down, 3),
           DateText(date, DatePattern::kMonthDayShortYear),
-          FixedText(ulcer, 2),
-          FixedText(annual / ulcer, 2),
-          FixedText(100 * random.Uniform(), 2),
-          FixedText(random.Normal(), 3),
-          FixedText(3 * random.Uniform(), 3),
-          FixedText(-3 * random.Uniform(), 3),
-          FixedText(random.Uniform(), 2),
-          FixedText(random.Uniform() * 2, 2),
-          FixedText(random.Uniform(), 2),
-          FixedText(random.Normal(), 2)};
+          Decimal(ulcer, 2),
+          Decimal(annual / ulcer, 2),
+          Decimal(100 * random.Uniform(), 2),
+          Decimal(random.Normal(), 3),
+          Decimal(3 * random.Uniform(), 3),
+          Decimal(-3 * random.Uniform(), 3),
+          Decimal(random.Uniform(), 2),
+          Decimal(random.Uniform() * 2, 2),
+          Decimal(random.Uniform(), 2),
+          Decimal(random.Normal(), 2)};
 }
 
 }  // namespace
