@@ -227,9 +227,11 @@ bool IsUtf8(std::string_view text) {
 }
 
 std::string Utf8FromWindows1252(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size());
-  for (const char c : bytes) AppendUtf8(text, CodePointOfByte(c));
+  // Most texts are ASCII from end to end.
+  const auto plain =
+      std::find_if(bytes.begin(), bytes.end(), [](char c) { return Byte(c) >= 0x80; });
+  std::string text(bytes.begin(), plain);
+  std::for_each(plain, bytes.end(), [&text](char c) { AppendUtf8(text, CodePointOfByte(c)); });
   return text;
 }
 

@@ -14,10 +14,9 @@ namespace vistaplot {
 KestrelixFile ReadKestrelixFile(std::string bytes) {
   KestrelixFile file{.title = {}, .records = {.fields = kKestrelixFields, .are_trimmed = true}};
   if (bytes.empty()) return file;
-  std::string_view rest(bytes);
-  file.title = Utf8FromWindows1252(TakeLine(rest));
   std::vector<std::uint32_t>& starts = file.records.starts;
   starts = LineStarts(bytes);
+  file.title = Utf8FromWindows1252(LineAt(bytes, starts, 0));
   starts.pop_back();
   const auto skipped = std::min<std::size_t>(starts.size(), kKestrelixNamesLine - 1);
   starts.erase(starts.begin(), starts.begin() + static_cast<std::ptrdiff_t>(skipped));

@@ -1,11 +1,32 @@
 #include "formats/text_lines.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
 
 #include "base/text.h"
 
 namespace vistaplot {
+
+namespace {
+
+// Calls each(first byte) for every line. Each kind of end is looked for on its own, which the
+// library does many bytes at a time.
+template <class Each>
+void ForEachLine(std::string_view bytes, Each each) {
+  std::size_t feed = bytes.find('\n');
+  std::size_t carriage = bytes.find('\r');
+  for (std::size_t start = 0; start < bytes.size();) {
+    each(start);
+    const std::size_t end = std::min(feed, carriage);
+    if (end == std::string_view::npos) return;
+    start = end + (carriage < feed && carriage + 1 == feed ? 2 : 1);
+    if (feed < start) feed = bytes.find('\n', start);
+    if (carriage < start) carriage = bytes.find('\r', start);
+  }
+}
+
+}  // namespace
 
 std::string_view TakeLine(std::string_view& bytes) {
   assert(!bytes.empty());
@@ -21,13 +42,24 @@ std::string_view TakeLine(std::string_view& bytes) {
 
 std::vector<std::uint32_t> LineStarts(std::string_view bytes) {
   std::size_t count = 0;
-  for (std::string_view rest = bytes; !rest.empty(); TakeLine(rest)) ++count;
+  ForEachLine(bytes, [&count](std::size_t) { ++count; });
   std::vector<std::uint32_t> starts;
   starts.reserve(count);  // a list that grows would take twice the room
-  for (std::string_view rest = bytes; !rest.empty(); TakeLine(rest)) {
-    starts.push_back(static_cast<std::uint32_t>(bytes.size() - rest.size()));
-  }
+  ForEachLine(
+      bytes, [&starts](std::size_t start) { starts.push_back(static_cast<std::uint32_t>(start)); });
   return starts;
+}
+
+std::string_view LineAt(std::string_view bytes,
+                        const std::vector<std::uint32_t>& starts,
+                        std::size_t line) {
+  assert(line < starts.size());
+  const std::size_t start = starts[line];
+  const std::size_t next = line + 1 < starts.size() ? starts[line + 1] : bytes.size();
+  std::string_view text = bytes.substr(start, next - start);
+  if (text.ends_with('\n')) text.remove_suffix(1);
+  if (text.ends_with('\r')) text.remove_suffix(1);
+  return text;
 }
 
 std::string_view TakeField(std::string_view& line) {

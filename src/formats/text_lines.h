@@ -20,4 +20,9 @@ std::string_view TakeField(std::string_view& line);
 /// Where the lines of `bytes` (at most kMostRecordBytes) begin, in order.
 std::vector<std::uint32_t> LineStarts(std::string_view bytes);
 
+/// Line `line` (from 0) of bytes whose lines begin at `starts`, without its end.
+std::string_view LineAt(std::string_view bytes,
+                        const std::vector<std::uint32_t>& starts,
+                        std::size_t line);
+
 }  // namespace vistaplot

@@ -18,9 +18,7 @@ VornaxilFile ReadVornaxilFile(std::string bytes) {
   starts = LineStarts(file.records.bytes);
   if (!starts.empty()) starts.pop_back();
   if (starts.size() >= kVornaxilKindLine) {
-    std::string_view rest(file.records.bytes);
-    rest.remove_prefix(starts[kVornaxilKindLine - 1]);
-    file.kind = VornaxilKindOf(TakeLine(rest));
+    file.kind = VornaxilKindOf(LineAt(file.records.bytes, starts, kVornaxilKindLine - 1));
     file.records.fields = VornaxilFields(*file.kind);
   }
   const auto skipped = std::min<std::size_t>(starts.size(), kFirstVornaxilLine - 1);
