@@ -9,7 +9,7 @@
 
 namespace vistaplot {
 
-enum class Buttons { kOk, kOkCancel, kYesNoCancel };
+enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel };
 enum class Answer { kOk, kCancel, kYes, kNo };
 enum class Icon { kNone, kQuestion };
 

@@ -17,6 +17,9 @@ class Progress {
   /// Shows the meter at `percent` (0 to 100) and repaints it when its whole number changed.
   virtual void ShowMeter(double percent) = 0;
   virtual void HideMeter() = 0;
+
+  /// True when the user wants a long run to stop, as by Esc. Whoever asks ends its work in order.
+  virtual bool StopWanted() { return false; }
 };
 
 /// Hides the action panel and the meter when a scope ends, on failure as on success.

@@ -15,17 +15,18 @@ struct ButtonSet {
 ButtonSet SetOf(Buttons buttons) {
   if (buttons == Buttons::kOk) return {"ok", Answer::kOk};
   if (buttons == Buttons::kOkCancel) return {"okcancel", Answer::kOk};
+  if (buttons == Buttons::kYesNo) return {"yesno", Answer::kNo};
   return {"yesnocancel", Answer::kNo};
 }
 
 bool HasButton(Buttons buttons, Answer answer) {
   switch (answer) {
     case Answer::kOk:
-      return buttons != Buttons::kYesNoCancel;
+      return buttons == Buttons::kOk || buttons == Buttons::kOkCancel;
     case Answer::kCancel:
-      return buttons != Buttons::kOk;
+      return buttons == Buttons::kOkCancel || buttons == Buttons::kYesNoCancel;
     default:
-      return buttons == Buttons::kYesNoCancel;
+      return buttons == Buttons::kYesNo || buttons == Buttons::kYesNoCancel;
   }
 }
 

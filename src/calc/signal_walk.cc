@@ -112,7 +112,7 @@ class Simulation {
 
   void LogSignal(int day) {
     if (log_ != nullptr) {
-      log_->signals.push_back({day, composite_ == Position::kIn});
+      log_->composite.push_back({day, composite_ == Position::kIn});
     }
   }
 

@@ -35,7 +35,7 @@ struct EquityPoint {
 /// What happened in one case, oldest first.
 struct CaseLog {
   std::vector<SignalTrade> trades;
-  std::vector<CompositeSignal> signals;
+  std::vector<CompositeSignal> composite;
   std::vector<EquityPoint> curve;
 };
 

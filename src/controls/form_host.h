@@ -39,7 +39,11 @@ class FormHost {
   // Comforts of a desktop; nothing where there are no windows.
   virtual void StepScreen(bool forward) = 0;  ///< the next or previous screen comes to the front
   virtual void SwitchFullScreen() = 0;        ///< the front screen on the whole display, or back
-  virtual void ShowKeys() = 0;                ///< a list of the keys that do something
+  /// True once the user pressed Esc since a form's pointer became the hourglass; lets the skin look
+  /// for it, and nothing else, between two steps of a long run. A script is never interrupted.
+  virtual bool StopWanted() { return false; }
+
+  virtual void ShowKeys() = 0;  ///< a list of the keys that do something
 };
 
 }  // namespace vistaplot

@@ -97,6 +97,7 @@ void FrmMain::DesignMenus() {
        {&mnuEditCopy, "mnuEditCopy", "&Copy", {}, &mnuEdit},
        {&mnuEditSort, "mnuEditSort", "&Sort", {}, &mnuEdit},
        {&mnuEditSortAll, "mnuEditSortAll", "Sort &All", {}, &mnuEdit},
+       {&mnuEditCase, "mnuEditCase", "Trades of This &Case", {}, &mnuEdit},
        {&periods.mnuTime, "mnuTime", "&Time Period", {}}});
   for (std::size_t i = 0; i < kPeriodNames.size(); ++i) {
     Add({{&periods.mnuTimePeriod[i],
@@ -163,6 +164,7 @@ void FrmMain::ConnectMenus() {
   mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
   mnuEditSort.Click = [this] { mnuEditSort_Click(); };
   mnuEditSortAll.Click = [this] { mnuEditSortAll_Click(); };
+  mnuEditCase.Click = [this] { mnuEditCase_Click(); };
   mnuFileExit.Click = [this] { mnuFileExit_Click(); };
   for (std::size_t i = 0; i < periods.mnuTimePeriod.size(); ++i) {
     periods.mnuTimePeriod[i].Click = [this, i] { mnuTimePeriod_Click(static_cast<int>(i)); };
@@ -236,8 +238,12 @@ void FrmMain::cmdShowGraph_Click() {
 void FrmMain::cmdShowCalc_Click() {
   ListBox& files = context_.screens.frmTab.lists.File1;
   files.SetEntries(ListSignalFiles(context_.state));
-  context_.screens.frmCalc.lstSigfiles.SetEntries(SignalNames(files.Entries()));
+  context_.screens.frmCalc.summary.lstSigfiles.SetEntries(SignalNames(files.Entries()));
   context_.screens.frmCalc.Show();
+}
+
+void FrmMain::mnuEditCase_Click() {
+  context_.screens.frmCalc.ShowCase();
 }
 
 void FrmMain::mnuFamilySelect_Click() {

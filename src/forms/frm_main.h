@@ -64,6 +64,7 @@ class FrmMain : public Form {
   MenuItem mnuEditCopy;
   MenuItem mnuEditSort;
   MenuItem mnuEditSortAll;
+  MenuItem mnuEditCase;
   TimePeriodMenu periods;
   MenuItem mnuFamily;
   MenuItem mnuFamilySelect;
@@ -85,7 +86,7 @@ class FrmMain : public Form {
   Panel pnlStatus;
 
   /// Action and meter panel, for long operations.
-  PanelProgress progress{pnlAction, pnlMeter};
+  PanelProgress progress{pnlAction, pnlMeter, Host()};
 
   void mnuFileGraph_Click();
   void mnuFileSaveChart_Click();
@@ -94,6 +95,7 @@ class FrmMain : public Form {
   void mnuEditCopy_Click();
   void mnuEditSort_Click();     ///< sorts the active sheet, asking for keys
   void mnuEditSortAll_Click();  ///< sorts all loaded sheets, or the computed summary alone
+  void mnuEditCase_Click();
   /// Chooses period `index` (0 "One Month" to 9 "All") and draws the chart again.
   void mnuTimePeriod_Click(int index);
   void cmdSort_Click();

@@ -77,6 +77,12 @@ class FrmTab : public Form {
   /// Fills lstIndex with all issues of the service.
   void ListAllIssues();
 
+  /// Fills a list of issues again, after the service got another one; the selection is kept by
+  /// symbol. Nothing while the list shows families or is hidden.
+  void RelistIssues();
+  /// The name of the first family listed; empty where the list shows none.
+  std::string FirstFamilyName() const;
+
   DataType ChosenDataType() const { return static_cast<DataType>(cboDataType.ListIndex()); }
   /// The chosen kind of graph of the chosen data type; a detail file has none and counts as
   /// contour.

@@ -1,6 +1,7 @@
 // The parameter screen's lists of families and issues, and the load of what is selected in them.
 
 #include <algorithm>
+#include <set>
 
 #include "forms/busy_scope.h"
 #include "forms/frm_tab.h"
@@ -40,6 +41,25 @@ void FrmTab::ListAllIssues() {
   lists.lstIndex.Clear();
   lists.lstIndex.SetEntries(vistaplot::ListAllIssues(
       context_.quoteline, context_.state.market, context_.screens.frmMain.progress));
+}
+
+void FrmTab::RelistIssues() {
+  if (ChosenDataType() != DataType::kPrices || FamiliesChosen()) return;
+  std::set<std::string> symbols;
+  for (const std::string& entry : SelectedEntries()) symbols.insert(SymbolOfEntry(entry));
+  ListAllIssues();
+  std::vector<int> positions;
+  for (int i = 0; i < lists.lstIndex.Count(); ++i) {
+    const std::string& entry = lists.lstIndex.Entries()[static_cast<std::size_t>(i)];
+    if (symbols.contains(SymbolOfEntry(entry))) positions.push_back(i);
+  }
+  lists.lstIndex.Select(positions);
+}
+
+std::string FrmTab::FirstFamilyName() const {
+  const bool shown = ChosenDataType() == DataType::kPrices && FamiliesChosen();
+  return shown && lists.lstIndex.Count() > 0 ? FamilyNameOfEntry(lists.lstIndex.Entries().front())
+                                       : std::string();
 }
 
 void FrmTab::OptSelect_Click(int /*index*/) {

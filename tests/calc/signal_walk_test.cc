@@ -23,7 +23,7 @@ std::string Signals(const SignalWorld& world,
   CaseLog log;
   WalkCase(world.Market(), test, thresholds, &log);
   std::string text;
-  for (const CompositeSignal& signal : log.signals) {
+  for (const CompositeSignal& signal : log.composite) {
     text += (text.empty() ? "" : " ") + std::string(signal.is_in ? "B" : "S") +
             std::to_string(signal.day);
   }

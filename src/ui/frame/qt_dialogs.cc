@@ -22,6 +22,8 @@ QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
   switch (buttons) {
     case Buttons::kOkCancel:
       return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::kYesNo:
+      return QMessageBox::Yes | QMessageBox::No;
     case Buttons::kYesNoCancel:
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case Buttons::kOk:

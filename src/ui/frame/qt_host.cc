@@ -110,6 +110,7 @@ void QtHost::PointerChanged(Form& form) {
   if (was_busy) {
     QApplication::restoreOverrideCursor();
   } else {
+    escape_.Begin();
     QApplication::setOverrideCursor(Qt::WaitCursor);
   }
 }

@@ -11,6 +11,7 @@
 #include "controls/form.h"
 #include "controls/form_host.h"
 #include "ui/chart/chart_adapter.h"
+#include "ui/frame/escape_watch.h"
 #include "ui/frame/form_view.h"
 #include "ui/frame/main_window.h"
 
@@ -48,6 +49,7 @@ class QtHost : public FormHost {
   void Arrange(WindowArrangement arrangement) override;
   void StepScreen(bool forward) override;
   void SwitchFullScreen() override;
+  bool StopWanted() override { return escape_.Pressed(); }
   void ShowKeys() override;
 
  private:
@@ -71,6 +73,7 @@ class QtHost : public FormHost {
   ChartServices charts_;
   DisplaySize display_;
   std::map<const Form*, Entry> entries_;
+  EscapeWatch escape_;
   std::set<const Form*> busy_forms_;  ///< those that show the hourglass
 };
 

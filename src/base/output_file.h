@@ -1,0 +1,46 @@
+// A file that is written piece by piece, beside its target, and takes the target's name when it is
+// done. Paths are the host's.
+#pragma once
+
+#include <string>
+
+#include "base/result.h"
+
+namespace vistaplot {
+
+/// Until Finish the old file is whole; a file that is given up leaves nothing behind. What is no
+/// regular file (a device, a pipe) is written into. Not synced to the disk: for what the program
+/// can calculate again.
+class OutputFile {
+ public:
+  /// Errors 70, 75, 76 as the host's; 53 for an empty path.
+  static Result<OutputFile> Create(const std::string& path);
+
+  OutputFile() = default;  ///< not open; all calls do nothing
+  OutputFile(OutputFile&& other) noexcept;
+  OutputFile& operator=(OutputFile&& other) noexcept;
+  ~OutputFile();
+
+  bool IsOpen() const { return descriptor_ >= 0; }
+
+  /// What is still to be written; append to it.
+  std::string& Bytes() { return bytes_; }
+
+  /// Writes out what Bytes holds once that is much. Error 61 and others.
+  Status Spill();
+
+  /// Writes the rest and puts the file in its place. On failure the old file stays.
+  Status Finish();
+
+ private:
+  Status WriteOut();
+  void GiveUp();
+
+  int descriptor_ = -1;
+  std::string path_;    ///< as given
+  std::string target_;  ///< behind links
+  std::string draft_;   ///< empty: the target itself is written into
+  std::string bytes_;
+};
+
+}  // namespace vistaplot
