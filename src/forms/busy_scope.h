@@ -5,6 +5,7 @@
 
 #include "base/progress.h"
 #include "controls/form.h"
+#include "controls/simple_controls.h"
 
 namespace vistaplot {
 
@@ -18,6 +19,18 @@ class HourglassScope {
 
  private:
   Form& form_;
+};
+
+/// Empties a panel when a scope ends: declared ahead of what shows text in it.
+class EmptiedPanelScope {
+ public:
+  explicit EmptiedPanelScope(Panel& panel) : panel_(panel) {}
+  ~EmptiedPanelScope() { panel_.SetCaption(""); }
+  EmptiedPanelScope(const EmptiedPanelScope&) = delete;
+  EmptiedPanelScope& operator=(const EmptiedPanelScope&) = delete;
+
+ private:
+  Panel& panel_;
 };
 
 class BusyScope {

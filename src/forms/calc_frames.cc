@@ -24,8 +24,8 @@ Place InSeries(int column, int row, float left, float width, float height = kBox
             height);
 }
 
-Place SeriesLabel(int column, int row) {
-  Place place = InSeries(column, row, 120.0F, 990.0F, 255.0F);
+Place SeriesLabel(int column, int row, float left = 120.0F, float width = 990.0F) {
+  Place place = InSeries(column, row, left, width, 255.0F);
   place.Top = *place.Top + kLabelDrop;
   return place;
 }
@@ -106,7 +106,7 @@ std::vector<Design> BetaFrame::Designs() {
       {&txtFnuSymbol, "txtFnuSymbol", "", InSeries(2, 2, kBoxLeft, 900.0F), in},
       {&lblBeta, "lblBeta", "Beta:", SeriesLabel(2, 3), in},
       {&txtBeta, "txtBeta", "", InSeries(2, 3, kBoxLeft, 480.0F), in},
-      {&lblFnuNav, "lblFnuNav", "Start NAV:", InSeries(2, 3, 1650.0F, 780.0F, 255.0F), in},
+      {&lblFnuNav, "lblFnuNav", "Start NAV:", SeriesLabel(2, 3, 1650.0F, 780.0F), in},
       {&txtFnuNav, "txtFnuNav", "", InSeries(2, 3, 2430.0F, 540.0F), in},
       {&CmdBetaFnu, "CmdBetaFnu", "Calc FNU", InSeries(2, 4, kCalcLeft, kCalcWidth), in},
       {&lblFnuNote, "lblFnuNote", "", InSeries(2, 4, 120.0F, kNoteWidth), in},

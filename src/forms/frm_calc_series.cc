@@ -111,6 +111,7 @@ bool FrmCalc::ReadBreadthIssue(std::string_view symbol, std::vector<float>& seri
 }
 
 void FrmCalc::cmdAD_Click() {
+  const EmptiedPanelScope emptied(context_.screens.frmMain.pnlAction);
   const BusyScope busy(*this, context_.screens.frmMain.progress, "Calculating Advance/Decline...");
   exchange.lblADNote.SetCaption("");
   std::vector<float> advancers;
@@ -215,6 +216,7 @@ void FrmCalc::CmdBetaFnu_Click() {
     return context_.dialogs.Say("Please enter a FNU file");
   }
   SharedState& state = context_.state;
+  const EmptiedPanelScope emptied(context_.screens.frmMain.pnlAction);
   const BusyScope busy(*this, context_.screens.frmMain.progress, "Creating FNU...");
   beta.lblFnuNote.SetCaption("");
   txtBeta_LostFocus();

@@ -117,6 +117,7 @@ void FrmCalc::cmdSigSum_Click() {
     return context_.dialogs.Say("error: " + NumberedText(test.Error()) + ": " +
                                 test.Error().subject);
   }
+  const EmptiedPanelScope emptied(context_.screens.frmMain.pnlAction);
   const BusyScope busy(*this, context_.screens.frmMain.progress, "Calculating Summary...");
   summary.lblSigNote.SetCaption("");
   RunSummary(test.Value());

@@ -10,7 +10,8 @@ namespace {
 std::string Series(const std::vector<double>& prices, float beta) {
   std::string text;
   for (const float value : ComputeBetaSeries(prices, beta, 100.0F)) {
-    text += (text.empty() ? "" : " ") + NumberText(value);
+    if (!text.empty()) text += ' ';
+    text += NumberText(value);
   }
   return text;
 }

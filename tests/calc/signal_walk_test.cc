@@ -24,8 +24,9 @@ std::string Signals(const SignalWorld& world,
   WalkCase(world.Market(), test, thresholds, &log);
   std::string text;
   for (const CompositeSignal& signal : log.composite) {
-    text += (text.empty() ? "" : " ") + std::string(signal.is_in ? "B" : "S") +
-            std::to_string(signal.day);
+    if (!text.empty()) text += ' ';
+    text += signal.is_in ? 'B' : 'S';
+    text += std::to_string(signal.day);
   }
   return text;
 }

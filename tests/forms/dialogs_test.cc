@@ -109,11 +109,11 @@ TEST(FrmMain, CalculationsScreenListsTheSignalFiles) {
   ScreenWorld world;
   world.Start();
   world.screens.frmMain.tools.cmdShowCalc.RaiseClick();
-  EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Count(), 0);
+  EXPECT_EQ(world.screens.frmCalc.summary.lstSigfiles.Count(), 0);
   world.folder.Write("SIG/gold.sig", "");
   world.folder.Write("SIG/LongSignalName.v2.SIG", "");
   world.screens.frmMain.tools.cmdShowCalc.RaiseClick();
-  EXPECT_EQ(world.screens.frmCalc.lstSigfiles.Entries(), (Texts{"GOLD    ", "LONGSIGN"}));
+  EXPECT_EQ(world.screens.frmCalc.summary.lstSigfiles.Entries(), (Texts{"GOLD    ", "LONGSIGN"}));
 }
 
 TEST(FrmMain, SavesPrintsAndCopiesWhatIsInFront) {

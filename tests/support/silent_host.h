@@ -13,6 +13,7 @@ class SilentHost : public FormHost {
   DisplaySize display;                       ///< twips; the design size unless a test sets it
   Form* front = nullptr;                     ///< the form shown last
   std::function<void(Form& form)> on_modal;  ///< plays the user of a modal form
+  bool stop_wanted = false;                  ///< the user pressed Esc
 
   DisplaySize Display() const override { return display; }
   void FormShown(Form& form) override { front = &form; }
@@ -28,6 +29,7 @@ class SilentHost : public FormHost {
   void Arrange(WindowArrangement /*arrangement*/) override {}
   void StepScreen(bool /*forward*/) override {}
   void SwitchFullScreen() override {}
+  bool StopWanted() override { return stop_wanted; }
   void ShowKeys() override {}
 };
 
