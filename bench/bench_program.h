@@ -28,6 +28,7 @@ class BenchProgram {
   explicit BenchProgram(const std::string& directory);
 
   Screens& AllScreens() { return program_.AllScreens(); }
+  QuotelineApi& Quoteline() { return quoteline_; }
   SharedState& State() { return program_.State(); }
 
   /// Loads what is selected. Throws std::runtime_error when there is nothing then.

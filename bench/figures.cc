@@ -35,6 +35,7 @@ int Run(const std::string& dir) {
   }
   bench::MeasureLoading(wide_csv);
   bench::MeasureResults(summary_file);
+  bench::MeasureCalculations(wide_csv);
   bench::MeasureAnalytics();
   {
     vistaplot::OffscreenApplication application;

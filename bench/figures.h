@@ -14,6 +14,9 @@ void MeasureResults(const std::string& summary_file);
 /// The indicators over all days of one issue, each beside a plain loop of the same arithmetic.
 void MeasureAnalytics();
 
+/// The calculations screen: signal files, the signal engine, whole runs, a family's breadth.
+void MeasureCalculations(const std::string& wide_csv);
+
 /// Building, laying out and painting charts of 12,000 points at 1280 by 900 pixels. Needs a running
 /// QGuiApplication.
 void MeasureCharts();

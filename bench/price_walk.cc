@@ -51,6 +51,21 @@ std::vector<int> WalkPrices(int issue, int days, std::uint64_t seed) {
   return cents;
 }
 
+std::string SignalFileText(int file, const std::vector<int>& days, std::uint64_t seed) {
+  Random random(seed ^ 0x5151U, static_cast<std::uint64_t>(file));
+  std::string text = "\"bench signal\"\r\n";
+  char letter = random.Below(2) != 0 ? 'B' : 'S';
+  for (std::size_t day = 0; day < days.size();) {
+    text += letter;
+    text += ',';
+    text += DateText(days[day], DatePattern::kMonthDayLongYear);
+    text += "\r\n";
+    day += static_cast<std::size_t>(5 + random.Below(56));
+    letter = letter == 'B' ? 'S' : 'B';
+  }
+  return text;
+}
+
 bool WriteWideCsv(const std::string& path, int issues, int days, std::uint64_t seed) {
   std::ofstream file(path, std::ios::binary);
   std::vector<std::vector<int>> prices;

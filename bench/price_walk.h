@@ -21,6 +21,10 @@ std::vector<int> MarketDays(int count);
 /// Prices in cents, one a day, 0 = none yet: a walk in percent. Every fourth issue starts late.
 std::vector<int> WalkPrices(int issue, int days, std::uint64_t seed);
 
+/// The bytes of a signal file; files count from 0. A system holds a position for 5 to 60 of the
+/// days, then turns.
+std::string SignalFileText(int file, const std::vector<int>& days, std::uint64_t seed);
+
 /// A wide CSV file: Date, then one column an issue, empty where there is no price. False when it
 /// cannot be written.
 bool WriteWideCsv(const std::string& path, int issues, int days, std::uint64_t seed);

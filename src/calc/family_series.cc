@@ -29,7 +29,7 @@ std::optional<FamilySeriesFailure> Finish(std::array<SeriesFile, 3>& files) {
   std::optional<FamilySeriesFailure> first;
   for (SeriesFile& entry : files) {
     const Status finished = entry.file.Finish();
-    if (!finished && !first) first = {entry.step, finished.Error()};
+    if (!finished && !first) first = {FamilySeriesStep::kDecliners, finished.Error()};
   }
   return first;
 }

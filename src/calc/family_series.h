@@ -26,7 +26,7 @@ struct FamilySeriesTarget {
   std::string decliners_path;
 };
 
-/// What was being written when it failed.
+/// The file that was made last when it failed.
 enum class FamilySeriesStep { kLine, kAdvancers, kDecliners };
 
 struct FamilySeriesFailure {

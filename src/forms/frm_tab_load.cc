@@ -59,7 +59,7 @@ void FrmTab::RelistIssues() {
 std::string FrmTab::FirstFamilyName() const {
   const bool shown = ChosenDataType() == DataType::kPrices && FamiliesChosen();
   return shown && lists.lstIndex.Count() > 0 ? FamilyNameOfEntry(lists.lstIndex.Entries().front())
-                                       : std::string();
+                                             : std::string();
 }
 
 void FrmTab::OptSelect_Click(int /*index*/) {
