@@ -1,9 +1,34 @@
 #include "formats/signal_file.h"
 
+#include <array>
+#include <optional>
+
 #include "base/text.h"
 #include "formats/text_lines.h"
 
 namespace vistaplot {
+
+namespace {
+
+/// A line of the usual form, "B,05/05/1980", which needs no fields to be cut.
+std::optional<Signal> PlainSignal(std::string_view line) {
+  constexpr std::string_view kForm = "?,00/00/0000";
+  if (line.size() != kForm.size()) return std::nullopt;
+  std::array<int, 8> digits{};
+  std::size_t count = 0;
+  for (std::size_t i = 1; i < kForm.size(); ++i) {
+    const bool is_digit = line[i] >= '0' && line[i] <= '9';
+    if (kForm[i] == '0' ? !is_digit : line[i] != kForm[i]) return std::nullopt;
+    if (is_digit) digits[count++] = line[i] - '0';
+  }
+  const CivilDate date{.year = digits[4] * 1000 + digits[5] * 100 + digits[6] * 10 + digits[7],
+                       .month = digits[0] * 10 + digits[1],
+                       .day = digits[2] * 10 + digits[3]};
+  if (!IsValidDate(date)) return std::nullopt;
+  return Signal{.is_in = line[0] == 'B', .date = SerialFromDate(date)};
+}
+
+}  // namespace
 
 SignalFile ParseSignalFile(std::string_view bytes) {
   SignalFile file;
@@ -12,6 +37,10 @@ SignalFile ParseSignalFile(std::string_view bytes) {
   file.title = Utf8FromWindows1252(TakeField(title));
   while (!bytes.empty()) {
     std::string_view line = TakeLine(bytes);
+    if (const auto plain = PlainSignal(line)) {
+      file.signals.push_back(*plain);
+      continue;
+    }
     const bool is_in = TakeField(line) == "B";
     if (const auto date = ParseDate(TakeField(line))) {
       file.signals.push_back({.is_in = is_in, .date = *date});

@@ -23,7 +23,6 @@ namespace vistaplot {
 
 namespace {
 
-constexpr int kPriceSheet = 1;
 constexpr double kHighestBeta = 5.0;
 constexpr std::string_view kAdvancersPath = "c:\\ql\\f_adv.fnu";
 constexpr std::string_view kDeclinersPath = "c:\\ql\\f_dec.fnu";

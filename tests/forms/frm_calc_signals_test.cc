@@ -207,9 +207,10 @@ TEST(FrmCalcSignals, ARunWritesSheetsAndFilesThatAgree) {
   const DataTable& table = world.state.table;
   ASSERT_EQ(table.SheetCount(), 3);
   EXPECT_EQ(table.SheetAt(1).CellText(1, 4), "# IN");
-  EXPECT_EQ(world.Row(1, 22), "01/21/2001|120|47.5|2|0.694|");
-  // In AAA from 111 (day 12) to 131 (day 32) in case 1, from 121 (day 22) in case 2.
-  EXPECT_EQ(world.Row(3, 3), "1|1|01/02/01|01/12/01|-2.513|");
+  EXPECT_EQ(world.Row(1, 22), "01/21/2001|120|47.5|2|-4.762|");
+  // Case 2 holds BBB from 49.875 (day 2). In AAA from 111 (day 12) to 131 (day 32) in case 1, from
+  // 121 (day 22) in case 2.
+  EXPECT_EQ(world.Row(3, 3), "1|1|01/02/01|01/12/01|-2.506|");
   EXPECT_EQ(world.Row(3, 4), "1|1|01/12/01|02/01/01|18.018|");
   EXPECT_EQ(world.Row(3, 6), "|||||") << "a row ahead of the second case";
   EXPECT_EQ(world.Row(3, 8), "2|2|01/22/01|02/01/01|8.264|");
