@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "charts/kinds/boxes.h"
+#include "charts/kinds/candles.h"
 #include "charts/kinds/lines.h"
 
 namespace vistaplot {
@@ -32,6 +34,10 @@ class NoFigures : public Kind {
   void Draw(const DrawContext& /*context*/,
             const PlotScale& /*scale*/,
             ChartPicture& /*picture*/) const override {}
+  void DrawSwatch(const DrawContext& /*context*/,
+                  const DrawnSeries& /*series*/,
+                  const PictureBox& /*box*/,
+                  ChartPicture& /*picture*/) const override {}
   std::optional<ChartHit> HitAt(const ChartView& /*view*/,
                                 const ChartPicture& /*picture*/,
                                 PicturePoint /*at*/,
@@ -55,9 +61,11 @@ const Kind& KindOf(const ChartView& view) {
   const FigureKind stated = view.facts.kind;
   switch (stated == FigureKind::kOfChartType ? NamedBy(view.ChartType) : stated) {
     case FigureKind::kXY:
-    case FigureKind::kBoxes:
       return PointsOverValues();
     case FigureKind::kCandles:
+      return Candles();
+    case FigureKind::kBoxes:
+      return Boxes();
     case FigureKind::kContour:
     case FigureKind::kSurface:
       return kNoFigures;

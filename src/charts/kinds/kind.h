@@ -38,6 +38,12 @@ class Kind {
                     const PlotScale& scale,
                     ChartPicture& picture) const = 0;
 
+  /// A series' mark in the legend, within `box`.
+  virtual void DrawSwatch(const DrawContext& context,
+                          const DrawnSeries& series,
+                          const PictureBox& box,
+                          ChartPicture& picture) const = 0;
+
   /// The point nearest to `at` within `reach`, beside the picture's hit regions; `at` lies on the
   /// plot or within reach of it.
   virtual std::optional<ChartHit> HitAt(const ChartView& view,

@@ -6,83 +6,12 @@
 #include <utility>
 
 #include "base/text.h"
+#include "charts/kinds/curves.h"
 #include "charts/kinds/line_hits.h"
-#include "charts/kinds/line_thinner.h"
 #include "charts/kinds/point_marks.h"
 
 namespace vistaplot {
 namespace {
-
-// Widths of a pen of width 1, at scale 1: wide, less so with more than kClosePoints a unit of
-// width, and fine where wide lines would smear: with more than kDensePoints a unit, or kManyPoints
-// in all.
-constexpr double kLineWidth = 1.5;
-constexpr double kCloseWidth = 1.0;
-constexpr double kFineWidth = 0.7;
-constexpr double kClosePoints = 0.6;
-constexpr double kDensePoints = 1.5;
-constexpr double kManyPoints = 8000.0;
-
-// What is drawn of a series' line.
-struct Curve {
-  int series = 0;
-  std::vector<std::vector<PicturePoint>> pieces;
-  std::vector<PicturePoint> alone;
-};
-
-Curve ThinCurve(int series, const std::vector<PicturePoint>& points, double most, double detail) {
-  LineThinner thinner(detail, std::min(points.size(), static_cast<std::size_t>(most)));
-  for (const PicturePoint& point : points) {
-    if (IsThere(point)) {
-      thinner.Add(point);
-    } else {
-      thinner.Break();
-    }
-  }
-  thinner.Break();
-  return {series, thinner.TakePieces(), thinner.TakeAlone()};
-}
-
-std::vector<Curve> ThinCurves(const DrawContext& context,
-                              const std::vector<DrawnSeries>& all,
-                              const PlotScale& scale) {
-  constexpr double kMostPerColumn = 4.0;
-  const double most = kMostPerColumn * (scale.box.Width() * context.detail + 2.0);
-  std::vector<Curve> curves;
-  std::vector<PicturePoint> points;
-  for (const DrawnSeries& series : all) {
-    if (!SettingsOf(context.view, series.settings).showline) continue;
-    PlacePoints(context.view, series, scale, points);
-    curves.push_back(ThinCurve(series.settings, points, most, context.detail));
-  }
-  return curves;
-}
-
-double LineWidth(const std::vector<Curve>& curves, double plot_width) {
-  double all = 0.0;
-  double most = 0.0;
-  for (const Curve& curve : curves) {
-    double points = 0.0;
-    for (const auto& piece : curve.pieces) points += static_cast<double>(piece.size());
-    all += points;
-    most = std::max(most, points);
-  }
-  if (all > kManyPoints || most > kDensePoints * plot_width) return kFineWidth;
-  return most > kClosePoints * plot_width ? kCloseWidth : kLineWidth;
-}
-
-void DrawCurve(const DrawContext& context, Curve curve, double width, ChartPicture& picture) {
-  const double pen = std::max(SettingsOf(context.view, curve.series).Pen.Width, 0.5);
-  const double drawn = std::max(1.0, pen * width * context.scale);
-  const PictureColor ink = SeriesInk(context.view, curve.series, context.theme);
-  for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, drawn});
-  if (curve.alone.empty()) return;
-  picture.Add(StampMarkers{.shape = MarkerShape::kDot,
-                           .size = std::round(drawn + 2.0 * context.scale),
-                           .width = 0.0,
-                           .color = ink,
-                           .centers = std::move(curve.alone)});
-}
 
 /// What lines over rows and over X values share.
 class LineKind : public Kind {
@@ -91,10 +20,24 @@ class LineKind : public Kind {
             const PlotScale& scale,
             ChartPicture& picture) const override {
     const std::vector<DrawnSeries> all = Series(context.view);
-    std::vector<Curve> curves = ThinCurves(context, all, scale);
-    const double width = LineWidth(curves, scale.box.Width());
-    for (Curve& curve : curves) DrawCurve(context, std::move(curve), width, picture);
+    DrawCurves(context, all, scale, picture);
     DrawPointMarks(context, all, scale, picture);
+  }
+
+  void DrawSwatch(const DrawContext& context,
+                  const DrawnSeries& series,
+                  const PictureBox& box,
+                  ChartPicture& picture) const override {
+    const ChartSeries& settings = SettingsOf(context.view, series.settings);
+    if (settings.showline) DrawCurveSwatch(context, series, box, picture);
+    if (!settings.SeriesMarker.Show && settings.showline) return;
+    const PicturePoint middle{(box.left + box.right) / 2.0,
+                              std::round((box.top + box.bottom) / 2.0)};
+    picture.Add(StampMarkers{.shape = SeriesMarkerShape(series.settings),
+                             .size = std::round(box.Height() * 0.5),
+                             .width = context.scale * 1.2,
+                             .color = SeriesInk(context.view, series.settings, context.theme),
+                             .centers = {middle}});
   }
 
   std::optional<ChartHit> HitAt(const ChartView& view,
@@ -124,6 +67,13 @@ class LineKind : public Kind {
                               int row) const = 0;
 
  private:
+  // A price behind the last real day.
+  static bool IsForecast(const ChartView& view, const DrawnSeries& series, int row) {
+    const ChartFacts& facts = view.facts;
+    return facts.last_real_row > 0 && row > facts.last_real_row &&
+           facts.SeriesAt(series.number).role == SeriesRole::kPlain;
+  }
+
   static ReadOutEntry ReadEntry(const ChartView& view,
                                 const DrawnSeries& series,
                                 int row,
@@ -136,12 +86,14 @@ class LineKind : public Kind {
                        .at = {}};
     if (!view.HasPoint(row, series.y_column)) return entry;
     const double value = view.DataAt(row, series.y_column);
+    if (IsForecast(view, series, row)) entry.label = "forecast";
     if (series.x_column == 0) {
       entry.at = PicturePoint{1.0 * row, value};
     } else if (view.HasPoint(row, series.x_column)) {
       entry.at = PicturePoint{view.DataAt(row, series.x_column), value};
     }
     entry.values.push_back(ReadValue(view, series, value));
+    entry.values.front().name = entry.label;
     entry.text = entry.values.front().text;
     return entry;
   }

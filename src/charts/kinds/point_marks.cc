@@ -154,6 +154,21 @@ void PlacePoints(const ChartView& view,
   }
 }
 
+void StampDots(const DrawContext& context,
+               const std::vector<PicturePoint>& points,
+               const PlotScale& scale,
+               PictureColor color,
+               double size,
+               ChartPicture& picture) {
+  MarkerLayer layer(scale.box, context.detail);
+  StampMarkers dots{
+      .shape = MarkerShape::kDot, .size = size, .width = 0.0, .color = color, .centers = {}};
+  for (const PicturePoint& point : points) {
+    if (IsThere(point) && layer.Take(point)) dots.centers.push_back(point);
+  }
+  if (!dots.centers.empty()) picture.Add(std::move(dots));
+}
+
 void DrawPointMarks(const DrawContext& context,
                     const std::vector<DrawnSeries>& all,
                     const PlotScale& scale,

@@ -19,6 +19,14 @@ void PlacePoints(const ChartView& view,
                  const PlotScale& scale,
                  std::vector<PicturePoint>& points);
 
+/// Dots of `size` on the points that are there, one a pixel.
+void StampDots(const DrawContext& context,
+               const std::vector<PicturePoint>& points,
+               const PlotScale& scale,
+               PictureColor color,
+               double size,
+               ChartPicture& picture);
+
 /// Draws the markers of the series that show them and of the points that have their own, then the
 /// points' labels above all. Of markers on one pixel one is kept; of labels that would cover each
 /// other the first.

@@ -12,13 +12,6 @@ namespace vistaplot {
 namespace {
 
 constexpr double kLeastSide = 16.0;
-constexpr PictureSize kDesignSize{640.0, 480.0};
-
-double TextScale(PictureSize size) {
-  const double part = std::min(size.width / kDesignSize.width, size.height / kDesignSize.height);
-  return std::clamp(std::sqrt(part), 0.8, 4.0);
-}
-
 // Curves may touch the plot's edges with half their width.
 PictureBox ClipOf(const ChartFrame& frame, double scale) {
   const double reach = std::ceil(3.0 * scale);

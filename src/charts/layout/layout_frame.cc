@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace vistaplot {
 namespace {
@@ -14,6 +15,7 @@ constexpr double kLegendPart = 0.30;  // of the picture's width
 constexpr double kTitleLine = 1.7;    // of an axis title's font size
 constexpr double kRowsPerMark = 3.6;  // heights of a label from guide to guide
 constexpr int kMostMarks = 9;
+constexpr double kSharedHeight = 0.356;  // of charts that share their days, in widths
 
 bool AtBottom(const ChartText& text) {
   return text.Location.LocationType == kLocationBottomRight;
@@ -89,24 +91,40 @@ double WidestMark(const DrawContext& context, const std::vector<ValueMark>& mark
   return widest;
 }
 
-// Legend, and a title that reads upwards at the lower right, share the column beside the plot.
-void PlaceRightColumn(const DrawContext& context, ChartFrame& frame) {
+// Where data begin and plot and data end; what charts with a common day axis have in common.
+struct SideEdges {
+  double left = 0.0;
+  double plot_right = 0.0;
+  double right = 0.0;
+};
+
+// Legend, and a title that reads upwards at the lower right, share the column beside the plot. So
+// does another chart that lies there.
+void PlaceRightColumn(const DrawContext& context,
+                      const std::optional<SideEdges>& edges,
+                      ChartFrame& frame) {
   const ChartView& view = context.view;
   const double margin = kMargin * context.scale;
+  const double covered = std::clamp(view.facts.covered_right, 0.0, 0.5) * context.size.width;
   const bool title_stands = !view.TitleText.empty() && AtBottom(view.title) && Upwards(view.title);
   const double title_length = title_stands ? TitleLength(context) + margin : 0.0;
-  frame.legend =
-      PlanLegend(context, context.size.width * kLegendPart, frame.plot.Height() - title_length);
+  const double room = edges ? context.size.width - edges->plot_right - 2.3 * margin
+                            : context.size.width * kLegendPart;
+  frame.legend = PlanLegend(context, room, frame.plot.Height() - title_length);
   double width = frame.legend.width;
   if (title_stands) width = std::max(width, 1.0 * context.FontPixels(view.title.VtFont.Size));
   frame.plot.right = context.size.width - margin;
   if (width > 0.0) frame.plot.right -= width + 1.3 * margin;
-  frame.plot.right = std::floor(frame.plot.right);
+  frame.plot.right = std::min(frame.plot.right, context.size.width - covered);
+  frame.plot.right = edges ? edges->plot_right : std::floor(frame.plot.right);
   frame.legend_at = {std::floor(frame.plot.right + 1.3 * margin), frame.plot.top};
 }
 
 // The marks' texts stand left of the data: inside the plot, or outside where the scale shows.
-void PlaceValueScale(const DrawContext& context, const AxisRanges& ranges, ChartFrame& frame) {
+void PlaceValueScale(const DrawContext& context,
+                     const std::optional<SideEdges>& edges,
+                     ChartFrame& frame) {
+  const AxisRanges ranges = KindOf(context.view).Values(context.view);
   const ChartView& view = context.view;
   const auto& axis = view.Plot.Axis[1];
   frame.guides = axis.AxisGrid.MajorPen.style != kPenNone;
@@ -129,6 +147,9 @@ void PlaceValueScale(const DrawContext& context, const AxisRanges& ranges, Chart
                  .last_position = ranges.positions.high,
                  .lowest = ranges.values.low,
                  .highest = ranges.values.high};
+  if (!edges) return;
+  frame.scale.box.left = edges->left;
+  frame.scale.box.right = edges->right;
 }
 
 PictureBox PlaceTitle(const DrawContext& context, const ChartFrame& frame) {
@@ -185,20 +206,53 @@ void DrawFootnote(const DrawContext& context, ChartPicture& picture) {
                .color = unset ? context.theme.label : InkOn(context.theme, note.VtFont.VtColor)});
 }
 
-}  // namespace
-
-ChartFrame PlaceFrame(const DrawContext& context) {
+ChartFrame PlaceParts(const DrawContext& context, const std::optional<SideEdges>& edges) {
   ChartFrame frame;
-  const AxisRanges ranges = KindOf(context.view).Values(context.view);
   frame.plot.left = LeftRoom(context);
   frame.plot.top = std::round(TopRoom(context));
   frame.plot.bottom = std::round(context.size.height - BottomRoom(context));
   frame.label_base =
       std::round(frame.plot.bottom + kTickRoom * context.scale + 0.9 * LabelLine(context));
-  PlaceRightColumn(context, frame);
-  PlaceValueScale(context, ranges, frame);
+  PlaceRightColumn(context, edges, frame);
+  PlaceValueScale(context, edges, frame);
   frame.title = PlaceTitle(context, frame);
   return frame;
+}
+
+bool IsOverDays(const ChartView& view) {
+  return view.ColumnCount() > 0 && KindOf(view).Positions() == PositionAxis::kRowLabels;
+}
+
+// The sides that the chart and the one with which it shares its days both have room for. Both
+// charts find the same ones: they are as wide, and the height is taken as one.
+std::optional<SideEdges> CommonEdges(const DrawContext& context) {
+  const ChartView* other = context.view.days_with;
+  if (other == nullptr || !IsOverDays(context.view) || !IsOverDays(*other) ||
+      other->rowcount() != context.view.rowcount()) {
+    return std::nullopt;
+  }
+  const PictureSize size{context.size.width, context.size.width * kSharedHeight};
+  const auto frame_of = [&](const ChartView& view) {
+    return PlaceParts({view, context.measure, size, context.theme, TextScale(size), context.detail},
+                      {});
+  };
+  const ChartFrame own = frame_of(context.view);
+  const ChartFrame others = frame_of(*other);
+  return SideEdges{.left = std::max(own.scale.box.left, others.scale.box.left),
+                   .plot_right = std::min(own.plot.right, others.plot.right),
+                   .right = std::min(own.scale.box.right, others.scale.box.right)};
+}
+
+}  // namespace
+
+double TextScale(PictureSize size) {
+  constexpr PictureSize kDesignSize{640.0, 480.0};
+  const double part = std::min(size.width / kDesignSize.width, size.height / kDesignSize.height);
+  return std::clamp(std::sqrt(part), 0.8, 4.0);
+}
+
+ChartFrame PlaceFrame(const DrawContext& context) {
+  return PlaceParts(context, CommonEdges(context));
 }
 
 void DrawTitles(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {

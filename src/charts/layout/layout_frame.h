@@ -21,7 +21,11 @@ struct ChartFrame {
   PicturePoint legend_at;
 };
 
-/// Divides the picture. Plot and legend never overlap, and all boxes lie on the picture.
+/// How much larger than at 640 by 480 texts and margins are.
+double TextScale(PictureSize size);
+
+/// Divides the picture. Plot and legend never overlap, and all boxes lie on the picture. Charts
+/// that share their days (ChartView::days_with) get the same left and right edges of their data.
 ChartFrame PlaceFrame(const DrawContext& context);
 
 /// Draws title, footnote and the titles of the axes.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vistaplot {
 namespace {
@@ -13,14 +14,32 @@ constexpr double kColumnGap = 0.9;
 constexpr double kLeastText = 4.6;  // a column narrower than this tells names no longer
 constexpr double kLeastPoints = 6.0;
 
+// The last value of a series; the lowest of all where it has none.
+double LastValue(const ChartView& view, const DrawnSeries& series) {
+  const std::vector<double>& values = view.ColumnData(series.y_column);
+  const auto last = std::find_if(
+      values.rbegin(), values.rend(), [](double value) { return std::isfinite(value); });
+  return last == values.rend() ? std::numeric_limits<double>::lowest() : *last;
+}
+
+// In the order in which curves over rows end at the right, where the legend stands.
+void OrderByLastValue(const ChartView& view, std::vector<LegendEntry>& entries) {
+  if (KindOf(view).Positions() != PositionAxis::kRowLabels) return;
+  std::stable_sort(
+      entries.begin(), entries.end(), [&view](const LegendEntry& a, const LegendEntry& b) {
+        return LastValue(view, a.series) > LastValue(view, b.series);
+      });
+}
+
 std::vector<LegendEntry> NamedSeries(const ChartView& view) {
   std::vector<LegendEntry> entries;
   for (const DrawnSeries& series : KindOf(view).Series(view)) {
     const std::string label = view.ColumnLabelAt(series.LabelColumn());
     if (label.find_first_not_of(' ') != std::string::npos) {
-      entries.push_back({series.settings, label});
+      entries.push_back({series, label});
     }
   }
+  OrderByLastValue(view, entries);
   return entries;
 }
 
@@ -59,27 +78,6 @@ Grid FitGrid(int count, int pixels, double widest, double most_width, double mos
 
 bool HoldsAll(const Grid& grid, int count, double widest) {
   return grid.rows * grid.columns >= count && (grid.columns == 1 || grid.text_width >= widest);
-}
-
-// The series' mark: a short line, its marker, or both.
-void DrawSwatch(const DrawContext& context,
-                int series,
-                const PictureBox& box,
-                ChartPicture& picture) {
-  const ChartSeries& settings = SettingsOf(context.view, series);
-  const PictureColor ink = SeriesInk(context.view, series, context.theme);
-  const double middle = std::round((box.top + box.bottom) / 2.0);
-  if (settings.showline) {
-    const double half = std::max(1.0, std::round(box.Height() * 0.09));
-    picture.Add(FillBox{{box.left, middle - half, box.right, middle + half}, ink});
-  }
-  if (settings.SeriesMarker.Show || !settings.showline) {
-    picture.Add(StampMarkers{.shape = SeriesMarkerShape(series),
-                             .size = std::round(box.Height() * 0.5),
-                             .width = context.scale * 1.2,
-                             .color = ink,
-                             .centers = {{(box.left + box.right) / 2.0, middle}}});
-  }
 }
 
 }  // namespace
@@ -137,11 +135,12 @@ void DrawLegend(const DrawContext& context,
                          .pixel_size = plan.pixels,
                          .color = context.theme.title});
   };
+  const Kind& kind = KindOf(context.view);
   int index = 0;
   for (const LegendEntry& entry : plan.entries) {
     const PicturePoint corner = cell(index++);
     const double right = corner.x + std::round(kSwatchWidth * plan.pixels);
-    DrawSwatch(
+    kind.DrawSwatch(
         context, entry.series, {corner.x, corner.y, right, corner.y + plan.row_height}, picture);
     write(corner, SwatchRoom(plan.pixels), entry.text);
   }

@@ -9,7 +9,7 @@
 namespace vistaplot {
 
 struct LegendEntry {
-  int series = 0;    ///< its settings' entry in SeriesCollection
+  DrawnSeries series;
   std::string text;  ///< cut to the column's width
 };
 
@@ -23,7 +23,8 @@ struct LegendPlan {
   double width = 0.0;  ///< 0: no legend
 };
 
-/// Plans the legend of the series with a label that is not blank, in at most the room given.
+/// Plans the legend of the series with a label that is not blank, in at most the room given; over
+/// rows in the order of the series' last values, highest first.
 /// Empty when the view hides it or the room holds no entry.
 LegendPlan PlanLegend(const DrawContext& context, double most_width, double most_height);
 

@@ -47,11 +47,19 @@ struct FillBox {
   PictureColor color;
 };
 
-/// One unbroken line through its points.
+/// Lengths drawn and left out in turn along a line, beginning with one that is drawn.
+struct LineDash {
+  double on = 0.0;  ///< 0: unbroken
+  double off = 0.0;
+  bool operator==(const LineDash&) const = default;
+};
+
+/// One line through its points.
 struct StrokeLine {
   std::vector<PicturePoint> points;  ///< at least two
   PictureColor color;
   double width = 1.0;
+  LineDash dash{};
 };
 
 /// A closed shape; width 0 leaves its outline away, fill.alpha 0 its inside.

@@ -38,6 +38,10 @@ class ChartView {
   ChartPlot Plot;
   ChartFacts facts;
 
+  /// The chart above or below on the same screen: where both have the same rows, their day axes
+  /// lie below each other to the pixel. Set by the screen, outlives this view, kept by ToDefaults.
+  const ChartView* days_with = nullptr;
+
   int rowcount() const { return row_count_; }
   int ColumnCount() const { return column_count_; }
 

@@ -39,6 +39,19 @@ double Luma(const ChartColor& color) {
   return 0.299 * color.red + 0.587 * color.green + 0.114 * color.blue;
 }
 
+PictureColor Painted(const ChartColor& color) {
+  return {Byte(color.red), Byte(color.green), Byte(color.blue)};
+}
+
+// Relative luminance of a colour in sRGB, 0 to 1.
+double Luminance(const PictureColor& color) {
+  const auto linear = [](std::uint8_t level) {
+    const double part = level / 255.0;
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
 }  // namespace
 
 ChartColor DefaultSeriesColor(int s) {
@@ -75,14 +88,26 @@ ChartTheme DarkTheme() {
           .dark = true};
 }
 
+double Contrast(const PictureColor& one, const PictureColor& other) {
+  const double a = Luminance(one) + 0.05;
+  const double b = Luminance(other) + 0.05;
+  return std::max(a, b) / std::min(a, b);
+}
+
 PictureColor InkOn(const ChartTheme& theme, const ChartColor& color) {
   constexpr double kDarkestOnDark = 120.0;
+  constexpr double kStep = 0.02;
   ChartColor ink = color;
   const double luma = Luma(color);
   if (theme.dark && luma < kDarkestOnDark) {
     ink = BlendTo(color, 255, (kDarkestOnDark - luma) / (255.0 - luma));
   }
-  return {Byte(ink.red), Byte(ink.green), Byte(ink.blue)};
+  const ChartColor start = ink;
+  for (double part = kStep; part <= 1.0; part += kStep) {
+    if (Contrast(Painted(ink), theme.background) >= kLeastContrast) break;
+    ink = BlendTo(start, theme.dark ? 255 : 0, part);
+  }
+  return Painted(ink);
 }
 
 }  // namespace vistaplot

@@ -24,8 +24,14 @@ struct ChartTheme {
 ChartTheme LightTheme();  ///< also for print: white ground
 ChartTheme DarkTheme();
 
-/// A builder's colour as it is drawn on the theme's ground: unchanged on light ground; on dark
-/// ground lightened as far as it needs to be seen.
+/// How well two colours are told apart by lightness, 1 (not at all) to 21. By the Web Content
+/// Accessibility Guidelines 2.1, "contrast ratio".
+double Contrast(const PictureColor& one, const PictureColor& other);
+
+/// A builder's colour as it is drawn on the theme's ground: unchanged where it has a contrast of
+/// kLeastContrast or more, else darkened (on light ground) or lightened (on dark ground) until it
+/// has; on dark ground dark colours are lightened further.
+inline constexpr double kLeastContrast = 3.0;
 PictureColor InkOn(const ChartTheme& theme, const ChartColor& color);
 
 }  // namespace vistaplot

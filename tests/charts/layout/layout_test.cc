@@ -176,6 +176,26 @@ TEST(Layout, ShownScalesOfAnXYChartStandBesideThePlotWithTheirTitles) {
   EXPECT_EQ(below.back().text, "400");
 }
 
+TEST(Layout, ChartsThatShareTheirDaysHaveThemBelowEachOtherToThePixel) {
+  ChartView prices = NamedChart(3, "A LONG NAME OF A FUND");
+  ChartView analysis =
+      LineChart({std::vector<double>(static_cast<std::size_t>(prices.rowcount()))});
+  analysis.facts.unit = ValueUnit::kExponent;
+  analysis.SetData(1, 1, 123456.0, false);
+  prices.days_with = &analysis;
+  analysis.days_with = &prices;
+  prices.facts.covered_right = 0.16;
+  for (const double width : {400.0, 640.0, 1280.0, 1920.0}) {
+    const ChartPicture above = LayOut(prices, {width, 0.36 * width});
+    const ChartPicture below = LayOut(analysis, {width, 0.35 * width});
+    EXPECT_EQ(above.scale.box.left, below.scale.box.left) << width;
+    EXPECT_EQ(above.scale.box.right, below.scale.box.right) << width;
+    EXPECT_EQ(above.scale.X(2.0), below.scale.X(2.0)) << width;
+    EXPECT_LE(above.plot.right, 0.84 * width);
+    EXPECT_LE(above.legend.right, width);
+  }
+}
+
 TEST(Layout, AnySizeAndAnEmptyChartAreDrawn) {
   ChartView view = NamedChart(40, "FUND");
   for (int step = 0; step < 18; ++step) {

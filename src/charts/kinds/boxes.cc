@@ -1,0 +1,239 @@
+#include "charts/kinds/boxes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+
+#include "base/number_text.h"
+
+namespace vistaplot {
+namespace {
+
+constexpr int kColumns = 40;       // of every chart
+constexpr double kFlattest = 2.0;  // width of a figure in its heights, and the reverse
+constexpr double kStroke = 1.4;    // at scale 1
+constexpr int kRoundCorners = 28;  // of an O
+
+int BoxCount(const ChartView& view) {
+  return std::min(static_cast<int>(view.facts.boxes.size()), view.rowcount());
+}
+
+const BoxFacts& BoxAt(const ChartView& view, int row) {
+  return view.facts.boxes[static_cast<std::size_t>(row - 1)];
+}
+
+bool IsDrawn(const ChartView& view, int row) {
+  return row >= 1 && row <= BoxCount(view) && view.HasPoint(row, 1) && view.HasPoint(row, 2);
+}
+
+// The level with the decimals that boxes have: two, or more where they are finer.
+std::string LevelText(double level) {
+  const double cents = level * 100.0;
+  const bool fine = std::abs(cents - std::round(cents)) > 1e-3 * std::max(1.0, std::abs(cents));
+  return fine ? NumberText(static_cast<float>(level)) : FixedText(level, 2);
+}
+
+// One column wide and one level high.
+PictureBox Cell(const ChartView& view, int row, const PlotScale& scale) {
+  const double column = view.DataAt(row, 1);
+  const double level = view.DataAt(row, 2);
+  const double half = BoxAt(view, row).size / 2.0;
+  return {
+      scale.X(column - 0.5), scale.Y(level + half), scale.X(column + 0.5), scale.Y(level - half)};
+}
+
+// Where an X or O stands: the cell less a pixel on each side, no flatter than 1 to 2 either way.
+PictureBox FigureIn(const PictureBox& cell) {
+  const double high = std::max(1.0, cell.Height() - 2.0);
+  const double wide = std::max(1.0, cell.Width() - 2.0);
+  const double width = std::min(wide, kFlattest * high) / 2.0;
+  const double height = std::min(high, kFlattest * wide) / 2.0;
+  const double x = (cell.left + cell.right) / 2.0;
+  const double y = (cell.top + cell.bottom) / 2.0;
+  return {x - width, y - height, x + width, y + height};
+}
+
+void DrawX(const PictureBox& box, PictureColor ink, double width, ChartPicture& picture) {
+  const double in = width / 2.0;  // strokes end inside the box
+  const PictureBox b{box.left + in, box.top + in, box.right - in, box.bottom - in};
+  picture.Add(StrokeLine{{{b.left, b.top}, {b.right, b.bottom}}, ink, width});
+  picture.Add(StrokeLine{{{b.left, b.bottom}, {b.right, b.top}}, ink, width});
+}
+
+void DrawO(const PictureBox& box, PictureColor ink, double width, ChartPicture& picture) {
+  FillShape ring{.points = {}, .fill = {0, 0, 0, 0}, .outline = ink, .width = width};
+  const double x = (box.left + box.right) / 2.0;
+  const double y = (box.top + box.bottom) / 2.0;
+  const double across = std::max(0.5, (box.Width() - width) / 2.0);
+  const double up = std::max(0.5, (box.Height() - width) / 2.0);
+  for (int corner = 0; corner < kRoundCorners; ++corner) {
+    const double angle = 2.0 * std::numbers::pi * corner / kRoundCorners;
+    ring.points.push_back({x + across * std::cos(angle), y + up * std::sin(angle)});
+  }
+  picture.Add(std::move(ring));
+}
+
+PictureColor BoxInk(const ChartView& view, int row, const ChartTheme& theme) {
+  constexpr ChartColor kRising{0, 0, 255};
+  constexpr ChartColor kFalling{255, 0, 0};
+  const bool rises = BoxAt(view, row).rises;
+  for (const auto& [point, own] : SettingsOf(view, 1).DataPoints.items) {
+    if (point == row && !(own.Marker.Pen.VtColor == ChartColor{})) {
+      return InkOn(theme, own.Marker.Pen.VtColor);
+    }
+    if (point > row) break;
+  }
+  return InkOn(theme, rises ? kRising : kFalling);
+}
+
+// Dates below their boxes: those of the first box of a column first, then the others, each where
+// it covers no figure and no other date.
+class DateLabels {
+ public:
+  DateLabels(const DrawContext& context, const PlotScale& scale, ChartPicture& picture)
+      : context_(context), scale_(scale), picture_(picture) {
+    for (int row = 1; row <= BoxCount(context.view); ++row) {
+      if (IsDrawn(context.view, row)) taken_.push_back(Cell(context.view, row, scale));
+    }
+  }
+
+  void Write() {
+    for (const bool first_ones : {true, false}) {
+      double column = 0.0;
+      for (const auto& [row, own] : SettingsOf(context_.view, 1).DataPoints.items) {
+        if (!own.DataPointLabel || !IsDrawn(context_.view, row)) continue;
+        const double here = context_.view.DataAt(row, 1);
+        const bool is_first = here != column;
+        column = here;
+        if (is_first == first_ones) Put(row, *own.DataPointLabel);
+      }
+    }
+  }
+
+ private:
+  void Put(int row, const ChartPointLabel& label) {
+    const int pixels = context_.FontPixels(label.VtFont.Size);
+    const double half = context_.measure.Width(label.Text, pixels, false) / 2.0;
+    const PictureBox cell = Cell(context_.view, row, scale_);
+    const double x = (cell.left + cell.right) / 2.0;
+    const PictureBox box{x - half - 1.0, cell.bottom + 1.0, x + half + 1.0, cell.bottom + pixels};
+    const bool inside = box.left >= scale_.box.left && box.right <= scale_.box.right &&
+                        box.bottom <= scale_.box.bottom;
+    const auto covers = [&box](const PictureBox& other) { return other.Overlaps(box); };
+    if (!inside || std::any_of(taken_.begin(), taken_.end(), covers)) return;
+    taken_.push_back(box);
+    picture_.Add(DrawText{.text = label.Text,
+                          .at = {x, std::round(cell.bottom + 0.85 * pixels)},
+                          .align = TextAlign::kCenter,
+                          .pixel_size = pixels,
+                          .color = context_.theme.label});
+  }
+
+  const DrawContext& context_;
+  const PlotScale& scale_;
+  ChartPicture& picture_;
+  std::vector<PictureBox> taken_;
+};
+
+class BoxKind : public Kind {
+ public:
+  PositionAxis Positions() const override { return PositionAxis::kNumbers; }
+
+  std::vector<DrawnSeries> Series(const ChartView& view) const override {
+    if (view.ColumnCount() < 2) return {};
+    return {{.number = 1, .settings = 1, .x_column = 1, .y_column = 2}};
+  }
+
+  AxisRanges Values(const ChartView& view) const override {
+    ValueRange levels = EmptyRange();
+    double box = 0.0;
+    for (int row = 1; row <= BoxCount(view); ++row) {
+      if (!IsDrawn(view, row)) continue;
+      const double half = BoxAt(view, row).size / 2.0;
+      Include(levels, view.DataAt(row, 2) - half);
+      Include(levels, view.DataAt(row, 2) + half);
+      box = std::max(box, 2.0 * half);
+    }
+    if (levels.low > levels.high) return {{0.5, kColumns + 0.5}, FixedOrMargin(view, levels)};
+    return {{0.5, kColumns + 0.5}, {levels.low - box, levels.high + box / 2.0}};
+  }
+
+  void Draw(const DrawContext& context,
+            const PlotScale& scale,
+            ChartPicture& picture) const override {
+    const ChartView& view = context.view;
+    const double width = std::max(1.0, kStroke * context.scale);
+    for (int row = 1; row <= BoxCount(view); ++row) {
+      if (!IsDrawn(view, row)) continue;
+      const PictureBox cell = Cell(view, row, scale);
+      const PictureBox figure = FigureIn(cell);
+      const double stroke = std::min(width, std::max(1.0, figure.Height() / 4.0));
+      const PictureColor ink = BoxInk(view, row, context.theme);
+      (BoxAt(view, row).rises ? DrawX : DrawO)(figure, ink, stroke, picture);
+      picture.regions.push_back({cell, 1, row});
+    }
+    DateLabels(context, scale, picture).Write();
+  }
+
+  void DrawSwatch(const DrawContext& context,
+                  const DrawnSeries& /*series*/,
+                  const PictureBox& box,
+                  ChartPicture& picture) const override {
+    const double half = std::round(box.Height() * 0.24);
+    const double middle = std::round((box.top + box.bottom) / 2.0);
+    const double width = std::max(1.0, kStroke * context.scale);
+    const auto square = [&](double x) {
+      return PictureBox{x - half, middle - half, x + half, middle + half};
+    };
+    DrawX(square(box.left + half), InkOn(context.theme, {0, 0, 255}), width, picture);
+    DrawO(square(box.right - half), InkOn(context.theme, {255, 0, 0}), width, picture);
+  }
+
+  // Boxes stand in the picture's hit regions.
+  std::optional<ChartHit> HitAt(const ChartView& /*view*/,
+                                const ChartPicture& /*picture*/,
+                                PicturePoint /*at*/,
+                                double /*reach*/) const override {
+    return std::nullopt;
+  }
+
+  StopList Stops(const ChartView& view) const override {
+    std::vector<Stop> stops;
+    for (int row = 1; row <= BoxCount(view); ++row) {
+      if (!IsDrawn(view, row)) continue;
+      stops.push_back({.position = view.DataAt(row, 1), .row = row, .value = view.DataAt(row, 2)});
+    }
+    return StopList(std::move(stops), /*stacked=*/true);
+  }
+
+  /// "ABC box 23.40, column 7, since 03/14/23".
+  ReadOut ReadAt(const ChartView& view,
+                 int row,
+                 int /*column*/,
+                 const ChartTheme& theme) const override {
+    if (!IsDrawn(view, row)) return {};
+    const double level = view.DataAt(row, 2);
+    const int column = static_cast<int>(std::lround(view.DataAt(row, 1)));
+    const DrawnSeries series = Series(view).front();
+    const std::string name = ReadOutName(view, series) + " box";
+    const std::string text = LevelText(level) + ", column " + std::to_string(column) + ", since " +
+                             BoxAt(view, row).date;
+    ReadOutEntry entry{.series = series.number,
+                       .mark = BoxInk(view, row, theme),
+                       .label = name,
+                       .text = text,
+                       .values = {{name, text, SevenDigitValue(static_cast<float>(level)), {}}},
+                       .at = PicturePoint{1.0 * column, level}};
+    return {.heading = {}, .at = BoxAt(view, row).date, .entries = {std::move(entry)}};
+  }
+};
+
+}  // namespace
+
+const Kind& Boxes() {
+  static const BoxKind kind;
+  return kind;
+}
+
+}  // namespace vistaplot
