@@ -25,9 +25,9 @@ class Painting {
  public:
   /// Returns a number that depends on the pixels: those that are not white on every 64th line.
   int Paint(const ChartView& view) {
-    const ChartPicture picture = LayoutChart(view, {kWidth, kHeight}, measure_);
+    const ChartPicture picture = LayoutChart(view, {kWidth, kHeight}, texts_);
     QPainter painter(&image_);
-    PaintPicture(painter, picture);
+    PaintPicture(painter, picture, texts_);
     painter.end();
     int drawn = 0;
     for (int y = 0; y < kHeight; y += 64) {
@@ -39,7 +39,7 @@ class Painting {
 
  private:
   QImage image_{kWidth, kHeight, QImage::Format_RGB32};
-  QtTextMeasure measure_;
+  PictureTexts texts_;
 };
 
 /// Funds over all days of a service that has one day more: a chart's first day is day 2.

@@ -31,7 +31,16 @@ enum class ControlKind {
 std::string_view KindName(ControlKind kind);
 
 /// What of a control has changed; its description counts as its caption.
-enum class ControlAspect { kVisible, kEnabled, kPlace, kCaption, kValue, kEntries, kRepaint };
+enum class ControlAspect {
+  kVisible,
+  kEnabled,
+  kPlace,
+  kCaption,
+  kValue,
+  kEntries,
+  kPointed,  ///< the row that a chart is pointed to
+  kRepaint
+};
 
 class ControlObserver {
  public:

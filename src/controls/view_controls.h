@@ -37,6 +37,30 @@ class ChartBox : public Control {
   void RaisePointSelected(PointSelection& selection) {
     if (PointSelected) PointSelected(selection);
   }
+
+  /// The day axes of this chart and `other` lie below each other, and one cross-hair goes through
+  /// both. Both live as long as their form.
+  void ShareDaysWith(ChartBox& other) {
+    other_ = &other;
+    other.other_ = this;
+    view.days_with = &other.view;
+    other.view.days_with = &view;
+  }
+
+  /// The cross-hair stands on `row` now, or nowhere (0): the chart that shares the days follows.
+  void Point(int row) {
+    if (other_ == nullptr || other_->pointed_row_ == row) return;
+    if (row > 0 && other_->view.rowcount() != view.rowcount()) return;
+    other_->pointed_row_ = row;
+    other_->Tell(ControlAspect::kPointed);
+  }
+
+  /// The row that the other chart was pointed to last; 0 for none.
+  int PointedRow() const { return pointed_row_; }
+
+ private:
+  ChartBox* other_ = nullptr;
+  int pointed_row_ = 0;
 };
 
 }  // namespace vistaplot

@@ -15,6 +15,7 @@ FrmPer::FrmPer(const Context& context)
   VtChart2.SetDescription("Analysis");
   VtChart3.SetDescription("Spectrum");
   VtChart3.SetVisible(false);
+  VtChart1.ShareDaysWith(VtChart2);
   HScroll1.SetDescription("Last day shown");
   HScroll1.SetEnabled(false);  // until a chart is drawn
   HScroll1.Change = [this] { HScroll1_Change(); };

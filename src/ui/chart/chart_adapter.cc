@@ -35,6 +35,7 @@ class ChartAdapter : public ControlAdapter {
 
  protected:
   void CopyValue() override { chart_->ViewChanged(); }
+  void CopyPointed() override { chart_->FollowRow(box_.PointedRow()); }
 
  private:
   ChartBox& box_;

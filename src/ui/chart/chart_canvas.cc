@@ -126,8 +126,9 @@ double CornerReach(QPointF from, QPointF to, double width) {
 // Replays one kind of item after the other.
 class Replay {
  public:
-  explicit Replay(QPainter& painter)
+  Replay(QPainter& painter, const PictureTexts& texts)
       : painter_(painter),
+        texts_(texts),
         pixels_(painter.paintEngine()->type() == QPaintEngine::Raster),
         ratio_(painter.device()->devicePixelRatioF()),
         place_(painter.worldTransform() * QTransform::fromScale(ratio_, ratio_)) {}
@@ -168,24 +169,24 @@ class Replay {
   }
 
   void operator()(const DrawText& item) {
-    const PictureFonts::Face& face = fonts_.Get(item.pixel_size, item.bold);
-    painter_.setFont(face.font);
+    const PictureTexts::Laid& laid = texts_.Get(item.text, item.pixel_size, item.bold);
+    painter_.setFont(texts_.Font(item.pixel_size, item.bold));
     painter_.setPen(QtColor(item.color));
-    const QString text = ToQt(item.text);
     double shift = 0.0;
     if (item.align != TextAlign::kLeft) {
-      const double width = face.metrics.horizontalAdvance(text);
-      shift = item.align == TextAlign::kRight ? -width : -width / 2.0;
+      shift = item.align == TextAlign::kRight ? -laid.width : -laid.width / 2.0;
     }
-    if (!item.upwards) {
-      painter_.drawText(QPointF(item.at.x + shift, item.at.y), text);
-      return;
+    if (!item.upwards && pixels_) {
+      painter_.drawStaticText(QPointF(item.at.x + shift, item.at.y - laid.ascent), laid.text);
+    } else if (!item.upwards) {
+      painter_.drawText(QPointF(item.at.x + shift, item.at.y), laid.text.text());
+    } else {
+      painter_.save();
+      painter_.translate(item.at.x, item.at.y);
+      painter_.rotate(-90.0);
+      painter_.drawText(QPointF(shift, 0.0), laid.text.text());
+      painter_.restore();
     }
-    painter_.save();
-    painter_.translate(item.at.x, item.at.y);
-    painter_.rotate(-90.0);
-    painter_.drawText(QPointF(shift, 0.0), text);
-    painter_.restore();
   }
 
   // Thin lines are drawn several times faster with a clip set.
@@ -267,20 +268,15 @@ class Replay {
   }
 
   QPainter& painter_;
+  const PictureTexts& texts_;
   bool pixels_;
-  double ratio_;      // device pixels a unit of the painter's device
-  QTransform place_;  // to pixels of the device; where a window is painted, of the widget in it
-  PictureFonts fonts_;
+  double ratio_;       // device pixels a unit of the painter's device
+  QTransform place_;   // to pixels of the device; where a window is painted, of the widget in it
   QPolygonF polygon_;  // its memory serves line after line
   QList<QLineF> stretches_;
 };
 
 }  // namespace
-
-double QtTextMeasure::Width(std::string_view text, int pixel_size, bool bold) const {
-  const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-  return fonts_.Get(pixel_size, bold).metrics.horizontalAdvance(shown);
-}
 
 QFont PictureFont(int pixel_size, bool bold) {
   QFont font(QStringLiteral("DejaVu Sans"));
@@ -289,20 +285,47 @@ QFont PictureFont(int pixel_size, bool bold) {
   return font;
 }
 
-const PictureFonts::Face& PictureFonts::Get(int pixel_size, bool bold) {
+double PictureTexts::Width(std::string_view text, int pixel_size, bool bold) const {
+  return Get(text, pixel_size, bold).width;
+}
+
+const PictureTexts::Laid& PictureTexts::Get(std::string_view text,
+                                            int pixel_size,
+                                            bool bold) const {
+  constexpr std::size_t kMostKept = 2000;  // many a scroll step's dates
+  Face& face = FaceOf(pixel_size, bold);
+  std::string key(text);
+  const auto known = face.texts.find(key);
+  if (known != face.texts.end()) return known->second;
+  if (face.texts.size() >= kMostKept) face.texts.clear();
+  Laid laid;
+  const QString shown = ToQt(key);
+  laid.text.setTextFormat(Qt::PlainText);
+  laid.text.setText(shown);
+  laid.text.prepare(QTransform(), face.font);
+  laid.width = face.metrics.horizontalAdvance(shown);
+  laid.ascent = face.metrics.ascent();
+  return face.texts.emplace(std::move(key), std::move(laid)).first->second;
+}
+
+const QFont& PictureTexts::Font(int pixel_size, bool bold) const {
+  return FaceOf(pixel_size, bold).font;
+}
+
+PictureTexts::Face& PictureTexts::FaceOf(int pixel_size, bool bold) const {
   const std::pair<int, bool> key(pixel_size, bold);
   const auto found = faces_.find(key);
   if (found != faces_.end()) return found->second;
   const QFont font = PictureFont(pixel_size, bold);
-  return faces_.emplace(key, Face{font, QFontMetricsF(font)}).first->second;
+  return faces_.emplace(key, Face{font, QFontMetricsF(font), {}}).first->second;
 }
 
-void PaintPicture(QPainter& painter, const ChartPicture& picture) {
+void PaintPicture(QPainter& painter, const ChartPicture& picture, const PictureTexts& texts) {
   const QRectF ground(0.0, 0.0, picture.width, picture.height);
   painter.save();
   painter.fillRect(ground, QtColor(picture.background));
   painter.setClipRect(ground);
-  Replay replay(painter);
+  Replay replay(painter, texts);
   for (const PictureItem& item : picture.items) std::visit(replay, item);
   painter.restore();
 }

@@ -26,17 +26,19 @@ struct PictureJob {
   int height;
 };
 
-ChartPicture LayOut(const PictureJob& job, double detail) {
-  const QtTextMeasure measure;
+void PaintJob(QPainter& painter, const PictureJob& job, double detail) {
+  const PictureTexts texts;
   const PictureSize size{static_cast<double>(job.width), static_cast<double>(job.height)};
-  return LayoutChart(job.view, size, measure, {.dark = false, .detail = detail});
+  const ChartPicture picture =
+      LayoutChart(job.view, size, texts, {.dark = false, .detail = detail});
+  PaintPicture(painter, picture, texts);
 }
 
 bool WritePng(const PictureJob& job, QBuffer& target) {
   QImage image(job.width, job.height, QImage::Format_RGB32);
   if (image.isNull()) return false;
   QPainter painter(&image);
-  PaintPicture(painter, LayOut(job, 1.0));
+  PaintJob(painter, job, 1.0);
   painter.end();
   return image.save(&target, "PNG", kPngQuality);
 }
@@ -50,7 +52,7 @@ bool WriteSvg(const PictureJob& job, QBuffer& target) {
   page.setTitle(QString::fromStdString(job.view.TitleText));
   QPainter painter;
   if (!painter.begin(&page)) return false;
-  PaintPicture(painter, LayOut(job, kPageDetail));
+  PaintJob(painter, job, kPageDetail);
   return painter.end();
 }
 
@@ -65,7 +67,7 @@ bool WritePdf(const PictureJob& job, QBuffer& target) {
   QPainter painter;
   if (!painter.begin(&page)) return false;
   painter.scale(kPageDotsPerInch * inches, kPageDotsPerInch * inches);
-  PaintPicture(painter, LayOut(job, kPageDetail));
+  PaintJob(painter, job, kPageDetail);
   return painter.end();
 }
 

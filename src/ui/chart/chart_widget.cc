@@ -40,6 +40,12 @@ double PositionAt(const PlotScale& scale, double x) {
          (x - scale.box.left) / scale.box.Width() * (scale.last_position - scale.first_position);
 }
 
+/// What lies at `y` on the vertical scale.
+double ValueAt(const PlotScale& scale, double y) {
+  return scale.lowest +
+         (scale.box.bottom - y) / scale.box.Height() * (scale.highest - scale.lowest);
+}
+
 }  // namespace
 
 ChartWidget::ChartWidget(ChartBox& control, EventGuard& guard, QWidget* parent)
@@ -90,20 +96,20 @@ void ChartWidget::LayOut() {
   const QSize size = ChartSize();
   picture_ = LayoutChart(control_.view,
                          {static_cast<double>(size.width()), static_cast<double>(size.height())},
-                         QtTextMeasure(),
+                         texts_,
                          {.dark = theme_.dark, .detail = devicePixelRatioF()});
   paint_anew_ = true;
   cross_hair_.Follow(control_.view);
-  if (!cross_hair_.Shown()) return HideCrossHair();
+  if (!cross_hair_.Shown()) return ClearCrossHair();
   if (other_rows) cross_hair_.SnapTo(PositionAt(picture_.scale, place));
   ShowCrossHair();
 }
 
-void ChartWidget::PaintChart(QPainter& painter) const {
+void ChartWidget::PaintChart(QPainter& painter) {
   if (control_.view.ColumnCount() == 0) {
     PaintNoChart(painter);
   } else {
-    PaintPicture(painter, picture_);
+    PaintPicture(painter, picture_, texts_);
   }
 }
 
@@ -214,9 +220,13 @@ bool ChartWidget::DoKey(int key) {
       cross_hair_.GoToLast();
       break;
     case Qt::Key_Up:
-      return ChooseNext(-1);
+      if (!cross_hair_.Climbs()) return ChooseNext(-1);
+      cross_hair_.Climb(1);
+      break;
     case Qt::Key_Down:
-      return ChooseNext(1);
+      if (!cross_hair_.Climbs()) return ChooseNext(1);
+      cross_hair_.Climb(-1);
+      break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (!cross_hair_.Shown() || marks_.Chosen() == nullptr) return false;
@@ -256,7 +266,8 @@ void ChartWidget::PointAt(QPointF at) {
       at.x() > plot.right + kPlotReach || at.y() >= ChartSize().height()) {
     return;
   }
-  const bool moved = cross_hair_.SnapTo(PositionAt(picture_.scale, at.x()));
+  const PlotScale& scale = picture_.scale;
+  const bool moved = cross_hair_.SnapTo(PositionAt(scale, at.x()), ValueAt(scale, at.y()));
   if (moved || marks_.NearestSeries(at.y()) != chosen_series_) ShowCrossHair(at.y());
 }
 
@@ -271,9 +282,24 @@ void ChartWidget::ShowCrossHair(std::optional<double> near_y) {
   read_out_line_.Show(read_out, chosen_series_);
   read_out_text_ = QtText(LineText(read_out));
   setAccessibleDescription(read_out_text_);
+  control_.Point(place.row);
+}
+
+void ChartWidget::FollowRow(int row) {
+  Prepare();
+  if (row > 0) {
+    if (cross_hair_.GoToRow(row)) ShowCrossHair();
+  } else if (cross_hair_.Shown()) {
+    HideCrossHair();
+  }
 }
 
 void ChartWidget::HideCrossHair() {
+  ClearCrossHair();
+  control_.Point(0);
+}
+
+void ChartWidget::ClearCrossHair() {
   cross_hair_.Hide();
   ReplaceMarks({});
   read_out_line_.ShowHint();

@@ -2,8 +2,8 @@
 // values that the cross-hair reads off. Reading changes nothing of the view.
 //
 // Keys: Left and Right move the cross-hair by a row, Page Up and Page Down by a label's spacing,
-// Home and End to the ends, Up and Down to the next series; Enter selects the point like a click;
-// Escape hides the cross-hair.
+// Home and End to the ends, Up and Down to the next series, or to the next box of a column; Enter
+// selects the point like a click; Escape hides the cross-hair.
 #pragma once
 
 #include <QPixmap>
@@ -18,6 +18,7 @@
 #include "charts/layout/layout.h"
 #include "charts/view/chart_picture.h"
 #include "controls/view_controls.h"
+#include "ui/chart/chart_canvas.h"
 #include "ui/chart/crosshair_marks.h"
 #include "ui/controls/event_guard.h"
 
@@ -45,6 +46,10 @@ class ChartWidget : public QWidget {
   /// The view is another one now: lays it out and paints it when it is next seen. The cross-hair
   /// keeps its row; where the view has another number of rows, its place on the screen.
   void ViewChanged();
+
+  /// The chart that shares this one's days was pointed to a row (0: to none): the cross-hair goes
+  /// there too.
+  void FollowRow(int row);
 
   /// What the cross-hair reads off, as one line; empty while there is none.
   const QString& ReadOutText() const { return read_out_text_; }
@@ -77,7 +82,7 @@ class ChartWidget : public QWidget {
  private:
   void Prepare();
   void LayOut();
-  void PaintChart(QPainter& painter) const;
+  void PaintChart(QPainter& painter);
   void KeepPainted();
   void PaintWithCrossHair(QPainter& painter, const QRegion& region);
   void PaintNoChart(QPainter& painter) const;
@@ -90,6 +95,7 @@ class ChartWidget : public QWidget {
   void SelectPoint(int series, int point);
   void ShowCrossHair(std::optional<double> near_y = {});
   void HideCrossHair();
+  void ClearCrossHair();
   void ReplaceMarks(const CrossHairMarks& marks);
   void PlaceReadOut();
 
@@ -98,7 +104,8 @@ class ChartWidget : public QWidget {
   ChartHooks hooks_;
   ReadOutLine& read_out_line_;
   ChartTheme theme_ = LightTheme();
-  bool stale_ = true;  ///< the view has changed since picture_ was laid out
+  bool stale_ = true;   ///< the view has changed since picture_ was laid out
+  PictureTexts texts_;  ///< laid out once, used from step to step
   ChartPicture picture_;
   int picture_rows_ = 0;
   QPixmap painted_;

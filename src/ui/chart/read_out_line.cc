@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "charts/kinds/kind.h"
 #include "ui/chart/qt_color.h"
 #include "ui/controls/qt_text.h"
 
@@ -35,6 +36,29 @@ bool HasPrices(const ChartView& view) {
   const auto& series = view.facts.series;
   return IsRebased(view.facts.unit) &&
          std::any_of(series.begin(), series.end(), [](const auto& s) { return s.base > 0.0; });
+}
+
+/// A row whose reading shows what there is to read.
+int SampleRow(const ChartView& view) {
+  const int last_real = view.facts.last_real_row;
+  if (last_real > 0) return std::min(last_real, view.rowcount());
+  const StopList stops = KindOf(view).Stops(view);
+  return stops.Count() > 0 ? stops.At(stops.Count() - 1).row : view.rowcount();
+}
+
+/// The width of readings of several parts (a bar, a box), with room for longer numbers; 0 where all
+/// are short.
+int WidestLong(const ReadOut& read_out, const QFontMetrics& metrics) {
+  constexpr std::size_t kLongText = 24;
+  int widest = 0;
+  for (const ReadOutEntry& entry : read_out.entries) {
+    if (entry.text.size() < kLongText) continue;
+    const auto parts = static_cast<int>(entry.values.size());
+    widest = std::max(widest,
+                      metrics.horizontalAdvance(u' ' + QtText(entry.text)) +
+                          parts * metrics.horizontalAdvance(u'0'));
+  }
+  return widest;
 }
 
 QString HintFor(const ChartView& view) {
@@ -89,13 +113,19 @@ void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme) {
     hint_ = hint;
     if (!shown_) update();
   }
-  const ReadOut last = ReadRow(view, view.rowcount(), theme.dark);
+  const ReadOut last = ReadRow(view, SampleRow(view), theme.dark);
   const bool with_prices = HasPrices(view);
-  const int series = view.rowcount() > 0 ? static_cast<int>(last.entries.size()) : 0;
+  const int series = static_cast<int>(last.entries.size());
   std::vector<std::string> labels{last.heading};
   std::replace_if(labels[0].begin(), labels[0].end(), IsDigit, '0');
   for (const ReadOutEntry& entry : last.entries) labels.push_back(entry.label);
-  if (labels == labels_ && series == series_ && with_prices == with_prices_) return;
+  const int longest_value = WidestLong(last, fontMetrics());
+  if (labels == labels_ && series == series_ && with_prices == with_prices_ &&
+      longest_value <= long_value_) {
+    return;
+  }
+  if (labels != labels_) long_value_ = 0;
+  long_value_ = std::max(long_value_, longest_value);
   labels_ = std::move(labels);
   series_ = series;
   with_prices_ = with_prices;
@@ -116,7 +146,7 @@ void ReadOutLine::Measure() {
   longest = std::min(longest, kLongestLabel * metrics.averageCharWidth());
   int value = metrics.horizontalAdvance(QString::fromLatin1(kWidestChange));
   if (with_prices_) value += metrics.horizontalAdvance(QString::fromLatin1(kWidestPrice));
-  cell_width_ = kMark + kMarkGap + longest + value + kCellGap;
+  cell_width_ = kMark + kMarkGap + longest + std::max(value, long_value_) + kCellGap;
 }
 
 int ReadOutLine::LineHeight() const {

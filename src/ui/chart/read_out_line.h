@@ -63,6 +63,7 @@ class ReadOutLine : public QWidget {
   bool with_prices_ = false;
   int heading_width_ = 0;
   int cell_width_ = 1;
+  int long_value_ = 0;
   Grid grid_;
   int chosen_cell_ = -1;
   bool shown_ = false;  ///< values, not the hint

@@ -62,6 +62,8 @@ void ControlAdapter::Copy(ControlAspect aspect) {
       return CopyValue();
     case ControlAspect::kEntries:
       return CopyEntries();
+    case ControlAspect::kPointed:
+      return CopyPointed();
     case ControlAspect::kRepaint:
       return RepaintNow();
     case ControlAspect::kPlace:

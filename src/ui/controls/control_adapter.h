@@ -76,6 +76,7 @@ class ControlAdapter : public QObject, public ControlObserver {
   virtual void CopyCaption() {}
   virtual void CopyValue() {}
   virtual void CopyEntries() { CopyValue(); }
+  virtual void CopyPointed() {}
   virtual void RepaintNow();
 
   /// Does what the user's action asks of the control, and shows what came of it: a control may

@@ -99,7 +99,8 @@ Status QtOutput::CopyChart(const ChartView& view, int width, int height) {
   if (image.isNull()) return Refusal("Not enough memory for this picture", {});
   const PictureSize size{static_cast<double>(width), static_cast<double>(height)};
   QPainter painter(&image);
-  PaintPicture(painter, LayoutChart(view, size, QtTextMeasure()));
+  const PictureTexts texts;
+  PaintPicture(painter, LayoutChart(view, size, texts), texts);
   painter.end();
   QGuiApplication::clipboard()->setImage(image);
   return Done{};
@@ -139,8 +140,9 @@ Status PrintChartPage(const ChartView& view, QPrinter& printer) {
   const double scale = printer.resolution() / kUnitsPerInch;
   painter.scale(scale, scale);
   const PictureSize size{page.width() / scale, page.height() / scale};
-  PaintPicture(painter,
-               LayoutChart(view, size, QtTextMeasure(), {.dark = false, .detail = kPageDetail}));
+  const PictureTexts texts;
+  PaintPicture(
+      painter, LayoutChart(view, size, texts, {.dark = false, .detail = kPageDetail}), texts);
   return End(painter, printer);
 }
 

@@ -19,7 +19,7 @@ QImage Painted(const ChartPicture& picture, double ratio = 1.0) {
   image.setDevicePixelRatio(ratio);
   image.fill(Qt::magenta);
   QPainter painter(&image);
-  PaintPicture(painter, picture);
+  PaintPicture(painter, picture, PictureTexts());
   return image;
 }
 
@@ -119,7 +119,7 @@ TEST(ChartCanvas, TextsEndWhereTheyAreAligned) {
 TEST(ChartCanvas, AWholeChartShowsItsCurvesInTheirColours) {
   const ChartView view = LineChart({std::vector<double>(50, 0.2), std::vector<double>(50, 0.1)});
   const ChartPicture picture =
-      LayoutChart(view, {640, 480}, QtTextMeasure(), {.dark = false, .detail = 1.0});
+      LayoutChart(view, {640, 480}, PictureTexts(), {.dark = false, .detail = 1.0});
   const QImage image = Painted(picture);
   for (int s = 1; s <= 2; ++s) {
     const QColor ink = Ink(InkOn(LightTheme(), DefaultSeriesColor(s)));

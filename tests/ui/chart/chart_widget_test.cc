@@ -55,7 +55,7 @@ struct ChartWorld {
   QPoint PlaceOf(int series, int row) const {
     const QSizeF size = chart.ChartSize();
     const PlotScale scale =
-        LayoutChart(box.view, {size.width(), size.height()}, QtTextMeasure()).scale;
+        LayoutChart(box.view, {size.width(), size.height()}, PictureTexts()).scale;
     return QPointF(scale.X(row), scale.Y(box.view.DataAt(row, series))).toPoint();
   }
 
@@ -248,6 +248,34 @@ TEST(ChartWidget, AnotherChartKeepsTheDayOrItsPlaceOrHidesTheCrossHair) {
   world.box.view.Refresh();
   QCoreApplication::processEvents();
   EXPECT_EQ(world.Key(Qt::Key_Left), "");
+}
+
+TEST(ChartWidget, OneCrossHairGoesThroughBothChartsThatShareTheirDays) {
+  ChartWorld above;
+  ChartWorld below(1);
+  above.box.ShareDaysWith(below.box);
+  struct Follower : ControlObserver {
+    void ControlChanged(Control& control, ControlAspect aspect) override {
+      if (aspect == ControlAspect::kPointed) {
+        chart.FollowRow(static_cast<ChartBox&>(control).PointedRow());
+      }
+    }
+    explicit Follower(ChartWidget& widget) : chart(widget) {}
+    ChartWidget& chart;
+  };
+  Follower follow_above(above.chart);
+  Follower follow_below(below.chart);
+  above.box.SetObserver(&follow_above);
+  below.box.SetObserver(&follow_below);
+  above.Key(Qt::Key_Home);
+  EXPECT_EQ(Heading(above.Key(Qt::Key_Right)), "d2");
+  EXPECT_EQ(Heading(below.chart.ReadOutText().toStdString()), "d2");
+  EXPECT_EQ(Heading(below.Key(Qt::Key_Right)), "d3");
+  EXPECT_EQ(Heading(above.chart.ReadOutText().toStdString()), "d3");
+  below.Key(Qt::Key_Escape);
+  EXPECT_TRUE(above.chart.ReadOutText().isEmpty());
+  above.box.SetObserver(nullptr);
+  below.box.SetObserver(nullptr);
 }
 
 TEST(ChartWidget, SeriesWithoutRoomAreCountedAndTheChosenOneIsAmongTheShown) {
