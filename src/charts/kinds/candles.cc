@@ -10,11 +10,12 @@
 namespace vistaplot {
 namespace {
 
-constexpr int kColumns = 4;         // of a fund
-constexpr double kFundsPart = 0.9;  // of a row's width that several funds share
-constexpr double kTickPart = 0.3;   // of the spacing: ticks of open and close
-constexpr int kLeastHollow = 3;     // device pixels of a body that has an inside
-constexpr double kHitReach = 2.0;   // beside a thin bar
+constexpr int kColumns = 4;          // of a fund
+constexpr double kFundsPart = 0.9;   // of a row's width that several funds share
+constexpr double kRoomyLines = 8.0;  // pixels from line to line
+constexpr double kTickPart = 0.3;    // of the spacing: ticks of open and close
+constexpr int kLeastHollow = 3;      // device pixels of a body that has an inside
+constexpr double kHitReach = 2.0;    // beside a thin bar
 
 // One fund's bar of one row.
 struct Bar {
@@ -65,8 +66,7 @@ class BarPainter {
     const double row = (scale.X(2.0) - scale.X(1.0)) * context.detail;
     spacing_ = funds > 1 ? row * kFundsPart / funds : row;
     shift_ = (fund.number - 0.5 * (funds + 1)) * spacing_;
-    wick_ = std::max(1, static_cast<int>(std::floor(context.scale * context.detail)));
-    wick_ = std::min(wick_, std::max(1, static_cast<int>(spacing_ / 3.0)));
+    wick_ = WickWidth();
     body_ = BodyWidth(spacing_, wick_, context.detail);
     inks_ = InksOf(context.view, fund, context.theme);
   }
@@ -75,7 +75,7 @@ class BarPainter {
     const double center = scale_.X(row) * context_.detail + shift_;
     left_ = static_cast<int>(std::floor(center - 0.5 * wick_ + 0.5));
     ink_ = bar.close < bar.open ? inks_.loss : inks_.gain;
-    if (SettingsOf(context_.view, fund_.settings).SeriesType == kSeriesCandleLine) {
+    if (IsLine()) {
       DrawLine(bar);
     } else {
       DrawBody(bar);
@@ -84,6 +84,18 @@ class BarPainter {
   }
 
  private:
+  bool IsLine() const {
+    return SettingsOf(context_.view, fund_.settings).SeriesType == kSeriesCandleLine;
+  }
+
+  // One pixel, grown with the texts; the lines of a line chart are stronger where they have room.
+  int WickWidth() const {
+    const double pixel = std::max(1.0, std::floor(context_.scale)) * context_.detail;
+    const bool strong = IsLine() && spacing_ >= kRoomyLines * context_.detail;
+    const int wanted = static_cast<int>(std::floor(strong ? 2.0 * pixel : pixel));
+    return std::clamp(static_cast<int>(spacing_ / 3.0), 1, wanted);
+  }
+
   int Pixel(double value) const {
     return static_cast<int>(std::lround(scale_.Y(value) * context_.detail));
   }

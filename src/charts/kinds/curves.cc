@@ -209,7 +209,8 @@ void ShadeForecast(const DrawContext& context, const PlotScale& scale, ChartPict
   PictureColor ground = context.theme.label;
   ground.alpha = kForecastAlpha;
   const double left = std::round(scale.X(last));
-  picture.Add(FillBox{{left, scale.box.top, scale.box.right, scale.box.bottom}, ground});
+  const double right = scale.box.right + std::round(3.0 * context.scale);  // of the guide lines
+  picture.Add(FillBox{{left, scale.box.top, right, scale.box.bottom}, ground});
 }
 
 }  // namespace
@@ -262,10 +263,13 @@ void DrawCurveSwatch(const DrawContext& context,
     return;
   }
   const CurveStyle style = StyleOf(role);
+  // Two dashes at least.
+  const double period = (style.dash.on + style.dash.off) * context.scale;
+  const double shrink = period > 0.0 ? std::min(1.0, 0.6 * box.Width() / period) : 1.0;
   picture.Add(StrokeLine{{{box.left, middle}, {box.right, middle}},
                          ink,
                          std::max(1.0, 2.0 * half * style.weight),
-                         Grown(style.dash, context.scale)});
+                         Grown(style.dash, context.scale * shrink)});
 }
 
 }  // namespace vistaplot

@@ -223,6 +223,7 @@ class Replay {
     painter_.setPen(QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::FlatCap));
     const std::vector<PicturePoint>& points = item.points;
     stretches_.clear();
+    constexpr double kRounding = 1e-9;
     bool on = true;
     double left = item.dash.on;  // of the present dash or gap
     for (std::size_t i = 1; i < points.size(); ++i) {
@@ -230,13 +231,14 @@ class Replay {
       const double length = line.length();
       double done = 0.0;
       while (done < length) {
-        const double next = std::min(length, done + left);
+        const double part = std::min(length - done, left);
         if (on) {
-          stretches_.append(QLineF(line.pointAt(done / length), line.pointAt(next / length)));
+          const double end = (done + part) / length;
+          stretches_.append(QLineF(line.pointAt(done / length), line.pointAt(end)));
         }
-        left -= next - done;
-        done = next;
-        if (left > 0.0) break;
+        done += part;
+        left -= part;
+        if (left > kRounding) break;  // goes on behind the corner
         on = !on;
         left = on ? item.dash.on : item.dash.off;
       }

@@ -97,7 +97,7 @@ TEST(Curves, AForecastIsDashedOnPaleGroundFromTheLastRealDayOn) {
       boxes.begin(), boxes.end(), [](const FillBox& item) { return item.color.alpha < 255; });
   ASSERT_NE(ground, boxes.end());
   EXPECT_NEAR(ground->box.left, picture.scale.X(20.0), 0.5);
-  EXPECT_EQ(ground->box.right, picture.scale.box.right);
+  EXPECT_EQ(ground->box.right, picture.plot.right);
   EXPECT_EQ(ReadRow(view, 22, false).entries[0].label, "forecast");
   EXPECT_EQ(ReadRow(view, 20, false).entries[0].label, "C1");
 }

@@ -52,6 +52,20 @@ ChartPicture Sheet() {
   return picture;
 }
 
+// Six pixels drawn, four left out; the corner at x 47 does not begin a dash anew.
+TEST(ChartCanvas, DashesRunOnAroundCorners) {
+  for (const double width : {1.0, 3.0}) {
+    ChartPicture picture = Sheet();
+    const PictureColor blue{0, 98, 178};
+    picture.Add(StrokeLine{{{10, 40.5}, {47, 40.5}, {90, 40.5}}, blue, width, {6.0, 4.0}});
+    const QImage image = Painted(picture);
+    for (int x = 10; x < 90; ++x) {
+      const double covered = Coverage(image.pixelColor(x, 40), Ink(blue));
+      EXPECT_NEAR(covered, (x - 10) % 10 < 6 ? 1.0 : 0.0, 0.05) << x << " width " << width;
+    }
+  }
+}
+
 TEST(ChartCanvas, WideLinesAreSolidThroughTheirCorners) {
   ChartPicture picture = Sheet();
   const PictureColor blue{0, 98, 178};
