@@ -32,20 +32,22 @@ constexpr double kCloseDays = 4.0;  // pixels: the dots of a stop shrink where d
 struct CurveStyle {
   double weight = 1.0;  // of a price line's width
   LineDash dash{};      // at scale 1
+  double pale = 0.0;    // part of the ground in its colour
 };
 
 CurveStyle StyleOf(SeriesRole role) {
   switch (role) {
     case SeriesRole::kAverage:
-      return {.weight = 0.75, .dash = {4.0, 3.0}};
+      return {.weight = 0.75, .dash = {4.0, 3.0}, .pale = 0.15};
     case SeriesRole::kAdaptiveAverage:
-      return {.weight = 0.75, .dash = {11.0, 4.0}};
+      return {.weight = 0.75, .dash = {11.0, 4.0}, .pale = 0.15};
     case SeriesRole::kUpperBand:
     case SeriesRole::kLowerBand:
+      return {.weight = 0.0, .dash = {}, .pale = 0.35};
     case SeriesRole::kTrend:
-      return {.weight = 0.0, .dash = {}};
+      return {.weight = 0.0};
     case SeriesRole::kMiddleBand:
-      return {.weight = 0.75, .dash = {1.5, 2.5}};
+      return {.weight = 0.75, .dash = {1.5, 2.5}, .pale = 0.35};
     case SeriesRole::kForecast:
       return {.weight = 1.0, .dash = {6.0, 3.0}};
     default:
@@ -115,12 +117,19 @@ double LineWidth(const std::vector<Curve>& curves, double plot_width) {
   return most > kClosePoints * plot_width ? kCloseWidth : kLineWidth;
 }
 
+PictureColor CurveInk(const DrawContext& context,
+                      const DrawnSeries& series,
+                      const CurveStyle& style) {
+  return PaleInk(
+      context.theme, SeriesInk(context.view, series.settings, context.theme), style.pale);
+}
+
 void DrawCurve(const DrawContext& context, Curve curve, double width, ChartPicture& picture) {
   const CurveStyle style = StyleOf(curve.role);
   const double pen = std::max(SettingsOf(context.view, curve.series.settings).Pen.Width, 0.5);
   const double full = std::max(1.0, pen * width * context.scale);
   const double drawn = std::max(std::max(1.0, std::floor(context.scale)), full * style.weight);
-  const PictureColor ink = SeriesInk(context.view, curve.series.settings, context.theme);
+  const PictureColor ink = CurveInk(context, curve.series, style);
   const LineDash dash = Grown(style.dash, context.scale);
   for (auto& piece : curve.pieces) picture.Add(StrokeLine{std::move(piece), ink, drawn, dash});
   if (curve.alone.empty()) return;
@@ -267,7 +276,7 @@ void DrawCurveSwatch(const DrawContext& context,
   const double period = (style.dash.on + style.dash.off) * context.scale;
   const double shrink = period > 0.0 ? std::min(1.0, 0.6 * box.Width() / period) : 1.0;
   picture.Add(StrokeLine{{{box.left, middle}, {box.right, middle}},
-                         ink,
+                         CurveInk(context, series, style),
                          std::max(1.0, 2.0 * half * style.weight),
                          Grown(style.dash, context.scale * shrink)});
 }

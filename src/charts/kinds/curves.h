@@ -1,10 +1,11 @@
 // How the lines of series look: a fund's price is the strongest, its overlays have its hue and are
 // told apart by weight and dash, a forecast is dashed on pale ground.
 //
-// Averages are thinner and dashed, short (exponential) or long (adaptive); bands are thin lines
-// with a pale fill between them and their mean dotted; the parabolic stop is a dot a day, smaller
-// where days are closer than four pixels; the trend is one pixel wide. Prices are drawn above all
-// these. A line breaks where a point is missing; a point alone between two gaps is drawn as a dot.
+// Averages are thinner, a shade paler and dashed, short (exponential) or long (adaptive); bands are
+// thin lines with a pale fill between them and their mean dotted; the parabolic stop is a dot a
+// day, smaller where days are closer than four pixels; the trend is one pixel wide. Prices are
+// drawn above all these. A line breaks where a point is missing; a point alone between two gaps is
+// drawn as a dot.
 #pragma once
 
 #include <vector>

@@ -110,4 +110,17 @@ PictureColor InkOn(const ChartTheme& theme, const ChartColor& color) {
   return Painted(ink);
 }
 
+PictureColor PaleInk(const ChartTheme& theme, const PictureColor& ink, double part) {
+  constexpr double kStep = 0.05;
+  PictureColor pale = ink;
+  for (; part > 0.0; part -= kStep) {
+    pale = {Byte(Blend(ink.red, theme.background.red, part)),
+            Byte(Blend(ink.green, theme.background.green, part)),
+            Byte(Blend(ink.blue, theme.background.blue, part)),
+            ink.alpha};
+    if (Contrast(pale, theme.background) >= kLeastContrast) return pale;
+  }
+  return ink;
+}
+
 }  // namespace vistaplot

@@ -34,4 +34,8 @@ double Contrast(const PictureColor& one, const PictureColor& other);
 inline constexpr double kLeastContrast = 3.0;
 PictureColor InkOn(const ChartTheme& theme, const ChartColor& color);
 
+/// `ink` blended with the theme's ground by `part` (0 to 1), as far as its contrast stays at
+/// kLeastContrast.
+PictureColor PaleInk(const ChartTheme& theme, const PictureColor& ink, double part);
+
 }  // namespace vistaplot

@@ -26,7 +26,6 @@ ChartView BoxChart(const std::vector<Box>& boxes) {
   view.facts.kind = FigureKind::kBoxes;
   view.facts.unit = ValueUnit::kPrice;
   view.Legend.Location = {true, kLocationRight};
-  const int columns = boxes.back().column > 40 ? 40 : 40;
   const int count = static_cast<int>(boxes.size());
   view.rowcount(count + 2);
   view.ColumnCount(2);
@@ -53,7 +52,7 @@ ChartView BoxChart(const std::vector<Box>& boxes) {
     point.DataPointLabel->VtFont.Size = 7.0;
   }
   for (int row = count + 1; row <= view.rowcount(); ++row) {
-    view.SetData(row, 1, columns, false);
+    view.SetData(row, 1, 40.0, false);
     view.SetData(row, 2, boxes.back().level, false);
     series.DataPoints.Item(row).Marker.Visible = false;
   }
@@ -83,9 +82,10 @@ TEST(Boxes, EachFigureFillsItsBoxLessAPixelAndFillersAreNotDrawn) {
   }
   double left = picture.regions[5].box.right;
   double right = picture.regions[5].box.left;
-  const std::vector<FillShape> rings = ItemsOf<FillShape>(picture);
-  ASSERT_GE(rings.size(), 3U);
-  const FillShape& ring = rings[rings.size() - 3];
+  std::vector<StrokeLine> rings = ItemsOf<StrokeLine>(picture);
+  std::erase_if(rings, [](const StrokeLine& line) { return line.points.size() < 3; });
+  ASSERT_EQ(rings.size(), 4U) << "one in the legend";
+  const StrokeLine& ring = rings[1];
   for (const PicturePoint& point : ring.points) {
     left = std::min(left, point.x - ring.width / 2.0);
     right = std::max(right, point.x + ring.width / 2.0);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "charts/kinds/read_out.h"
+#include "charts/view/palette.h"
 #include "support/chart_pictures.h"
 
 namespace vistaplot {
@@ -48,7 +49,8 @@ TEST(Curves, OverlaysHaveTheirFundsHueAndAreToldApartByWeightAndDash) {
   EXPECT_EQ(price.dash, LineDash{});
   std::vector<double> dashes;
   for (const StrokeLine& line : lines) {
-    EXPECT_EQ(line.color, price.color);
+    EXPECT_EQ(line.color.blue > line.color.red, price.color.blue > price.color.red);
+    EXPECT_GE(Contrast(line.color, picture.background), kLeastContrast);
     EXPECT_TRUE(&line == &price || line.width < price.width);
     dashes.push_back(line.dash.on);
   }
