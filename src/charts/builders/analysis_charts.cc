@@ -91,7 +91,9 @@ class Builder {
     for (int fund = selection_.FirstFund; fund <= selection_.LastFund; ++fund) {
       const FundPrices prices = Fund(fund);
       const HurstSeries hurst = ComputeHurst(prices.Chart(), *indicators_.hurst, y);
-      SetSeries(fund - selection_.FirstFund + 1, hurst.values);
+      const int series = fund - selection_.FirstFund + 1;
+      SetSeries(series, hurst.values);
+      view_.facts.Series(series).name = SymbolOf(fund) + " Hurst exponent";
       y = hurst.last_y;
     }
   }
@@ -100,7 +102,7 @@ class Builder {
   void DrawCorrelation() {
     const FundPrices first = Fund(1);
     const FundPrices second = Fund(2);
-    view_.facts.Series(1).name = "correlation of " + SymbolOf(1) + " and " + SymbolOf(2);
+    view_.facts.Series(1).name = "correlation";
     SetSeries(1, ComputeCorrelation(first.Chart(), second.Chart(), *indicators_.correlation));
   }
 

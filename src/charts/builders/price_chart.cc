@@ -19,6 +19,9 @@
 namespace vistaplot {
 namespace {
 
+/// Of the screen's width, at its right: the spectrum chart lies over the prices there.
+constexpr double kSpectrumPart = 0.16;
+
 constexpr std::size_t kBands = 3;  // curves of an overlay: first band, middle, second band
 
 // The market day of a history's last price when it ended at least kQuietDays before the newest day:
@@ -84,7 +87,10 @@ class Builder {
     view_.rowcount(rows);
     view_.ColumnCount(columns);
     view_.facts.unit = ValueUnit::kChange;
-    if (mem_) view_.facts.last_real_row = selection_.ChartDays;
+    if (mem_) {
+      view_.facts.last_real_row = selection_.ChartDays;
+      view_.facts.covered_right = kSpectrumPart;
+    }
     selection_.PriceBase.assign(static_cast<std::size_t>(columns), 0.0F);
     if (three) {
       PlacePlot(view_, request_.display, {0.1, 0.05}, {5.6, 2.0});

@@ -133,12 +133,11 @@ std::string AddForecast(int day,
   added.Pen.Width = 1.0;
   added.Pen.VtColor.Set(0, 0, 255);
   const float base = selection.PriceBase.front();
-  price_chart.facts.Series(price_chart.ColumnCount()) = {
-      .name = "forecast from " + price_chart.RowLabelAt(day),
-      .role = SeriesRole::kForecast,
-      .parent = 0,
-      .base = static_cast<double>(base),
-      .last_price_row = {}};
+  price_chart.facts.Series(price_chart.ColumnCount()) = {.name = "forecast",
+                                                         .role = SeriesRole::kForecast,
+                                                         .parent = 0,
+                                                         .base = static_cast<double>(base),
+                                                         .last_price_row = {}};
   if (base > 0.0F) {
     DrawForecast(day,
                  MemForecast(fund.Chart(), day, settings.longest_period, settings.poles),
