@@ -237,7 +237,7 @@ TEST(CycleCharts, AddForecastsOfADayAndTakeThemOff) {
   ASSERT_EQ(world.view.ColumnCount(), 4);
   EXPECT_EQ(world.view.ColumnLabelAt(3), " ");
   EXPECT_EQ(world.view.facts.SeriesAt(3).role, SeriesRole::kForecast);
-  EXPECT_EQ(world.view.facts.SeriesAt(3).name, "forecast from " + world.view.RowLabelAt(5));
+  EXPECT_EQ(world.view.facts.SeriesAt(3).name, "forecast");
   EXPECT_EQ(world.view.Plot.Series(3).Pen.VtColor, (ChartColor{0, 0, 255}));
   const auto forecast = MemForecast(world.Fund(2), 5, 50, 15);
   const float base = world.selection.PriceBase[0];
