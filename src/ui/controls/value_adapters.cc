@@ -1,6 +1,5 @@
 // Text boxes, check boxes and scroll bars: controls that hold a value.
 
-#include <QCheckBox>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QLineEdit>
@@ -54,7 +53,7 @@ class TextBoxAdapter : public ControlAdapter {
 class CheckBoxAdapter : public ControlAdapter {
  public:
   CheckBoxAdapter(CheckBox& box, const AdapterParts& parts)
-      : ControlAdapter(box, parts.guard), box_(box), tick_(new QCheckBox(parts.parent)) {
+      : ControlAdapter(box, parts.guard), box_(box), tick_(new SpreadCheckBox(parts.parent)) {
     SetWidget(tick_);
     connect(tick_, &QCheckBox::clicked, this, [this](bool checked) {
       Act([this, checked] { box_.SetChecked(checked); });
@@ -64,12 +63,15 @@ class CheckBoxAdapter : public ControlAdapter {
   bool OneLine() const override { return true; }
 
  protected:
-  void CopyCaption() override { tick_->setText(QtText(box_.Caption())); }
+  void CopyCaption() override {
+    tick_->SetCaption(QtText(box_.Caption()));
+    tick_->setAccessibleName(SpokenText(box_.Caption()));
+  }
   void CopyValue() override { tick_->setChecked(box_.Checked()); }
 
  private:
   CheckBox& box_;
-  QCheckBox* tick_;
+  SpreadCheckBox* tick_;
 };
 
 Qt::Orientation OrientationOf(const Control& control) {

@@ -2,7 +2,9 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyle>
+#include <QStyleOptionButton>
 #include <QStyleOptionProgressBar>
 #include <QStyleOptionSlider>
 #include <QStylePainter>
@@ -48,6 +50,17 @@ QColor Between(const QColor& from, const QColor& to, int percent) {
 
 }  // namespace
 
+QString SpreadCaption(const QString& caption, const QFontMetrics& font, int width) {
+  static const QRegularExpression runs(QStringLiteral(" {2,}"));
+  const QStringList parts = caption.split(runs);
+  if (parts.size() < 2) return caption;
+  const int gaps = static_cast<int>(parts.size()) - 1;
+  const int room = width - font.horizontalAdvance(parts.join(QString()));
+  const int blank = std::max(font.horizontalAdvance(u' '), 1);
+  const int blanks = std::max(room / gaps / blank, 1);
+  return parts.join(QString(blanks, u' '));
+}
+
 CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -59,7 +72,7 @@ void CaptionLabel::SetCaption(const QString& caption) {
 }
 
 void CaptionLabel::Fit() {
-  const QString whole = text();
+  const QString whole = SpreadCaption(text(), fontMetrics(), width());
   const int most = std::max(1, height() / fontMetrics().lineSpacing());
   const QStringList lines = LinesOf(whole, font(), width(), most);
   fitted_ = lines.join(u'\n');
@@ -81,6 +94,23 @@ void CaptionLabel::resizeEvent(QResizeEvent* event) {
 void CaptionLabel::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Fit();
+}
+
+void SpreadCheckBox::SetCaption(const QString& caption) {
+  caption_ = caption;
+  Fit();
+}
+
+void SpreadCheckBox::resizeEvent(QResizeEvent* event) {
+  QCheckBox::resizeEvent(event);
+  Fit();
+}
+
+void SpreadCheckBox::Fit() {
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  const QRect room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+  setText(SpreadCaption(caption_, fontMetrics(), room.width()));
 }
 
 PanelField::PanelField(QWidget* parent) : QWidget(parent) {}

@@ -1,11 +1,17 @@
 // Widgets that the toolkit lacks, or paints otherwise than the screens need.
 #pragma once
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QScrollBar>
 #include <QWidget>
 
 namespace vistaplot {
+
+/// `caption` with its runs of two and more blanks as long as `width` pixels want them, one blank at
+/// least, so that its parts stand at the beginning, at the end and evenly between, over or beside
+/// what they name. A caption without such runs stays as it is.
+QString SpreadCaption(const QString& caption, const QFontMetrics& font, int width);
 
 /// A caption that never runs out of its place unseen: in as many lines as the place has room for,
 /// the last one cut with an ellipsis where that is not enough; the whole text is then its tool tip.
@@ -30,6 +36,22 @@ class CaptionLabel : public QLabel {
   void Fit();
 
   QString fitted_;
+};
+
+/// A check box whose caption is spread over its width.
+class SpreadCheckBox : public QCheckBox {
+ public:
+  using QCheckBox::QCheckBox;
+
+  void SetCaption(const QString& caption);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Fit();
+
+  QString caption_;
 };
 
 /// A panel as a widget: a text, and a bar once a percentage was shown. It keeps its room while it
