@@ -76,6 +76,9 @@ std::string StateJson(const SharedState& state) {
   json.BeginObject();
   WriteMarket(json, state.market);
   WriteSelection(json, state.selection);
+  json.Key("MemPeriod").Integer(state.spectrum.MemPeriod);
+  json.Key("SpectrumDays").Integer(state.spectrum.SpectrumDays);
+  json.Key("SpectrumDay").Integer(state.spectrum.SpectrumDay);
   WriteFlags(json, state.flags);
   WriteLoad(json, state);
   WriteDirectories(json, state.directories);

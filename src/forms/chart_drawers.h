@@ -4,6 +4,8 @@
 // door (drawing.h) does, for all kinds alike.
 #pragma once
 
+#include "charts/builders/chart_parts.h"
+#include "charts/builders/spectrum_chart.h"
 #include "forms/context.h"
 #include "forms/drawing.h"
 
@@ -11,7 +13,20 @@ namespace vistaplot {
 
 using ChartDrawer = Outcome (*)(const Context& context, const DrawRequest& request);
 
-/// Lines or markers of the selected funds' prices on the request's screen, up to its end day.
+/// Lines or markers of the selected funds' prices with the ticked overlays; on the screen of three
+/// charts with the ticked analysis, whose tools and spectrum are shown or hidden.
 Outcome DrawPriceChart(const Context& context, const DrawRequest& request);
+
+/// Weekly bars of the selected funds.
+Outcome DrawCandleChart(const Context& context, const DrawRequest& request);
+
+/// Boxes of the fund at CurrentFund, by the point-and-figure parameters in use.
+Outcome DrawBoxChart(const Context& context, const DrawRequest& request);
+
+/// Size of the display as builders want it.
+ChartDisplay DisplayOf(const Context& context);
+
+/// The views of the screen of three charts.
+ThreeCharts ThreeChartsOf(const Context& context);
 
 }  // namespace vistaplot

@@ -23,26 +23,17 @@ class FlagScope {
   bool& flag_;
 };
 
-Outcome Refused(std::string message, int end_day) {
-  return {.drawn = false,
-          .message = std::move(message),
-          .end_day = end_day,
-          .scroll_to = {},
-          .box_dates = {}};
-}
-
 /// For kinds that nothing draws yet.
 Outcome DrawNothing(const Context& /*context*/, const DrawRequest& request) {
-  return Refused("This version draws the graph types \"XY Line\" and \"Scatter\" of prices only",
-                 request.end_day);
+  return RefusedBuild("This version draws prices only", request.end_day);
 }
 
 /// By graph type.
 constexpr std::array<ChartDrawer, 9> kDrawers = {DrawPriceChart,
                                                  DrawPriceChart,
-                                                 DrawNothing,
-                                                 DrawNothing,
-                                                 DrawNothing,
+                                                 DrawCandleChart,
+                                                 DrawCandleChart,
+                                                 DrawBoxChart,
                                                  DrawNothing,
                                                  DrawNothing,
                                                  DrawNothing,
@@ -66,7 +57,7 @@ Outcome Drawing::Draw(const DrawRequest& request) {
   std::string refusal = IsPrices(request.type) ? Select(request) : std::string();
   Outcome outcome = refusal.empty()
                         ? kDrawers[static_cast<std::size_t>(request.type)](context_, request)
-                        : Refused(std::move(refusal), request.end_day);
+                        : RefusedBuild(std::move(refusal), request.end_day);
   Apply(request, outcome);
   return outcome;
 }
@@ -101,6 +92,7 @@ void Drawing::Apply(const DrawRequest& request, const Outcome& outcome) {
   } else {
     screens.frmGraph.Show();
   }
+  if (!outcome.notice.empty()) context_.dialogs.Say(outcome.notice);
 }
 
 // A view whose builder refused stays as the builder left it, as long as that shows no curve.
@@ -115,6 +107,9 @@ void Drawing::EmptyCharts(PriceScreen screen) {
     const RedrawPause pause(chart->view);
     chart->view.ToDefaults();
   }
+  if (!three) return;
+  context_.state.spectrum = {};
+  screens.frmMain.tools.ShowSpectrumTools(false);
 }
 
 GraphType Drawing::ChosenPrices() const {

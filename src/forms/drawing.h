@@ -6,10 +6,10 @@
 // drawing.cc.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
+#include "charts/builders/build_outcome.h"
 #include "charts/builders/price_chart.h"
 #include "controls/value_controls.h"
 #include "forms/context.h"
@@ -41,14 +41,8 @@ struct DrawRequest {
       false;  ///< read the data screen's selection first; done anyway when there is none
 };
 
-/// What became of a request.
-struct Outcome {
-  bool drawn = false;
-  std::string message;           ///< why nothing was drawn; empty when drawn
-  int end_day = 0;               ///< market day that the chart ends at
-  std::optional<int> scroll_to;  ///< where the scroll bar goes, also when nothing was drawn
-  std::string box_dates;         ///< what lblboxdate says: dates of the last boxes, or nothing
-};
+/// What became of a request; a builder's outcome, or the refusal of a missing selection.
+using Outcome = BuildOutcome;
 
 class Drawing {
  public:

@@ -195,6 +195,9 @@ void FrmMain::ConnectTools() {
   tools.cmdSortAll.Click = [this] { cmdSortAll_Click(); };
   tools.cmdPrev.Click = [this] { cmdPrev_Click(); };
   tools.cmdNext.Click = [this] { cmdNext_Click(); };
+  tools.cmdSpectBack.Click = [this] { cmdSpectBack_Click(); };
+  tools.cmdSpectFwd.Click = [this] { cmdSpectFwd_Click(); };
+  tools.cmdClear.Click = [this] { cmdClear_Click(); };
   tools.cmdShowMain.Click = [this] { cmdShowMain_Click(); };
   tools.cmdShowData.Click = [this] { cmdShowData_Click(); };
   tools.cmdShowGraph.Click = [this] { cmdShowGraph_Click(); };

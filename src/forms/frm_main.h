@@ -102,6 +102,9 @@ class FrmMain : public Form {
   void cmdSortAll_Click();
   void cmdNext_Click();
   void cmdPrev_Click();
+  void cmdSpectBack_Click();
+  void cmdSpectFwd_Click();
+  void cmdClear_Click();
   void cmdShowMain_Click();
   void cmdShowData_Click();
   void cmdShowGraph_Click();
@@ -140,6 +143,7 @@ class FrmMain : public Form {
   void ConnectTools();
   void PrepareSheet(DataType type);
   void StepFund(int step);
+  void StepSpectrumDay(int step);
   ChartBox& ShownChart() const;  ///< of the graph screen that is in front, or was last
   bool DataInFront() const;
   /// A box that says what failed and why; nothing when all went well.

@@ -1,10 +1,12 @@
-// The commands that draw: graph, time period, next and previous fund.
+// The commands that draw: graph, time period, next and previous fund, and the tools of the
+// maximum-entropy screen.
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
 #include "forms/busy_scope.h"
+#include "forms/chart_drawers.h"
 #include "forms/frm_main.h"
 #include "forms/screens.h"
 
@@ -81,6 +83,24 @@ void FrmMain::StepFund(int step) {
   GraphSelection& selection = context_.state.selection;
   selection.CurrentFund = SteppedFund(selection, step);
   context_.screens.drawing.Redraw();
+}
+
+void FrmMain::cmdSpectBack_Click() {
+  StepSpectrumDay(-1);
+}
+
+void FrmMain::cmdSpectFwd_Click() {
+  StepSpectrumDay(1);
+}
+
+void FrmMain::StepSpectrumDay(int step) {
+  const std::string refusal =
+      StepSpectrum(step, DisplayOf(context_), context_.state.spectrum, ThreeChartsOf(context_));
+  if (!refusal.empty()) context_.dialogs.Say(refusal);
+}
+
+void FrmMain::cmdClear_Click() {
+  ClearForecasts(context_.screens.frmPer.VtChart1.view);
 }
 
 }  // namespace vistaplot

@@ -1,5 +1,8 @@
 #include "forms/frm_per.h"
 
+#include <string>
+
+#include "charts/builders/spectrum_chart.h"
 #include "controls/scaling.h"
 #include "forms/screens.h"
 
@@ -19,6 +22,7 @@ FrmPer::FrmPer(const Context& context)
   HScroll1.SetDescription("Last day shown");
   HScroll1.SetEnabled(false);  // until a chart is drawn
   HScroll1.Change = [this] { HScroll1_Change(); };
+  VtChart1.PointSelected = [this](PointSelection& selection) { VtChart1_PointSelected(selection); };
 }
 
 void FrmPer::Form_Load() {
@@ -27,6 +31,27 @@ void FrmPer::Form_Load() {
 
 void FrmPer::HScroll1_Change() {
   context_.screens.drawing.Scrolled(PriceScreen::kThreeCharts);
+}
+
+void FrmPer::VtChart1_PointSelected(PointSelection& selection) {
+  SharedState& state = context_.state;
+  const IndicatorBoxes& indicators = context_.screens.frmTab.indicators;
+  // Without the funds of the chart there is nothing to predict from.
+  if (!indicators.chkMem.Checked() || state.selection.SelectedCount == 0) {
+    selection.Cancel = true;
+    return;
+  }
+  const std::string refusal = AddForecast(selection.DataPoint,
+                                          indicators.MemNumbers(),
+                                          state.table.SheetAt(kPriceSheet),
+                                          state.selection,
+                                          state.spectrum,
+                                          VtChart1.view);
+  if (!refusal.empty()) context_.dialogs.Say(refusal);
+}
+
+void FrmPer::ShowSpectrum(bool shown) {
+  VtChart3.SetVisible(shown);
 }
 
 }  // namespace vistaplot

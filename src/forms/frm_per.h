@@ -18,6 +18,11 @@ class FrmPer : public Form {
   ScrollBar HScroll1;  ///< the charts' last market day
 
   void HScroll1_Change();
+  /// On a maximum-entropy screen, adds the forecast that is made from the clicked day.
+  void VtChart1_PointSelected(PointSelection& selection);
+
+  /// Shows the spectrum beside the prices, which then leave room for it, or hides it.
+  void ShowSpectrum(bool shown);
 
  protected:
   void Form_Load() override;

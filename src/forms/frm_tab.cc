@@ -1,12 +1,10 @@
 #include "forms/frm_tab.h"
 
-#include <cmath>
 #include <cstddef>
-#include <limits>
 #include <string_view>
 
-#include "base/number_text.h"
 #include "controls/scaling.h"
+#include "forms/point_and_figure_settings.h"
 #include "forms/screens.h"
 #include "marketdata/service.h"
 
@@ -24,34 +22,6 @@ constexpr std::array<std::string_view, 6> kDataTypes = {"Zephyrine Summary File"
 
 constexpr std::array<std::string_view, 10> kPercents = {
     "100%", "  90%", "  80%", "  70%", "  60%", "  50%", "  40%", "  30%", "  20%", "  10%"};
-
-struct NumberSetting {
-  std::string_view key;
-  float fallback;
-};
-
-constexpr std::array<NumberSetting, 8> kRangeSettings = {{{"pfrange1", 100.0F},
-                                                          {"pfrange2", 99.99F},
-                                                          {"pfrange3", 40.0F},
-                                                          {"pfrange4", 39.99F},
-                                                          {"pfrange5", 10.0F},
-                                                          {"pfrange6", 9.99F},
-                                                          {"pfrange7", 2.5F},
-                                                          {"pfrange8", 2.49F}}};
-
-constexpr std::array<NumberSetting, 5> kBoxSettings = {
-    {{"pfbox1", 1.0F}, {"pfbox2", 0.4F}, {"pfbox3", 0.2F}, {"pfbox4", 0.1F}, {"pfbox5", 0.05F}}};
-
-constexpr NumberSetting kReversalSetting = {"pfrev", 2.0F};
-
-constexpr double kLargestSingle = std::numeric_limits<float>::max();
-
-/// A text that is no number, or none that single precision can hold, counts as never written.
-float ReadNumber(const Settings& settings, const NumberSetting& setting) {
-  const auto number = WholeNumber(settings.Get(setting.key));
-  const bool held = number && std::abs(*number) <= kLargestSingle;
-  return held ? static_cast<float>(*number) : setting.fallback;
-}
 
 template <std::size_t N>
 std::vector<std::string> Texts(const std::array<std::string_view, N>& texts) {
@@ -119,6 +89,7 @@ void FrmTab::Connect() {
   lists.txtIndex.Change = [this] { txtIndex_Change(); };
   cmdFileName.Click = [this] { cmdFileName_Click(); };
   lists.cmdLoadData.Click = [this] { cmdLoadData_Click(); };
+  cmdPoint.Click = [this] { cmdPoint_Click(); };
   ConnectIndicators();
 }
 
@@ -138,21 +109,7 @@ void FrmTab::Form_Load() {
   context_.screens.drawing.CalendarLoaded();
   cboDataType.SetEntries(Texts(kDataTypes));
   cboDataType.SetListIndex(0);
-  ReadPointAndFigureSettings();
-}
-
-void FrmTab::ReadPointAndFigureSettings() {
-  PointAndFigureSettings& settings = context_.state.point_and_figure;
-  for (std::size_t i = 0; i < kRangeSettings.size(); ++i) {
-    settings.PfRange[i] = ReadNumber(context_.settings, kRangeSettings[i]);
-  }
-  for (std::size_t i = 0; i < kBoxSettings.size(); ++i) {
-    settings.PfBox[i] = ReadNumber(context_.settings, kBoxSettings[i]);
-  }
-  const float stored = ReadNumber(context_.settings, kReversalSetting);
-  const bool known = stored >= 1.0F && stored <= 3.0F;
-  const float option = known ? stored : kReversalSetting.fallback;
-  settings.PfReversal = static_cast<std::int16_t>(RoundHalfEven(static_cast<double>(option)) - 1);
+  state.point_and_figure = ReadPointAndFigureSettings(context_.settings);
 }
 
 }  // namespace vistaplot

@@ -61,6 +61,8 @@ class FrmTab : public Form {
   void txtIndex_Change();
   void cmdFileName_Click();
   void cmdLoadData_Click();
+  /// Shows the point-and-figure parameters until the user closes them.
+  void cmdPoint_Click();
 
   // Of an indicator's box that has just been ticked: clear those that cannot be drawn with it.
   void chkMoveAvg_Click();
@@ -100,8 +102,6 @@ class FrmTab : public Form {
   void DesignSelections();
   void Connect();
   void ConnectIndicators();
-
-  void ReadPointAndFigureSettings();
 
   void SetUpForResultFiles(DataType type);
   void SetUpForPrices();

@@ -134,6 +134,8 @@ void FrmTab::ShowGraphOptions(GraphType type) {
   const bool one_fund = type == GraphType::kPointAndFigure;
   fraOneAll.SetVisible(!one_fund);
   optOneAll.SetVisible(!one_fund);
+  cmdPoint.SetVisible(one_fund);
+  indicators.Show(type == GraphType::kLine || type == GraphType::kScatter);
 }
 
 void FrmTab::HideGraphOptions() {

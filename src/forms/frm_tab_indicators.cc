@@ -1,4 +1,5 @@
-// The parameter screen's indicators: which of them can be drawn together.
+// The parameter screen's indicators, of which not all can be drawn together, and the button of the
+// point-and-figure parameters.
 
 #include "forms/frm_tab.h"
 #include "forms/screens.h"
@@ -13,6 +14,11 @@ void FrmTab::ConnectIndicators() {
   indicators.chkHurst.Click = [this] { chkHurst_Click(); };
   indicators.chkCorrelation.Click = [this] { chkCorrelation_Click(); };
   indicators.chkMem.Click = [this] { chkMem_Click(); };
+}
+
+void FrmTab::cmdPoint_Click() {
+  context_.screens.frmpfp.ShowParameters();
+  context_.screens.frmpfp.ShowModal();
 }
 
 void FrmTab::chkMoveAvg_Click() {

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "base/number_text.h"
+
 namespace vistaplot {
 
 namespace {
@@ -42,6 +44,10 @@ Place BoxAt(int row) {
 Place ThirdAt(int row, int number) {
   const float left = kThreeLeft + static_cast<float>(number) * (kBoxWidth + kGap);
   return At(left, RowTop(row), kBoxWidth, kHeight);
+}
+
+double NumberIn(const TextBox& box) {
+  return LeadingNumber(box.Text());
 }
 
 }  // namespace
@@ -124,6 +130,28 @@ void IndicatorBoxes::ClearOverlays() {
 
 bool IndicatorBoxes::AnalysisTicked() const {
   return chkMem.Checked() || chkHurst.Checked() || chkCorrelation.Checked();
+}
+
+IndicatorNumbers::Mem IndicatorBoxes::MemNumbers() const {
+  return {.longest_period = NumberIn(txtMemPeriod), .poles = NumberIn(txtMemPoles)};
+}
+
+IndicatorNumbers IndicatorBoxes::Numbers() const {
+  IndicatorNumbers numbers;
+  if (chkMoveAvg.Checked()) numbers.average = NumberIn(txtMoveAvg);
+  if (chkAMA.Checked()) numbers.adaptive = NumberIn(txtAMA);
+  if (chkParabolic.Checked()) {
+    numbers.parabolic = ParabolicSteps{.start = static_cast<float>(NumberIn(txtPBStart)),
+                                       .most = static_cast<float>(NumberIn(txtPBMax)),
+                                       .increase = static_cast<float>(NumberIn(txtPBAcc))};
+  }
+  if (chkBollinger.Checked()) numbers.bands = NumberIn(txtBollinger);
+  if (chkHurst.Checked()) {
+    numbers.hurst = {.days = NumberIn(txtHurstDays), .subperiods = NumberIn(txtHurstPeriod)};
+  }
+  if (chkCorrelation.Checked()) numbers.correlation = NumberIn(txtCorrPeriod);
+  if (chkMem.Checked()) numbers.mem = MemNumbers();
+  return numbers;
 }
 
 }  // namespace vistaplot

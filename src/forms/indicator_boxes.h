@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "charts/builders/indicators.h"
 #include "controls/form.h"
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
@@ -56,6 +57,12 @@ struct IndicatorBoxes {
 
   /// An analysis is ticked that has a chart of its own: maximum entropy, Hurst or correlation.
   bool AnalysisTicked() const;
+
+  /// The ticked indicators with the leading numbers of their boxes, 0 where there is none; a number
+  /// beyond single precision is infinite.
+  IndicatorNumbers Numbers() const;
+  /// The two boxes of the maximum-entropy analysis, ticked or not.
+  IndicatorNumbers::Mem MemNumbers() const;
 };
 
 }  // namespace vistaplot

@@ -7,6 +7,7 @@
 
 #include "base/host_path.h"
 #include "charts/builders/graph_selection.h"
+#include "charts/builders/spectrum_chart.h"
 #include "import/family_summary.h"
 #include "import/price_load.h"
 #include "marketdata/market_data.h"
@@ -56,6 +57,7 @@ struct SharedState {
   PriceLoadState load;
   FamilyRecords family_records;
   GraphSelection selection;
+  SpectrumState spectrum;  ///< of the last maximum-entropy screen
   LoadFlags flags;
   Directories directories;
   PointAndFigureSettings point_and_figure;

@@ -206,6 +206,61 @@ TEST(Drawing, ClickOnAPointTellsDayAndValue) {
   EXPECT_EQ(world.dialogs.messages.size(), 1U);
 }
 
+TEST(Drawing, CandlesAlwaysEndAtTheNewestDayWhenGraphed) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 3);
+  world.screens.frmTab.cboGraphType.SetListIndex(3);
+  world.screens.frmMain.ChooseTimePeriod(0);
+  ScrollBar& bar = world.screens.frmGraph.HScroll1;
+  int changes = 0;
+  world.screens.frmGraph.VtChart1.view.SetObserver([&] { ++changes; });
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(bar.Value(), kWorldDays);
+  EXPECT_EQ(world.Chart().ColumnCount(), 8);
+  EXPECT_EQ(world.Chart().Plot.Series(1).SeriesType, kSeriesCandleBar);
+  // Day 300 is a Saturday, 27 October: the newest week ended the day before.
+  const int weeks = world.Chart().rowcount() - 1;
+  EXPECT_EQ(world.Chart().RowLabelAt(weeks), "10/26/01");
+  bar.SetValue(200);
+  EXPECT_EQ(world.Chart().RowLabelAt(world.Chart().rowcount() - 1), "07/13/01");
+  world.screens.frmTab.optOneAll.SetListIndex(1);
+  world.screens.frmMain.tools.cmdNext.RaiseClick();
+  EXPECT_EQ(world.Chart().ColumnCount(), 4);
+  EXPECT_EQ(world.Chart().ColumnLabelAt(1), "BBB");
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  EXPECT_EQ(bar.Value(), kWorldDays);
+}
+
+TEST(Drawing, BoxesKeepTheBarsDayAndSayWhenTheLastOnesCame) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.SelectColumns(2, 3);
+  world.screens.frmTab.cboGraphType.SetListIndex(4);
+  world.screens.frmMain.mnuFileGraph.RaiseClick();
+  const Label& dates = world.screens.frmGraph.lblboxdate;
+  EXPECT_EQ(world.Chart().TitleText, "Point & Figure");
+  EXPECT_EQ(dates.Caption(), "Last X: 10/27/01 Last O: ");
+  world.screens.frmGraph.HScroll1.SetValue(200);
+  EXPECT_EQ(dates.Caption(), "Last X: 07/19/01 Last O: ");
+  world.screens.frmMain.tools.cmdGraph.RaiseClick();
+  EXPECT_EQ(world.screens.frmGraph.HScroll1.Value(), 200);
+  EXPECT_EQ(world.Chart().ColumnLabelAt(1), "AAA");
+  // A box value that no level can grow by is told, and the old dates go with the old boxes.
+  world.state.point_and_figure.PfBox[0] = 0.0F;
+  world.screens.frmMain.periods.mnuTimePeriod[0].RaiseClick();
+  EXPECT_EQ(world.dialogs.messages.size(), 1U);
+  EXPECT_EQ(world.Chart().ColumnCount(), 0);
+  EXPECT_EQ(dates.Caption(), "");
+  world.state.point_and_figure.PfBox[0] = 1.0F;
+  world.screens.frmMain.periods.mnuTimePeriod[1].RaiseClick();
+  EXPECT_NE(dates.Caption(), "");
+  world.screens.frmTab.cboGraphType.SetListIndex(0);
+  world.screens.frmGraph.HScroll1.SetValue(150);  // a line chart has no boxes to date
+  EXPECT_EQ(dates.Caption(), "");
+}
+
 TEST(Drawing, RightClickOnASummaryRowChartsItsIssue) {
   ScreenWorld world;
   world.LoadTrio();
