@@ -18,10 +18,9 @@ constexpr float kPitch = 318.0F;
 constexpr float kHeight = 285.0F;
 constexpr float kBoxWidth = 630.0F;
 constexpr float kGap = 75.0F;
-constexpr float kLabelWidth = 1260.0F;
 constexpr float kBoxLeft = kRight - kBoxWidth;
-constexpr float kLabelLeft = kBoxLeft - kGap - kLabelWidth;
-constexpr float kThreeLeft = kRight - 3.0F * kBoxWidth - 2.0F * kGap;
+constexpr float kLabelLeft = kRight - 3.0F * kBoxWidth - 2.0F * kGap;  // as the first of three
+constexpr float kLabelWidth = kBoxLeft - kGap - kLabelLeft;
 
 float RowTop(int row) {
   return kTop + kPitch * static_cast<float>(row);
@@ -33,7 +32,7 @@ Place CheckAt(int row, float right) {
 }
 
 Place LabelAt(int row) {
-  return At(kLabelLeft, RowTop(row) + 30.0F, kLabelWidth, kHeight - 30.0F);
+  return At(kLabelLeft, RowTop(row), kLabelWidth, kHeight);
 }
 
 Place BoxAt(int row) {
@@ -42,7 +41,7 @@ Place BoxAt(int row) {
 
 /// Box `number` of three side by side.
 Place ThirdAt(int row, int number) {
-  const float left = kThreeLeft + static_cast<float>(number) * (kBoxWidth + kGap);
+  const float left = kLabelLeft + static_cast<float>(number) * (kBoxWidth + kGap);
   return At(left, RowTop(row), kBoxWidth, kHeight);
 }
 
@@ -56,7 +55,7 @@ std::vector<Design> IndicatorBoxes::Designs() {
   return {
       {&chkMoveAvg, "chkMoveAvg", "Show Exp Moving Avg          # days", CheckAt(0, kBoxLeft)},
       {&chkAMA, "chkAMA", "Show AMA                               # days", CheckAt(1, kBoxLeft)},
-      {&chkParabolic, "chkParabolic", "Show Parabolic", CheckAt(3, kThreeLeft)},
+      {&chkParabolic, "chkParabolic", "Show Parabolic", CheckAt(3, kLabelLeft)},
       {&chkBollinger, "chkBollinger", "Show Bollinger Bands", CheckAt(4, kLabelLeft)},
       {&chkHurst, "chkHurst", "Show Hurst Exponent", CheckAt(5, kLabelLeft)},
       {&chkCorrelation, "chkCorrelation", "Show Correlation", CheckAt(7, kLabelLeft)},
@@ -66,7 +65,7 @@ std::vector<Design> IndicatorBoxes::Designs() {
       {&lblParabolic,
        "lblParabolic",
        "Start     Maximum    Accel",
-       At(kThreeLeft, RowTop(2) + 60.0F, kRight - kThreeLeft, 255.0F)},
+       At(kLabelLeft, RowTop(2) + 60.0F, kRight - kLabelLeft, 255.0F)},
       {&txtPBStart, "txtPBStart", "", ThirdAt(3, 0)},
       {&txtPBMax, "txtPBMax", "", ThirdAt(3, 1)},
       {&txtPBAcc, "txtPBAcc", "", ThirdAt(3, 2)},

@@ -253,5 +253,45 @@ TEST(Indicators, ClickOnAnotherScreenOfThreeChartsIsCancelled) {
   EXPECT_EQ(world.frmPer.VtChart1.view.ColumnCount(), 2);
 }
 
+// Whatever stands in a box, a chart is drawn or one message says why not and nothing old is left.
+TEST(Indicators, EveryBoxStandsEveryNumberInEveryPeriod) {
+  IndicatorWorld world;
+  world.SelectColumns(2, 4);
+  IndicatorBoxes& boxes = world.boxes;
+  const std::vector<std::pair<CheckBox*, TextBox*>> pairs = {
+      {&boxes.chkMoveAvg, &boxes.txtMoveAvg},
+      {&boxes.chkAMA, &boxes.txtAMA},
+      {&boxes.chkParabolic, &boxes.txtPBStart},
+      {&boxes.chkParabolic, &boxes.txtPBMax},
+      {&boxes.chkParabolic, &boxes.txtPBAcc},
+      {&boxes.chkBollinger, &boxes.txtBollinger},
+      {&boxes.chkHurst, &boxes.txtHurstDays},
+      {&boxes.chkHurst, &boxes.txtHurstPeriod},
+      {&boxes.chkCorrelation, &boxes.txtCorrPeriod},
+      {&boxes.chkMem, &boxes.txtMemPeriod},
+      {&boxes.chkMem, &boxes.txtMemPoles}};
+  for (const auto& [check, text] : pairs) {
+    const std::string preset = text->Text();
+    boxes.ClearAll();
+    check->SetChecked(true);
+    for (const char* typed : {"", "1", "0", "-1", "40000", "-40000", "1e99", "abc", "299"}) {
+      text->SetText(typed);
+      for (const int period : {0, 3, kAll}) {
+        SCOPED_TRACE(text->Name() + " \"" + typed + "\" " + std::to_string(period));
+        world.dialogs.messages.clear();
+        world.frmMain.ChooseTimePeriod(period);
+        world.Graph();
+        const bool three = boxes.AnalysisTicked();
+        const ChartView& chart = three ? world.frmPer.VtChart1.view : world.Chart();
+        const bool drawn = chart.ColumnCount() > 0;
+        EXPECT_LE(world.dialogs.messages.size(), 1U);
+        EXPECT_TRUE(drawn || world.dialogs.messages.size() == 1U);
+        EXPECT_EQ(three && drawn, three && world.frmPer.VtChart2.view.ColumnCount() > 0);
+      }
+    }
+    text->SetText(preset);
+  }
+}
+
 }  // namespace
 }  // namespace vistaplot

@@ -17,6 +17,8 @@ namespace vistaplot {
 
 namespace {
 
+constexpr QChar kHairSpace(0x200A);
+
 /// A text in at most `most` lines of that width, in pixels; joined they are the text again unless
 /// the last one had to be cut.
 QStringList LinesOf(const QString& text, const QFont& font, int width, int most) {
@@ -58,7 +60,9 @@ QString SpreadCaption(const QString& caption, const QFontMetrics& font, int widt
   const int room = width - font.horizontalAdvance(parts.join(QString()));
   const int blank = std::max(font.horizontalAdvance(u' '), 1);
   const int blanks = std::max(room / gaps / blank, 1);
-  return parts.join(QString(blanks, u' '));
+  const int hair = std::max(font.horizontalAdvance(kHairSpace), 1);
+  const int hairs = std::max(room / gaps - blanks * blank, 0) / hair;
+  return parts.join(QString(blanks, u' ') + QString(hairs, kHairSpace));
 }
 
 CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {
