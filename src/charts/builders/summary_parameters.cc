@@ -142,4 +142,8 @@ ChartFields ParameterFields(const FieldSource& source) {
   return {};
 }
 
+bool LowerIsBetter(std::string_view name) {
+  return name == "Max Draw Down %" || name == "Ulcer Index";
+}
+
 }  // namespace vistaplot

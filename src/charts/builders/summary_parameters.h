@@ -47,4 +47,7 @@ ChartFields TestCaseFields(const FieldSource& source);
 /// Statistic over two parameters, for the graph types "Contour" and "3D Surface".
 ChartFields ParameterFields(const FieldSource& source);
 
+/// Of this statistic the lowest value is the best: a draw-down or an ulcer index.
+bool LowerIsBetter(std::string_view name);
+
 }  // namespace vistaplot

@@ -4,7 +4,9 @@
 
 #include "charts/kinds/boxes.h"
 #include "charts/kinds/candles.h"
+#include "charts/kinds/contour.h"
 #include "charts/kinds/lines.h"
+#include "charts/kinds/surface.h"
 
 namespace vistaplot {
 namespace {
@@ -24,36 +26,8 @@ FigureKind NamedBy(int chart_type) {
   }
 }
 
-/// A chart of a kind that is not drawn: its frame stays empty.
-class NoFigures : public Kind {
- public:
-  std::vector<DrawnSeries> Series(const ChartView& /*view*/) const override { return {}; }
-  AxisRanges Values(const ChartView& view) const override {
-    return {RowRange(view.rowcount()), FixedOrMargin(view, EmptyRange())};
-  }
-  void Draw(const DrawContext& /*context*/,
-            const PlotScale& /*scale*/,
-            ChartPicture& /*picture*/) const override {}
-  void DrawSwatch(const DrawContext& /*context*/,
-                  const DrawnSeries& /*series*/,
-                  const PictureBox& /*box*/,
-                  ChartPicture& /*picture*/) const override {}
-  std::optional<ChartHit> HitAt(const ChartView& /*view*/,
-                                const ChartPicture& /*picture*/,
-                                PicturePoint /*at*/,
-                                double /*reach*/) const override {
-    return std::nullopt;
-  }
-  StopList Stops(const ChartView& /*view*/) const override { return {}; }
-  ReadOut ReadAt(const ChartView& /*view*/,
-                 int /*row*/,
-                 int /*column*/,
-                 const ChartTheme& /*theme*/) const override {
-    return {};
-  }
-};
-
-const NoFigures kNoFigures;
+const ContourKind kContour;
+const SurfaceKind kSurface;
 
 }  // namespace
 
@@ -67,8 +41,9 @@ const Kind& KindOf(const ChartView& view) {
     case FigureKind::kBoxes:
       return Boxes();
     case FigureKind::kContour:
+      return kContour;
     case FigureKind::kSurface:
-      return kNoFigures;
+      return kSurface;
     default:
       return LinesOverRows();
   }

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "charts/kinds/draw_context.h"
+#include "charts/kinds/legend_mark.h"
 #include "charts/kinds/read_out.h"
 #include "charts/kinds/stops.h"
 #include "charts/kinds/value_range.h"
@@ -18,6 +20,8 @@ namespace vistaplot {
 enum class PositionAxis {
   kRowLabels,  ///< positions are rows; the view labels them
   kNumbers,    ///< positions are values
+  kCells,      ///< positions and heights are columns and rows of cells, with a parameter's number
+  kNone,       ///< the kind draws its axes itself
 };
 
 class Kind {
@@ -28,6 +32,12 @@ class Kind {
 
   /// The series in the order of the legend; a series is what one click means.
   virtual std::vector<DrawnSeries> Series(const ChartView& view) const = 0;
+
+  /// The legend where its entries are no series; empty: one entry a series.
+  virtual std::vector<LegendMark> Legend(const ChartView& /*view*/,
+                                         const ChartTheme& /*theme*/) const {
+    return {};
+  }
 
   /// What the axes span: positions, and values with a margin or the bounds that the view fixes.
   /// low < high always.
@@ -50,6 +60,10 @@ class Kind {
                                         const ChartPicture& picture,
                                         PicturePoint at,
                                         double reach) const = 0;
+
+  /// The parameter's number of a column or row of cells (kCells), from 1.
+  virtual std::string ColumnText(const ChartView& /*view*/, int /*column*/) const { return {}; }
+  virtual std::string RowText(const ChartView& /*view*/, int /*row*/) const { return {}; }
 
   /// Where the cross-hair rests.
   virtual StopList Stops(const ChartView& view) const = 0;

@@ -60,15 +60,6 @@ bool Blank(const std::string& text) {
   return text.find_first_not_of(' ') == std::string::npos;
 }
 
-// 1, 2, 5, 10, 20, 50, ...: the first at or above `factor`.
-int RoundFactor(int factor) {
-  for (int power = 1;; power *= 10) {
-    for (const int step : {1, 2, 5}) {
-      if (step * power >= factor) return step * power;
-    }
-  }
-}
-
 // Rows from label to label: the view's spacing, or the multiple of it that keeps labels apart.
 int LabelSpacing(const ChartView& view, const LabelRow& labels, double row_width) {
   const auto& scale = view.Plot.Axis[0].CategoryScale;
@@ -125,6 +116,25 @@ void DrawRowAxis(const DrawContext& context, const ChartFrame& frame, ChartPictu
   }
 }
 
+// The numbers of the columns of cells, each so many that they keep apart.
+void DrawColumnAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
+  const ChartView& view = context.view;
+  const Kind& kind = KindOf(view);
+  const int columns = view.ColumnCount();
+  LabelRow labels(context, frame);
+  double widest = 0.0;
+  for (const int column : {1, columns / 2 + 1, columns}) {
+    widest = std::max(widest, labels.Width(kind.ColumnText(view, column)));
+  }
+  const double apart = frame.scale.X(2.0) - frame.scale.X(1.0);
+  const double needed = std::clamp((widest + labels.Gap()) / apart, 1.0, 1e6);
+  const int step = RoundFactor(static_cast<int>(std::ceil(needed)));
+  for (int column = 1; column <= columns; column += step) {
+    labels.Put({frame.scale.X(column), kind.ColumnText(view, column)}, picture);
+    DrawTick(context, frame, frame.scale.X(column), kLabelTick, picture);
+  }
+}
+
 void DrawNumberAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
   LabelRow labels(context, frame);
   const PlotScale& scale = frame.scale;
@@ -164,11 +174,14 @@ void DrawValueAxis(const DrawContext& context, const ChartFrame& frame, ChartPic
 }
 
 void DrawPositionAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
+  const PositionAxis axis = KindOf(context.view).Positions();
+  if (axis == PositionAxis::kNone) return;
   const double bottom = frame.plot.bottom;
   picture.Add(FillBox{{frame.scale.box.left, bottom, frame.plot.right, bottom + HairLine(context)},
                       context.theme.axis});
+  if (axis == PositionAxis::kCells) return DrawColumnAxis(context, frame, picture);
   if (context.view.Plot.Axis[0].AxisScale.Hide || context.view.rowcount() < 1) return;
-  if (KindOf(context.view).Positions() == PositionAxis::kNumbers) {
+  if (axis == PositionAxis::kNumbers) {
     DrawNumberAxis(context, frame, picture);
   } else {
     DrawRowAxis(context, frame, picture);

@@ -25,6 +25,22 @@ bool Upwards(const ChartText& text) {
   return text.TextLayout.Orientation == kOrientationVertical;
 }
 
+// The numbers of the axes whose labels and titles stand below and beside the plot.
+struct FrameAxes {
+  std::size_t across = 0;
+  std::size_t upright = 1;
+};
+
+FrameAxes AxesOf(const ChartView& view) {
+  if (KindOf(view).Positions() == PositionAxis::kCells) return {3, 0};
+  return {};
+}
+
+// The kind draws its axes itself.
+bool NoAxes(const ChartView& view) {
+  return KindOf(view).Positions() == PositionAxis::kNone;
+}
+
 double TitleLength(const DrawContext& context) {
   const int pixels = context.FontPixels(context.view.title.VtFont.Size);
   return context.measure.Width(context.view.TitleText, pixels, true);
@@ -35,7 +51,8 @@ int LabelPixels(const DrawContext& context, std::size_t axis) {
 }
 
 bool HasAxisTitle(const ChartView& view, std::size_t axis) {
-  return !view.Plot.Axis[axis].AxisTitle.Text.empty() && !view.Plot.Axis[axis].AxisScale.Hide;
+  return !NoAxes(view) && !view.Plot.Axis[axis].AxisTitle.Text.empty() &&
+         !view.Plot.Axis[axis].AxisScale.Hide;
 }
 
 double AxisTitleRoom(const DrawContext& context, std::size_t axis) {
@@ -60,7 +77,8 @@ double TopRoom(const DrawContext& context) {
 double LabelLine(const DrawContext& context) {
   const ChartView& view = context.view;
   double line = 0.0;
-  if (!view.Plot.Axis[0].AxisScale.Hide) line = LabelPixels(context, 0);
+  const std::size_t axis = AxesOf(view).across;
+  if (!NoAxes(view) && !view.Plot.Axis[axis].AxisScale.Hide) line = LabelPixels(context, axis);
   if (!view.TitleText.empty() && AtBottom(view.title) && !Upwards(view.title)) {
     line = std::max(line, 1.0 * context.FontPixels(view.title.VtFont.Size));
   }
@@ -70,8 +88,8 @@ double LabelLine(const DrawContext& context) {
 double BottomRoom(const DrawContext& context) {
   const double line = LabelLine(context);
   const double below = line > 0.0 ? kTickRoom * context.scale + line : 0.0;
-  const double room =
-      kMargin * context.scale * 0.7 + FootnoteRoom(context) + AxisTitleRoom(context, 0) + below;
+  const double room = kMargin * context.scale * 0.7 + FootnoteRoom(context) +
+                      AxisTitleRoom(context, AxesOf(context.view).across) + below;
   const auto& rect = context.view.Plot.LocationRect;
   const double kept = context.view.Plot.AutoLayout ? 0.0 : rect.Min.Y * kPixelsPerInch;
   return std::max(room, std::min(kept, context.size.height * 0.2));
@@ -86,7 +104,8 @@ double LeftRoom(const DrawContext& context) {
 double WidestMark(const DrawContext& context, const std::vector<ValueMark>& marks) {
   double widest = 0.0;
   for (const ValueMark& mark : marks) {
-    widest = std::max(widest, context.measure.Width(mark.text, LabelPixels(context, 1), false));
+    const int pixels = LabelPixels(context, AxesOf(context.view).upright);
+    widest = std::max(widest, context.measure.Width(mark.text, pixels, false));
   }
   return widest;
 }
@@ -120,23 +139,46 @@ void PlaceRightColumn(const DrawContext& context,
   frame.legend_at = {std::floor(frame.plot.right + 1.3 * margin), frame.plot.top};
 }
 
+// The rows of cells, counted from below, each so many that their numbers keep apart.
+std::vector<ValueMark> CellMarks(const ChartView& view, int most) {
+  const Kind& kind = KindOf(view);
+  std::vector<ValueMark> marks;
+  const int rows = view.rowcount();
+  const int step = RoundFactor((rows + most - 1) / most);
+  for (int height = 1; height <= rows; height += step) {
+    marks.push_back({static_cast<double>(height), kind.RowText(view, rows + 1 - height), false});
+  }
+  return marks;
+}
+
+// What stands beside the plot, and whether lines go through it.
+void PlaceMarks(const DrawContext& context, const AxisRanges& ranges, ChartFrame& frame) {
+  const ChartView& view = context.view;
+  const std::size_t axis = AxesOf(view).upright;
+  const bool cells = KindOf(view).Positions() == PositionAxis::kCells;
+  frame.guides = !cells && view.Plot.Axis[axis].AxisGrid.MajorPen.style != kPenNone;
+  frame.labels_inside = !cells && view.Plot.Axis[axis].AxisScale.Hide;
+  if (NoAxes(view)) {
+    frame.guides = false;
+    return;
+  }
+  if (!frame.guides && frame.labels_inside) return;
+  const double room = kRowsPerMark * LabelPixels(context, axis);
+  const int most = std::clamp(static_cast<int>(frame.plot.Height() / room), 1, kMostMarks);
+  frame.marks = cells ? CellMarks(view, 2 * most)
+                      : RoundMarks(ranges.values.low, ranges.values.high, most, view.facts.unit);
+}
+
 // The marks' texts stand left of the data: inside the plot, or outside where the scale shows.
 void PlaceValueScale(const DrawContext& context,
                      const std::optional<SideEdges>& edges,
                      ChartFrame& frame) {
   const AxisRanges ranges = KindOf(context.view).Values(context.view);
-  const ChartView& view = context.view;
-  const auto& axis = view.Plot.Axis[1];
-  frame.guides = axis.AxisGrid.MajorPen.style != kPenNone;
-  frame.labels_inside = axis.AxisScale.Hide;
-  if (frame.guides || !frame.labels_inside) {
-    const double room = kRowsPerMark * LabelPixels(context, 1);
-    const int most = std::clamp(static_cast<int>(frame.plot.Height() / room), 1, kMostMarks);
-    frame.marks = RoundMarks(ranges.values.low, ranges.values.high, most, view.facts.unit);
-  }
+  PlaceMarks(context, ranges, frame);
   const double gap = kLabelGap * context.scale;
   const double labels = frame.marks.empty() ? 0.0 : WidestMark(context, frame.marks) + gap;
-  if (!frame.labels_inside) frame.plot.left += AxisTitleRoom(context, 1) + labels;
+  if (!frame.labels_inside)
+    frame.plot.left += AxisTitleRoom(context, AxesOf(context.view).upright) + labels;
   frame.plot.left = std::round(frame.plot.left);
   const double inset = frame.labels_inside ? labels : 0.0;
   frame.scale = {.box = {std::round(frame.plot.left + inset),
@@ -171,21 +213,23 @@ PictureBox PlaceTitle(const DrawContext& context, const ChartFrame& frame) {
 }
 
 void DrawAxisTitles(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
-  for (const std::size_t axis : {std::size_t{0}, std::size_t{1}}) {
+  const FrameAxes axes = AxesOf(context.view);
+  for (const std::size_t axis : {axes.across, axes.upright}) {
     if (!HasAxisTitle(context.view, axis)) continue;
     const auto& title = context.view.Plot.Axis[axis].AxisTitle;
     const int pixels = context.FontPixels(title.VtFont.Size);
     const PictureBox& box = frame.scale.box;
     const double below =
         context.size.height - kMargin * context.scale * 0.7 - FootnoteRoom(context) - 0.3 * pixels;
-    const PicturePoint at = axis == 0 ? PicturePoint{(box.left + box.right) / 2.0, below}
-                                      : PicturePoint{LeftRoom(context) + kCapHeight * pixels,
-                                                     (box.top + box.bottom) / 2.0};
+    const PicturePoint at =
+        axis == axes.across
+            ? PicturePoint{(box.left + box.right) / 2.0, below}
+            : PicturePoint{LeftRoom(context) + kCapHeight * pixels, (box.top + box.bottom) / 2.0};
     picture.Add(DrawText{.text = title.Text,
                          .at = at,
                          .align = TextAlign::kCenter,
                          .pixel_size = pixels,
-                         .upwards = axis == 1,
+                         .upwards = axis == axes.upright,
                          .color = context.theme.label});
   }
 }

@@ -31,12 +31,15 @@ void OrderByLastValue(const ChartView& view, std::vector<LegendEntry>& entries) 
       });
 }
 
-std::vector<LegendEntry> NamedSeries(const ChartView& view) {
+std::vector<LegendEntry> EntriesOf(const ChartView& view, const ChartTheme& theme) {
   std::vector<LegendEntry> entries;
+  for (const LegendMark& mark : KindOf(view).Legend(view, theme)) {
+    entries.push_back({{}, mark.text, mark});
+  }
   for (const DrawnSeries& series : KindOf(view).Series(view)) {
     const std::string label = view.ColumnLabelAt(series.LabelColumn());
     if (label.find_first_not_of(' ') != std::string::npos) {
-      entries.push_back({series, label});
+      entries.push_back({series, label, {}});
     }
   }
   OrderByLastValue(view, entries);
@@ -84,7 +87,7 @@ bool HoldsAll(const Grid& grid, int count, double widest) {
 
 LegendPlan PlanLegend(const DrawContext& context, double most_width, double most_height) {
   if (!context.view.Legend.Location.Visible) return {};
-  std::vector<LegendEntry> entries = NamedSeries(context.view);
+  std::vector<LegendEntry> entries = EntriesOf(context.view, context.theme);
   if (entries.empty()) return {};
   const int count = static_cast<int>(entries.size());
   const int least = std::min(context.FontPixels(kLeastPoints),
@@ -140,8 +143,12 @@ void DrawLegend(const DrawContext& context,
   for (const LegendEntry& entry : plan.entries) {
     const PicturePoint corner = cell(index++);
     const double right = corner.x + std::round(kSwatchWidth * plan.pixels);
-    kind.DrawSwatch(
-        context, entry.series, {corner.x, corner.y, right, corner.y + plan.row_height}, picture);
+    const PictureBox box{corner.x, corner.y, right, corner.y + plan.row_height};
+    if (entry.mark) {
+      DrawLegendMark(*entry.mark, box, picture);
+    } else {
+      kind.DrawSwatch(context, entry.series, box, picture);
+    }
     write(corner, SwatchRoom(plan.pixels), entry.text);
   }
   if (plan.left_out > 0) {

@@ -1,16 +1,19 @@
 // The legend beside the plot: as many entries as fit, in columns, smaller texts before fewer.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "charts/kinds/legend_mark.h"
 #include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
 
 struct LegendEntry {
   DrawnSeries series;
-  std::string text;  ///< cut to the column's width
+  std::string text;                ///< cut to the column's width
+  std::optional<LegendMark> mark;  ///< what stands for it where it is no series
 };
 
 struct LegendPlan {

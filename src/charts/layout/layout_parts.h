@@ -8,6 +8,9 @@
 
 namespace vistaplot {
 
+/// 1, 2, 5, 10, 20, 50, ...: the first at or above `least`.
+int RoundFactor(int least);
+
 /// Text metrics of the charts' fonts as parts of the pixel size.
 inline constexpr double kCapHeight = 0.73;
 inline constexpr double kLineHeight = 1.35;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "charts/view/grid_parameters.h"
+
 namespace vistaplot {
 
 /// The kind of figure; each is a file of charts/kinds.
@@ -84,6 +86,8 @@ struct ChartFacts {
   std::vector<SeriesFacts> series;
   /// Of charts of boxes, the box of row r at index r - 1; rows behind are fillers.
   std::vector<BoxFacts> boxes;
+  /// Of charts over two parameters.
+  GridParameters cells;
 
   /// The facts of series `number`, made on first use. Valid until the next series is made.
   SeriesFacts& Series(int number);

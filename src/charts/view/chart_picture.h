@@ -3,6 +3,7 @@
 // A skin or an export replays the items; it decides nothing.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -70,6 +71,25 @@ struct FillShape {
   double width = 0.0;
 };
 
+/// A filled area of several closed rings without an outline; what rings wind around once is inside,
+/// so that a ring of the other direction leaves a hole.
+struct FillRegion {
+  std::vector<std::vector<PicturePoint>> rings;
+  PictureColor color;
+};
+
+/// One face of a body: four corners, in order around it.
+struct PictureFacet {
+  std::array<PicturePoint, 4> corners;
+  PictureColor color;
+};
+
+/// Many faces, those behind first; later ones hide earlier ones.
+struct FillFacets {
+  std::vector<PictureFacet> facets;
+  double outline = 1.0;  ///< light of the faces' edges, as part of their colour's; 1: no edges
+};
+
 enum class MarkerShape { kDot, kSquare, kTriangle, kDiamond, kCircle, kCross, kPlus, kStar };
 
 /// The same marker at many places; places of one pixel occur once.
@@ -98,7 +118,14 @@ struct SetClip {
   PictureBox box;
 };
 
-using PictureItem = std::variant<FillBox, StrokeLine, FillShape, StampMarkers, DrawText, SetClip>;
+using PictureItem = std::variant<FillBox,
+                                 StrokeLine,
+                                 FillShape,
+                                 FillRegion,
+                                 FillFacets,
+                                 StampMarkers,
+                                 DrawText,
+                                 SetClip>;
 
 /// Where values lie: positions (a row number, or the X value of an XY chart) from left to right,
 /// values from bottom to top.

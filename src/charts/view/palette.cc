@@ -123,4 +123,11 @@ PictureColor PaleInk(const ChartTheme& theme, const PictureColor& ink, double pa
   return ink;
 }
 
+PictureColor Shaded(PictureColor color, double factor) {
+  const auto part = [factor](std::uint8_t level) {
+    return static_cast<std::uint8_t>(std::lround(std::clamp(level * factor, 0.0, 255.0)));
+  };
+  return {part(color.red), part(color.green), part(color.blue), color.alpha};
+}
+
 }  // namespace vistaplot

@@ -38,4 +38,7 @@ PictureColor InkOn(const ChartTheme& theme, const ChartColor& color);
 /// kLeastContrast.
 PictureColor PaleInk(const ChartTheme& theme, const PictureColor& ink, double part);
 
+/// `color` with its light multiplied by `factor`, 0 to 1; alpha stays.
+PictureColor Shaded(PictureColor color, double factor);
+
 }  // namespace vistaplot

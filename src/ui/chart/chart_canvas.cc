@@ -7,6 +7,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "charts/kinds/facet_raster.h"
+#include "charts/view/palette.h"
 #include "ui/chart/qt_color.h"
 
 namespace vistaplot {
@@ -159,6 +161,26 @@ class Replay {
     painter_.drawPolygon(polygon_);
   }
 
+  void operator()(const FillRegion& item) {
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const std::vector<PicturePoint>& ring : item.rings) {
+      CopyTo(polygon_, ring);
+      path.addPolygon(polygon_);
+      path.closeSubpath();
+    }
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.fillPath(path, QtColor(item.color));
+  }
+
+  void operator()(const FillFacets& item) {
+    if (pixels_ && place_.type() <= QTransform::TxTranslate) {
+      DrawPixels(item);
+    } else {
+      DrawFaces(item);
+    }
+  }
+
   void operator()(const StampMarkers& item) {
     const MarkerPath marker = PathOf(item.shape, item.size);
     if (pixels_ && place_.type() <= QTransform::TxScale) {
@@ -244,6 +266,33 @@ class Replay {
       }
     }
     painter_.drawLines(stretches_);
+  }
+
+  void DrawPixels(const FillFacets& item) {
+    const QRectF clip = painter_.clipBoundingRect();
+    const PixelBlock block =
+        RasterOf(item, {clip.left(), clip.top(), clip.right(), clip.bottom()}, ratio_);
+    if (block.pixels.empty()) return;
+    QImage image(reinterpret_cast<const uchar*>(block.pixels.data()),
+                 block.width,
+                 block.height,
+                 QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio_);
+    painter_.drawImage(QPointF(block.left / ratio_, block.top / ratio_), image);
+  }
+
+  // Each face with an outline, of its own colour where it has no edges to show: viewers smooth
+  // shapes one by one, and the ground would shine through between them.
+  void DrawFaces(const FillFacets& item) {
+    constexpr double kSeam = 0.4;
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    for (const PictureFacet& facet : item.facets) {
+      painter_.setBrush(QtColor(facet.color));
+      painter_.setPen(QPen(QtColor(Shaded(facet.color, item.outline)), kSeam));
+      polygon_.resize(0);
+      for (const PicturePoint& corner : facet.corners) polygon_.append({corner.x, corner.y});
+      painter_.drawPolygon(polygon_);
+    }
   }
 
   void Stamp(const MarkerPath& marker, const StampMarkers& item) {

@@ -1,0 +1,83 @@
+// The cells of a parameter chart as the drawing sees them: a value, or nothing, at every crossing
+// of a row and a column, and what a reader wants to know of one: its rank and its neighbourhood.
+// Rows and columns count from 1; row 1 holds the largest Y parameter and stands on top.
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "charts/view/chart_view.h"
+
+namespace vistaplot {
+
+/// One crossing of the grid.
+struct GridCell {
+  int row = 0;
+  int column = 0;
+  bool operator==(const GridCell&) const = default;
+};
+
+/// A copy of a view's values, row by row: neighbours lie side by side while regions are traced.
+class CellGrid {
+ public:
+  explicit CellGrid(const ChartView& view);
+
+  int Rows() const { return rows_; }
+  int Columns() const { return columns_; }
+
+  /// The value of a crossing of the grid; not a number where the cell is empty.
+  double At(int row, int column) const {
+    return values_[static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(columns_) +
+                   static_cast<std::size_t>(column - 1)];
+  }
+  bool Filled(int row, int column) const { return std::isfinite(At(row, column)); }
+
+  /// The square of cells (row, column) to (row + 1, column + 1) has a value at each corner.
+  bool SquareFilled(int row, int column) const {
+    return row >= 1 && column >= 1 && row < rows_ && column < columns_ && Filled(row, column) &&
+           Filled(row, column + 1) && Filled(row + 1, column) && Filled(row + 1, column + 1);
+  }
+
+  int FilledCount() const { return filled_; }
+  double Lowest() const { return lowest_; }    ///< of the filled cells; 0 without any
+  double Highest() const { return highest_; }  ///< of the filled cells; 0 without any
+
+  /// 1 for the best value of the grid; equal values share the better rank.
+  int RankOf(double value, bool lower_is_better) const;
+
+  /// The mean of the up to eight neighbours that are not empty, the cell itself left out; nothing
+  /// with fewer than three of them. A lone peak stands far above its plateau.
+  std::optional<double> PlateauOf(GridCell cell) const;
+
+  /// The best filled cell; of equal ones the one that `earlier(a, b)` puts first.
+  template <class Earlier>
+  std::optional<GridCell> Best(bool lower_is_better, const Earlier& earlier) const;
+
+  /// The filled cell with the best plateau, in reading order the first of equals.
+  std::optional<GridCell> BestPlateau(bool lower_is_better) const;
+
+ private:
+  int rows_ = 0;
+  int columns_ = 0;
+  std::vector<double> values_;
+  int filled_ = 0;
+  double lowest_ = 0.0;
+  double highest_ = 0.0;
+};
+
+template <class Earlier>
+std::optional<GridCell> CellGrid::Best(bool lower_is_better, const Earlier& earlier) const {
+  const double wanted = lower_is_better ? lowest_ : highest_;
+  std::optional<GridCell> best;
+  for (int row = 1; row <= rows_; ++row) {
+    for (int column = 1; column <= columns_; ++column) {
+      const GridCell cell{row, column};
+      if (At(row, column) == wanted && (!best || earlier(cell, *best))) best = cell;
+    }
+  }
+  return best;
+}
+
+}  // namespace vistaplot

@@ -1,0 +1,293 @@
+#include "charts/kinds/surface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <string>
+
+#include "charts/kinds/iso_regions.h"
+#include "charts/kinds/parameter_cells.h"
+#include "charts/kinds/surface_scene.h"
+
+namespace vistaplot {
+namespace {
+
+// Room for the labels around the box, as parts of the plot.
+constexpr double kSideRoom = 0.09;
+constexpr double kTopRoom = 0.01;
+constexpr double kBottomRoom = 0.13;
+
+constexpr double kLabelPoints = 9.0;
+constexpr double kTitlePoints = 10.0;
+constexpr double kTick = 6.0;  // lengths at scale 1
+constexpr double kMarkSize = 13.0;
+constexpr double kLeastFacet = 1.0;  // pixels of the device; smaller ones are drawn by twos, threes
+constexpr int kWholeFacets = 10000;  // while turning, larger surfaces are drawn by twos
+constexpr double kCapPart = 0.36;    // half the height of capitals, in font sizes
+
+PictureBox RoomOf(const PictureBox& plot) {
+  return {plot.left + kSideRoom * plot.Width(),
+          plot.top + kTopRoom * plot.Height(),
+          plot.right - kSideRoom * plot.Width(),
+          plot.bottom - kBottomRoom * plot.Height()};
+}
+
+SurfaceScene SceneOf(const ChartView& view, const ParameterCells& cells, const PictureBox& plot) {
+  return {cells.grid, cells.bands, view.facts.cells.turn, RoomOf(plot)};
+}
+
+int StrideOf(const DrawContext& context, const ParameterCells& cells, const SurfaceScene& scene) {
+  const double pixels = scene.FacetWidth() * context.detail;
+  const int stride = std::max(1, static_cast<int>(std::ceil(kLeastFacet / pixels)));
+  const bool large = static_cast<double>(cells.grid.Rows()) * cells.grid.Columns() > kWholeFacets;
+  return context.view.facts.cells.turning && large ? std::max(stride, 2) : stride;
+}
+
+// 1, 2, 5, 10, 20, 50, ...: the first at or above `least`.
+int WholeStep(double least) {
+  for (int power = 1;; power *= 10) {
+    for (const int step : {1, 2, 5}) {
+      if (step * power >= std::min(least, 1e6)) return step * power;
+    }
+  }
+}
+
+class Painter {
+ public:
+  Painter(const DrawContext& context,
+          const ParameterCells& cells,
+          const SurfaceScene& scene,
+          ChartPicture& picture)
+      : context_(context),
+        cells_(cells),
+        scene_(scene),
+        picture_(picture),
+        near_(scene.NearestCorner()),
+        label_pixels_(context.FontPixels(kLabelPoints)) {}
+
+  void DrawAll() {
+    DrawBase();
+    DrawWalls();
+    picture_.Add(scene_.Facets(StrideOf(context_, cells_, scene_), context_.theme.dark));
+    DrawMark(cells_.plateau, false);
+    DrawMark(cells_.best, true);
+    const CellGrid& grid = cells_.grid;
+    DrawEdge({.count = grid.Columns(),
+              .at =
+                  [&](int i) {
+                    return BoxPoint{scene_.OnBase(1, i).x, near_.y, 0.0};
+                  },
+              .outwards = {0.0, near_.y, 0.0},
+              .text = [&](int i) { return ColumnNumber(context_.view, i); },
+              .title = context_.view.Plot.Axis[3].AxisTitle.Text});
+    DrawEdge({.count = grid.Rows(),
+              .at =
+                  [&](int i) {
+                    return BoxPoint{near_.x, scene_.OnBase(i, 1).y, 0.0};
+                  },
+              .outwards = {near_.x, 0.0, 0.0},
+              .text = [&](int i) { return RowNumber(context_.view, i); },
+              .title = context_.view.Plot.Axis[0].AxisTitle.Text});
+    DrawHeights();
+  }
+
+ private:
+  // One side of the base with the numbers of a parameter.
+  struct Edge {
+    int count;
+    std::function<BoxPoint(int)> at;  // from 1
+    BoxPoint outwards;
+    std::function<std::string(int)> text;
+    std::string title;
+  };
+
+  void Line(const std::vector<BoxPoint>& points, PictureColor ink) {
+    StrokeLine line{{}, ink, std::max(1.0, std::floor(context_.scale))};
+    for (const BoxPoint& point : points) line.points.push_back(scene_.Project(point));
+    picture_.Add(std::move(line));
+  }
+
+  FillRegion OnBase(const std::vector<GridLine>& rings, int band) const {
+    FillRegion region{{}, BandColor(cells_.bands, band, context_.theme.dark)};
+    for (const GridLine& ring : rings) {
+      auto& points = region.rings.emplace_back();
+      for (const PicturePoint& p : ring) {
+        points.push_back(scene_.Project(scene_.OnBase(p.y, p.x)));
+      }
+    }
+    return region;
+  }
+
+  void DrawBase() {
+    picture_.Add(OnBase(TraceFilledSquares(cells_.grid), 0));
+    int band = 0;
+    for (const IsoRegion& region : TraceRegions(cells_.grid, cells_.bands.InnerLimits())) {
+      picture_.Add(OnBase(region.rings, ++band));
+    }
+    Line({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}, {-1, -1, 0}}, context_.theme.axis);
+  }
+
+  // The two sides of the box behind the surface, with the heights that are labelled.
+  void DrawWalls() {
+    const auto wall = [&](double z) {
+      return std::vector<BoxPoint>{
+          {-near_.x, near_.y, z}, {-near_.x, -near_.y, z}, {near_.x, -near_.y, z}};
+    };
+    for (int i = 0; i <= cells_.bands.count; i += HeightStep()) {
+      Line(wall(HeightOf(i)), context_.theme.guide);
+    }
+    for (const BoxPoint& foot : wall(0.0)) {
+      Line({foot, {foot.x, foot.y, 1.0}}, context_.theme.guide_zero);
+    }
+    Line(wall(1.0), context_.theme.guide_zero);
+  }
+
+  double HeightOf(int limit) const {
+    return scene_.PointAt(1, 1, cells_.bands.LowerLimit(limit)).z;
+  }
+
+  // Limits of bands from label to label.
+  int HeightStep() const {
+    const double between =
+        scene_.Project({0, 0, HeightOf(0)}).y - scene_.Project({0, 0, HeightOf(1)}).y;
+    if (between < 1.0) return cells_.bands.count;  // seen from above
+    return WholeStep(1.4 * label_pixels_ / between);
+  }
+
+  // Along the upright that stands farthest left.
+  void DrawHeights() {
+    const BoxPoint a{-near_.x, near_.y, 0.0};
+    const BoxPoint b{near_.x, -near_.y, 0.0};
+    const BoxPoint foot = scene_.Project(a).x < scene_.Project(b).x ? a : b;
+    if (scene_.Project({0, 0, 0}).y - scene_.Project({0, 0, 1}).y < 2.0 * label_pixels_) return;
+    for (int i = 0; i <= cells_.bands.count; i += HeightStep()) {
+      const PicturePoint at = scene_.Project({foot.x, foot.y, HeightOf(i)});
+      const double tick = kTick * context_.scale;
+      picture_.Add(StrokeLine{{at, {at.x - tick, at.y}}, context_.theme.axis, 1.0});
+      Text(PlainValueText(static_cast<float>(cells_.bands.LowerLimit(i))),
+           {at.x - 1.5 * tick, at.y},
+           TextAlign::kRight,
+           label_pixels_,
+           false);
+    }
+  }
+
+  void DrawEdge(const Edge& edge) {
+    const PicturePoint middle = scene_.Project({});
+    const PicturePoint end = scene_.Project(edge.outwards);
+    const double length = std::hypot(end.x - middle.x, end.y - middle.y);
+    if (length < 1.0) return;
+    const PicturePoint out{(end.x - middle.x) / length, (end.y - middle.y) / length};
+    const TextAlign align = out.x < -0.35  ? TextAlign::kRight
+                            : out.x > 0.35 ? TextAlign::kLeft
+                                           : TextAlign::kCenter;
+    double widest = 0.0;
+    for (const int i : {1, edge.count / 2 + 1, edge.count}) {
+      widest = std::max(widest, context_.measure.Width(edge.text(i), label_pixels_, false));
+    }
+    const double tick = kTick * context_.scale;
+    for (int i = 1; i <= edge.count; i += LabelStep(edge, widest)) {
+      const PicturePoint at = scene_.Project(edge.at(i));
+      const PicturePoint tip{at.x + out.x * tick, at.y + out.y * tick};
+      picture_.Add(StrokeLine{{at, tip}, context_.theme.axis, 1.0});
+      const double down = out.y * 0.7 * label_pixels_;
+      Text(edge.text(i), {tip.x + out.x * 0.5 * tick, tip.y + down}, align, label_pixels_, false);
+    }
+    const double reach = 2.0 * tick + std::abs(out.x) * widest + 1.9 * label_pixels_;
+    const BoxPoint from = edge.at(1);
+    const BoxPoint to = edge.at(edge.count);
+    const PicturePoint half = scene_.Project({(from.x + to.x) / 2.0, (from.y + to.y) / 2.0, 0.0});
+    Text(edge.title,
+         {half.x + out.x * reach, half.y + out.y * reach},
+         align,
+         context_.FontPixels(kTitlePoints),
+         true);
+  }
+
+  // Numbers from label to label, so that neighbours keep apart to the side or in height.
+  int LabelStep(const Edge& edge, double widest) const {
+    if (edge.count < 2) return 1;
+    const PicturePoint a = scene_.Project(edge.at(1));
+    const PicturePoint b = scene_.Project(edge.at(2));
+    const double across = std::abs(b.x - a.x) / (widest + 0.8 * label_pixels_);
+    const double down = std::abs(b.y - a.y) / (1.3 * label_pixels_);
+    return WholeStep(1.0 / std::max({across, down, 1e-6}));
+  }
+
+  void DrawMark(const std::optional<GridCell>& cell, bool best) {
+    if (!cell) return;
+    const double value = cells_.grid.At(cell->row, cell->column);
+    const PicturePoint at = scene_.Project(scene_.PointAt(cell->row, cell->column, value));
+    picture_.Add(CellMark(best, at, kMarkSize * context_.scale));
+  }
+
+  void Text(const std::string& text, PicturePoint at, TextAlign align, int pixels, bool bold) {
+    const double width = context_.measure.Width(text, pixels, bold);
+    const double before = align == TextAlign::kLeft ? 0.0 : align == TextAlign::kRight ? 1.0 : 0.5;
+    const double left =
+        std::clamp(at.x - before * width, 2.0, std::max(2.0, context_.size.width - width - 2.0));
+    picture_.Add(DrawText{.text = text,
+                          .at = {std::round(left), std::round(at.y + kCapPart * pixels)},
+                          .pixel_size = pixels,
+                          .bold = bold,
+                          .color = bold ? context_.theme.title : context_.theme.label});
+  }
+
+  const DrawContext& context_;
+  const ParameterCells& cells_;
+  const SurfaceScene& scene_;
+  ChartPicture& picture_;
+  BoxPoint near_;
+  int label_pixels_;
+};
+
+}  // namespace
+
+std::vector<LegendMark> SurfaceKind::Legend(const ChartView& view, const ChartTheme& theme) const {
+  return ParameterLegend(view, theme);
+}
+
+void SurfaceKind::Draw(const DrawContext& context,
+                       const PlotScale& scale,
+                       ChartPicture& picture) const {
+  const ParameterCells cells(context.view);
+  if (cells.grid.FilledCount() == 0) return;
+  const SurfaceScene scene = SceneOf(context.view, cells, scale.box);
+  Painter(context, cells, scene, picture).DrawAll();
+}
+
+std::optional<ChartHit> SurfaceKind::HitAt(const ChartView& view,
+                                           const ChartPicture& picture,
+                                           PicturePoint at,
+                                           double reach) const {
+  const ParameterCells cells(view);
+  if (cells.grid.FilledCount() == 0) return std::nullopt;
+  const SurfaceScene scene = SceneOf(view, cells, picture.scale.box);
+  const double most = std::max(reach, 0.75 * scene.FacetWidth());
+  std::optional<ChartHit> hit;
+  double nearest = 0.0;
+  for (int row = 1; row <= cells.grid.Rows(); ++row) {
+    for (int column = 1; column <= cells.grid.Columns(); ++column) {
+      if (!cells.grid.Filled(row, column)) continue;
+      const BoxPoint point = scene.PointAt(row, column, cells.grid.At(row, column));
+      const PicturePoint seen = scene.Project(point);
+      const double away = std::hypot(seen.x - at.x, seen.y - at.y);
+      if (away > most) continue;
+      // Of the cells around the pointer the nearest to it; one clearly in front hides the others.
+      const double rating = scene.Nearness(point) - 0.5 * away / most;
+      if (hit && rating <= nearest) continue;
+      nearest = rating;
+      hit = ChartHit{column, row};
+    }
+  }
+  return hit;
+}
+
+ReadOut SurfaceKind::ReadAt(const ChartView& view,
+                            int row,
+                            int column,
+                            const ChartTheme& theme) const {
+  return ReadCell(view, row, column, theme);
+}
+
+}  // namespace vistaplot
