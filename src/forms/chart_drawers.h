@@ -23,6 +23,13 @@ Outcome DrawCandleChart(const Context& context, const DrawRequest& request);
 /// Boxes of the fund at CurrentFund, by the point-and-figure parameters in use.
 Outcome DrawBoxChart(const Context& context, const DrawRequest& request);
 
+/// The chosen statistic of every test case, one series a loaded sheet; of a computed summary its
+/// sheet alone.
+Outcome DrawTestCaseChart(const Context& context, const DrawRequest& request);
+
+/// The chosen data field of the active sheet over its two parameters.
+Outcome DrawParameterChart(const Context& context, const DrawRequest& request);
+
 /// Size of the display as builders want it.
 ChartDisplay DisplayOf(const Context& context);
 

@@ -23,21 +23,16 @@ class FlagScope {
   bool& flag_;
 };
 
-/// For kinds that nothing draws yet.
-Outcome DrawNothing(const Context& /*context*/, const DrawRequest& request) {
-  return RefusedBuild("This version draws prices only", request.end_day);
-}
-
 /// By graph type.
 constexpr std::array<ChartDrawer, 9> kDrawers = {DrawPriceChart,
                                                  DrawPriceChart,
                                                  DrawCandleChart,
                                                  DrawCandleChart,
                                                  DrawBoxChart,
-                                                 DrawNothing,
-                                                 DrawNothing,
-                                                 DrawNothing,
-                                                 DrawNothing};
+                                                 DrawParameterChart,
+                                                 DrawTestCaseChart,
+                                                 DrawTestCaseChart,
+                                                 DrawParameterChart};
 
 bool IsPrices(GraphType type) {
   return type <= GraphType::kPointAndFigure;

@@ -91,6 +91,8 @@ class FrmTab : public Form {
   GraphType ChosenGraph() const;
   bool FamiliesChosen() const { return lists.OptSelect.ListIndex() == 0; }
   bool OneAtATime() const { return optOneAll.ListIndex() == 1; }
+  /// What the lists of parameters and statistics of result files depend on, as loaded now.
+  FieldSource Fields() const;
   /// An analysis is ticked that is drawn in a chart of its own, on the screen of three charts.
   bool AnalysisTicked() const { return indicators.AnalysisTicked(); }
 
@@ -114,7 +116,6 @@ class FrmTab : public Form {
   void OverlayTicked(const CheckBox& box);
   void FillParameterLists(DataType type);
   void ShowParameterLists(bool shown, bool data_field);
-  FieldSource Fields() const;
 
   std::vector<std::string> SelectedEntries() const;
   void LoadSelection();
