@@ -38,6 +38,13 @@ class ChartBox : public Control {
     if (PointSelected) PointSelected(selection);
   }
 
+  /// A cell of a chart over two parameters was opened: Enter, or a double click.
+  std::function<void(int row, int column)> CellOpened;
+
+  void RaiseCellOpened(int row, int column) {
+    if (CellOpened) CellOpened(row, column);
+  }
+
   /// The day axes of this chart and `other` lie below each other, and one cross-hair goes through
   /// both. Both live as long as their form.
   void ShareDaysWith(ChartBox& other) {

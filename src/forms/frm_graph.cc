@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/date.h"
+#include "charts/builders/summary_chart.h"
 #include "controls/scaling.h"
 #include "forms/screens.h"
 
@@ -18,6 +19,7 @@ FrmGraph::FrmGraph(const Context& context)
   HScroll1.SetEnabled(false);  // until a chart is drawn
   HScroll1.Change = [this] { HScroll1_Change(); };
   VtChart1.PointSelected = [this](PointSelection& selection) { VtChart1_PointSelected(selection); };
+  VtChart1.CellOpened = [this](int row, int column) { ShowCase(row, column); };
 }
 
 void FrmGraph::Form_Load() {
@@ -26,6 +28,21 @@ void FrmGraph::Form_Load() {
 
 void FrmGraph::HScroll1_Change() {
   context_.screens.drawing.Scrolled(PriceScreen::kGraph);
+}
+
+void FrmGraph::ShowCase(int row, int column) {
+  DataTable& table = context_.state.table;
+  Sheet& sheet = table.Active();
+  const int sheet_row = CaseRow(VtChart1.view, sheet, row, column);
+  if (sheet_row < 1) return;
+  sheet.Select({.SelStartRow = sheet_row,
+                .SelStartCol = 1,
+                .SelEndRow = sheet_row,
+                .SelEndCol = sheet.MaxCol});
+  sheet.Row = sheet_row;
+  sheet.Col = 1;
+  table.NotifyContent(table.ActiveSheet());
+  context_.screens.frmMain.cmdShowData_Click();
 }
 
 void FrmGraph::VtChart1_PointSelected(PointSelection& selection) {

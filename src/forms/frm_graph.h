@@ -21,6 +21,10 @@ class FrmGraph : public Form {
   /// Shows the clicked day's value in a box.
   void VtChart1_PointSelected(PointSelection& selection);
 
+  /// Shows the row of the data screen that a cell of a chart over two parameters was made from,
+  /// selected as a whole. Nothing happens for an empty cell, or when another sheet is active.
+  void ShowCase(int row, int column);
+
  protected:
   void Form_Load() override;
 

@@ -158,6 +158,8 @@ void StateGrid(const ParameterRequest& request,
   cells.step_x = x.Step();
   cells.first_y = y.largest;
   cells.step_y = y.Step();
+  cells.x_column = request.x.column;
+  cells.y_column = request.y.column;
   cells.lower_is_better = request.lower_is_better;
 }
 
@@ -230,6 +232,23 @@ BuildOutcome BuildParameterChart(const ParameterRequest& request,
             charted,
             view);
   return Drawn();
+}
+
+int CaseRow(const ChartView& view, const Sheet& sheet, int row, int column) {
+  const GridParameters& cells = view.facts.cells;
+  const int made_from = cells.CaseAt(view.ColumnCount(), row, column);
+  if (made_from < 1 || view.Footnote.Text != sheet.SheetName) return 0;
+  const auto fits = [&](int candidate) {
+    const double x = sheet.CellNumber(candidate, cells.x_column);
+    const double y = sheet.CellNumber(candidate, cells.y_column);
+    return GridPlace((x - cells.first_x) / cells.step_x, view.ColumnCount()) == column &&
+           GridPlace((cells.first_y - y) / cells.step_y, view.rowcount()) == row;
+  };
+  if (made_from <= sheet.MaxRow && fits(made_from)) return made_from;
+  for (int candidate = sheet.FixedRows + 1; candidate <= sheet.MaxRow; ++candidate) {
+    if (fits(candidate)) return candidate;
+  }
+  return 0;
 }
 
 }  // namespace vistaplot

@@ -58,4 +58,8 @@ BuildOutcome BuildParameterChart(const ParameterRequest& request,
                                  const DataTable& table,
                                  ChartView& view);
 
+/// The sheet's row that a cell of a parameter chart was made from, also after the sheet was sorted;
+/// 0 for an empty cell, and where the sheet holds that case no longer.
+int CaseRow(const ChartView& view, const Sheet& sheet, int row, int column);
+
 }  // namespace vistaplot

@@ -14,6 +14,10 @@ class ContourKind : public Kind {
   PositionAxis Positions() const override { return PositionAxis::kCells; }
   std::vector<DrawnSeries> Series(const ChartView&) const override { return {}; }
   std::vector<LegendMark> Legend(const ChartView& view, const ChartTheme& theme) const override;
+  void DrawSwatch(const DrawContext& /*context*/,
+                  const DrawnSeries& /*series*/,
+                  const PictureBox& /*box*/,
+                  ChartPicture& /*picture*/) const override {}
   AxisRanges Values(const ChartView& view) const override;
   void Draw(const DrawContext& context,
             const PlotScale& scale,

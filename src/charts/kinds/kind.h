@@ -65,6 +65,9 @@ class Kind {
   virtual std::string ColumnText(const ChartView& /*view*/, int /*column*/) const { return {}; }
   virtual std::string RowText(const ChartView& /*view*/, int /*row*/) const { return {}; }
 
+  /// The figure is turned by dragging it and by the arrow keys, and has no cross-hair.
+  virtual bool Turns() const { return false; }
+
   /// Where the cross-hair rests.
   virtual StopList Stops(const ChartView& view) const = 0;
 

@@ -290,4 +290,20 @@ ReadOut SurfaceKind::ReadAt(const ChartView& view,
   return ReadCell(view, row, column, theme);
 }
 
+void TurnSurface(ChartView& view, double right, double down) {
+  constexpr double kDegrees = 0.4;  // of a unit
+  SurfaceTurn& turn = view.facts.cells.turn;
+  turn = TurnedBy(turn, -kDegrees * right, kDegrees * down);
+}
+
+void StepSurface(ChartView& view, int right, int up) {
+  constexpr double kDegrees = 5.0;
+  SurfaceTurn& turn = view.facts.cells.turn;
+  turn = TurnedBy(turn, -kDegrees * right, kDegrees * up);
+}
+
+void ResetSurface(ChartView& view) {
+  view.facts.cells.turn = {};
+}
+
 }  // namespace vistaplot

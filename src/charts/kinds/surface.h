@@ -13,6 +13,10 @@ class SurfaceKind : public Kind {
   PositionAxis Positions() const override { return PositionAxis::kNone; }
   std::vector<DrawnSeries> Series(const ChartView&) const override { return {}; }
   std::vector<LegendMark> Legend(const ChartView& view, const ChartTheme& theme) const override;
+  void DrawSwatch(const DrawContext& /*context*/,
+                  const DrawnSeries& /*series*/,
+                  const PictureBox& /*box*/,
+                  ChartPicture& /*picture*/) const override {}
   AxisRanges Values(const ChartView&) const override { return {}; }
   void Draw(const DrawContext& context,
             const PlotScale& scale,
@@ -21,11 +25,22 @@ class SurfaceKind : public Kind {
                                 const ChartPicture& picture,
                                 PicturePoint at,
                                 double reach) const override;
+  bool Turns() const override { return true; }
   StopList Stops(const ChartView&) const override { return {}; }
   ReadOut ReadAt(const ChartView& view,
                  int row,
                  int column,
                  const ChartTheme& theme) const override;
 };
+
+/// Turns a surface as a hand that drags it does: so many units to the right and downwards. Other
+/// kinds stay as they are.
+void TurnSurface(ChartView& view, double right, double down);
+
+/// By steps of an arrow key, to the right and upwards.
+void StepSurface(ChartView& view, int right, int up);
+
+/// Back to the side that it shows at first.
+void ResetSurface(ChartView& view);
 
 }  // namespace vistaplot

@@ -15,10 +15,12 @@ struct SurfaceTurn {
 };
 
 struct GridParameters {
-  double first_x = 1.0;          ///< the parameter of column 1, the smallest
-  double step_x = 1.0;           ///< from column to column
-  double first_y = 1.0;          ///< the parameter of row 1, the largest
-  double step_y = 1.0;           ///< from row down to row
+  double first_x = 1.0;  ///< the parameter of column 1, the smallest
+  double step_x = 1.0;   ///< from column to column
+  double first_y = 1.0;  ///< the parameter of row 1, the largest
+  double step_y = 1.0;   ///< from row down to row
+  int x_column = 0;      ///< of the sheet, from 1; 0: unknown
+  int y_column = 0;
   bool lower_is_better = false;  ///< a draw-down, an ulcer index
 
   /// The sheet's row of each cell, grid row by grid row; 0 for an empty cell. May be shorter.

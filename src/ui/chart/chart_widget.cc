@@ -8,6 +8,8 @@
 #include <cmath>
 #include <utility>
 
+#include "charts/kinds/kind.h"
+#include "charts/kinds/surface.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/qt_color.h"
 #include "ui/chart/read_out_line.h"
@@ -195,7 +197,10 @@ void ChartWidget::changeEvent(QEvent* event) {
 void ChartWidget::keyPressEvent(QKeyEvent* event) {
   Prepare();
   const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  if (!plain || !cross_hair_.Possible() || !DoKey(event->key())) QWidget::keyPressEvent(event);
+  const bool turns = KindOf(control_.view).Turns();
+  const bool done =
+      plain && (turns ? DoTurnKey(event->key()) : cross_hair_.Possible() && DoKey(event->key()));
+  if (!done) QWidget::keyPressEvent(event);
 }
 
 // False for keys that mean nothing here.
@@ -229,6 +234,9 @@ bool ChartWidget::DoKey(int key) {
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
+      if (cross_hair_.Shown() && OpenCell({cross_hair_.Place().column, cross_hair_.Row()})) {
+        return true;
+      }
       if (!cross_hair_.Shown() || marks_.Chosen() == nullptr) return false;
       SelectPoint(chosen_series_, cross_hair_.Row());
       return true;
@@ -240,6 +248,57 @@ bool ChartWidget::DoKey(int key) {
       return false;
   }
   ShowCrossHair();
+  return true;
+}
+
+bool ChartWidget::DoTurnKey(int key) {
+  ChartView& view = control_.view;
+  switch (key) {
+    case Qt::Key_Left:
+      StepSurface(view, -1, 0);
+      break;
+    case Qt::Key_Right:
+      StepSurface(view, 1, 0);
+      break;
+    case Qt::Key_Up:
+      StepSurface(view, 0, 1);
+      break;
+    case Qt::Key_Down:
+      StepSurface(view, 0, -1);
+      break;
+    case Qt::Key_Home:
+      ResetSurface(view);
+      break;
+    default:
+      return false;
+  }
+  view.Refresh();
+  return true;
+}
+
+// A surface turns with the hand, large ones coarser until the button is let go.
+void ChartWidget::Drag(QPointF at) {
+  const QPointF from = std::exchange(dragged_to_, at).value_or(*pressed_at_);
+  control_.view.facts.cells.turning = true;
+  TurnSurface(control_.view, at.x() - from.x(), at.y() - from.y());
+  control_.view.Refresh();
+}
+
+// What stands under the pointer where no cross-hair can go.
+void ChartWidget::ReadCellAt(QPointF at) {
+  const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
+  if (!hit) return ClearCrossHair();
+  const ReadOut read_out = ReadRow(control_.view, hit->point, theme_.dark, hit->series);
+  read_out_line_.Show(read_out, hit->series);
+  read_out_text_ = QtText(LineText(read_out));
+  setAccessibleDescription(read_out_text_);
+}
+
+// False on charts without cells; of a cell nobody made nothing opens.
+bool ChartWidget::OpenCell(const ChartHit& hit) {
+  const PositionAxis axis = KindOf(control_.view).Positions();
+  if (axis != PositionAxis::kCells && axis != PositionAxis::kNone) return false;
+  guard_.Run([&] { control_.RaiseCellOpened(hit.point, hit.series); });
   return true;
 }
 
@@ -261,6 +320,7 @@ bool ChartWidget::ChooseNext(int step) {
 
 void ChartWidget::PointAt(QPointF at) {
   Prepare();
+  if (KindOf(control_.view).Turns()) return ReadCellAt(at);
   const PictureBox& plot = picture_.plot;
   if (!cross_hair_.Possible() || at.x() < plot.left - kPlotReach ||
       at.x() > plot.right + kPlotReach || at.y() >= ChartSize().height()) {
@@ -313,22 +373,37 @@ void ChartWidget::ReplaceMarks(const CrossHairMarks& marks) {
 }
 
 void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (pressed_at_ && KindOf(control_.view).Turns()) return Drag(event->position());
   PointAt(event->position());
 }
 
 void ChartWidget::mousePressEvent(QMouseEvent* event) {
   pressed_at_.reset();
+  dragged_to_.reset();
   if (event->button() == Qt::LeftButton) pressed_at_ = event->position();
 }
 
 void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF at = event->position();
   const auto pressed_at = std::exchange(pressed_at_, std::nullopt);
+  if (dragged_to_) {
+    dragged_to_.reset();
+    control_.view.facts.cells.turning = false;
+    control_.view.Refresh();
+    return;
+  }
   if (!pressed_at || (at - *pressed_at).manhattanLength() > kClickReach) return;
   Prepare();
   if (cross_hair_.Shown()) PointAt(at);  // keys may have moved it away from a resting pointer
   const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
   if (hit) SelectPoint(hit->series, RowOfClick(*hit));
+}
+
+void ChartWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  Prepare();
+  const QPointF at = event->position();
+  const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
+  if (!hit || !OpenCell(*hit)) QWidget::mouseDoubleClickEvent(event);
 }
 
 // On a steep curve the nearest point may be days beside the pointer; the day that the read-out

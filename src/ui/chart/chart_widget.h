@@ -77,6 +77,7 @@ class ChartWidget : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
@@ -88,6 +89,10 @@ class ChartWidget : public QWidget {
   void PaintNoChart(QPainter& painter) const;
   void PaintFocusFrame(QPainter& painter) const;
   bool DoKey(int key);
+  bool DoTurnKey(int key);
+  void Drag(QPointF at);
+  void ReadCellAt(QPointF at);
+  bool OpenCell(const ChartHit& hit);
   bool ChooseNext(int step);
   int LabelSpacing() const;
   void PointAt(QPointF at);
@@ -116,7 +121,8 @@ class ChartWidget : public QWidget {
   int chosen_series_ = 1;  ///< from 1; the cross-hair's horizontal line goes through its point
   QString read_out_text_;
   std::optional<QPointF> pressed_at_;
-  int scroll_rest_ = 0;  ///< turns of the wheel that are no whole notch yet
+  std::optional<QPointF> dragged_to_;  ///< while a surface follows the hand
+  int scroll_rest_ = 0;                ///< turns of the wheel that are no whole notch yet
   int period_rest_ = 0;
 };
 

@@ -168,6 +168,18 @@ TEST(ParameterChart, ValuesFromTheSearchStartOnGiveNoStep) {
   EXPECT_EQ(single.Cells(), "8/7") << "a single column of cells";
 }
 
+TEST(ParameterChart, ACellKnowsItsRowAlsoAfterASort) {
+  World world;
+  Sheet& sheet = world.AddSheet("T", "1 1 7\n2 1 8\n1 2 9\n2 1 5");
+  world.DrawCells();
+  EXPECT_EQ(CaseRow(world.view, sheet, 2, 2), 6) << "the later row of the same cell";
+  EXPECT_EQ(CaseRow(world.view, sheet, 1, 2), 0) << "an empty cell";
+  sheet.Sort({.SelStartRow = 3, .SelStartCol = 1, .SelEndRow = 6, .SelEndCol = 3}, {-3, 0, 0});
+  EXPECT_EQ(sheet.CellText(CaseRow(world.view, sheet, 1, 1), 3), "9");
+  sheet.SheetName = "OTHER";
+  EXPECT_EQ(CaseRow(world.view, sheet, 1, 1), 0);
+}
+
 TEST(ParameterChart, AGridBeyondFourMillionCellsIsRefused) {
   World world;
   world.AddSheet("T", "0 0 1\n1 1 2\n2001 2000 3");
