@@ -29,6 +29,24 @@ std::string BaseFolder(const EnvironmentLookup& environment,
   return JoinPath(HomeFolder(environment), below_home);
 }
 
+// The folder in a line XDG_DOCUMENTS_DIR="$HOME/Texts" of the file; empty where none says so.
+std::string NamedDocuments(const std::string& file, const std::string& home) {
+  constexpr std::string_view kBegin = "XDG_DOCUMENTS_DIR=\"";
+  constexpr std::string_view kHome = "$HOME";
+  const Result<std::string> lines = ReadWholeFile(file);
+  if (!lines) return {};
+  std::string folder;
+  for (std::string_view line : Split(lines.Value(), '\n')) {
+    line = TrimBlanks(line);
+    if (!line.starts_with(kBegin) || !line.ends_with('"')) continue;
+    line.remove_prefix(kBegin.size());
+    line.remove_suffix(1);
+    folder =
+        line.starts_with(kHome) ? home + std::string(line.substr(kHome.size())) : std::string(line);
+  }
+  return folder;
+}
+
 }  // namespace
 
 EnvironmentLookup ProcessEnvironment() {
@@ -48,6 +66,14 @@ std::string DataFolder(const EnvironmentLookup& environment) {
 
 std::string ConfigFolder(const EnvironmentLookup& environment) {
   return BaseFolder(environment, "XDG_CONFIG_HOME", ".config");
+}
+
+std::string DocumentsFolder(const EnvironmentLookup& environment) {
+  const std::string home = HomeFolder(environment);
+  std::string named = NamedDocuments(JoinPath(ConfigFolder(environment), "user-dirs.dirs"), home);
+  if (FolderExists(named)) return named;
+  std::string usual = JoinPath(home, "Documents");
+  return FolderExists(usual) ? usual : home;
 }
 
 std::string DefaultServiceFolder(const EnvironmentLookup& environment) {

@@ -22,6 +22,10 @@ std::string DataFolder(const EnvironmentLookup& environment = ProcessEnvironment
 /// $XDG_CONFIG_HOME when that is an absolute path, else .config below the home.
 std::string ConfigFolder(const EnvironmentLookup& environment = ProcessEnvironment());
 
+/// Where documents are kept: what user-dirs.dirs of the configuration folder names
+/// (XDG_DOCUMENTS_DIR), else Documents below the home where that is there, else the home.
+std::string DocumentsFolder(const EnvironmentLookup& environment = ProcessEnvironment());
+
 /// The market-data service's directory when nobody names one: $QUOTELINE_DIR unless that is empty
 /// (a relative one counts from the current folder), else "quoteline" in the data folder.
 std::string DefaultServiceFolder(const EnvironmentLookup& environment = ProcessEnvironment());

@@ -7,6 +7,8 @@
 #include "controls/list_controls.h"
 #include "controls/simple_controls.h"
 #include "controls/value_controls.h"
+#include "controls/view_controls.h"
+#include "table/sheet_display.h"
 
 namespace vistaplot {
 
@@ -28,6 +30,13 @@ void WriteEntries(JsonWriter& json, const EntryControl& control) {
 void WriteScrollBar(JsonWriter& json, const ScrollBar& bar) {
   json.Key("value").Integer(bar.Value());
   json.Key("min").Integer(bar.Min()).Key("max").Integer(bar.Max());
+}
+
+void WriteSheet(JsonWriter& json, const Sheet& sheet) {
+  json.Key("first_row").Integer(FirstRowToShow(sheet)).Key("sorted_by").Integer(sheet.SortedBy);
+  json.Key("heading_tips").BeginArray();
+  for (int col = 1; col <= sheet.MaxCol; ++col) json.Text(HeadingTip(sheet, col));
+  json.EndArray();
 }
 
 void WriteContent(JsonWriter& json, const Control& control) {
@@ -52,7 +61,9 @@ void WriteContent(JsonWriter& json, const Control& control) {
       return WriteEntries(json, static_cast<const EntryControl&>(control));
     case ControlKind::kTimer:
     case ControlKind::kGrid:
+      return;
     case ControlKind::kChartBox:
+      json.Key("text").Text(static_cast<const ChartBox&>(control).view.WhyEmpty);
       return;
     default:
       break;
@@ -66,12 +77,13 @@ void WriteLength(JsonWriter& json, std::string_view key, const std::optional<flo
 
 }  // namespace
 
-std::string ControlJson(const FoundControl& found) {
+std::string ControlJson(const FoundControl& found, const DataTable& table) {
   const Control& control = *found.control;
   JsonWriter json;
   json.BeginObject().Key("name").Text(found.Name());
   json.Key("kind").Text(KindName(control.Kind()));
   WriteContent(json, control);
+  if (control.Kind() == ControlKind::kGrid) WriteSheet(json, table.Active());
   json.Key("visible").Bool(control.Visible()).Key("enabled").Bool(control.Enabled());
   WriteLength(json, "left", control.Where().Left);
   WriteLength(json, "top", control.Where().Top);

@@ -120,7 +120,8 @@ std::string DumpOfReading(const ScriptWorld& world, ScriptWords words) {
 
 void DumpCommand(ScriptWorld& world, ScriptWords words) {
   if (words.size() == 3 && Is(words[0], "sheet")) {
-    return WriteDump(world, words[2], SheetCsv(SheetFromWord(world, words[1])));
+    return WriteDump(
+        world, words[2], SheetCsv(SheetFromWord(world, words[1]), CellEnds::kAsTheyStand));
   }
   if (words.size() == 3 && Is(words[0], "chart")) {
     return WriteDump(world, words[2], DumpOfChart(ChartFromWord(world, words[1])) + "\n");
@@ -139,7 +140,7 @@ void DumpCommand(ScriptWorld& world, ScriptWords words) {
   } else if (Is(words[0], "state")) {
     world.out << world.state_json() << '\n';
   } else {
-    world.out << ControlJson(FindControl(world, words[0])) << '\n';
+    world.out << ControlJson(FindControl(world, words[0]), world.table) << '\n';
   }
 }
 

@@ -98,6 +98,7 @@ std::optional<std::string> ScriptDialogs::ChooseFileToSave(const FileRequest& re
   if (queued) answer = queued->texts.front();
   JsonWriter json = BeginReport("save", request.title);
   json.Key("filter").Text(request.filter);
+  if (!request.file_name.empty()) json.Key("proposed").Text(request.file_name);
   Answered(json, answer);
   EndReport(json, out_);
   return answer;

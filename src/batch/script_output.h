@@ -16,8 +16,12 @@ class ScriptOutput : public Output {
   Status SaveChart(const ChartView& view, const std::string& path, int width, int height) override {
     return exporter_(view, path, width, height);
   }
-  Status PrintChart(const ChartView& /*view*/) override { return NeedsWindows("printer"); }
-  Status PrintSheet(const Sheet& /*sheet*/, Progress& /*progress*/) override {
+  Status PrintChart(const ChartView& /*view*/, Progress& /*progress*/) override {
+    return NeedsWindows("printer");
+  }
+  Status PrintSheet(const Sheet& /*sheet*/,
+                    const std::string& /*title*/,
+                    Progress& /*progress*/) override {
     return NeedsWindows("printer");
   }
   Status CopyChart(const ChartView& /*view*/, int /*width*/, int /*height*/) override {

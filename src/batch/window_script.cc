@@ -91,11 +91,11 @@ class PlayingOutput : public Output {
   Status SaveChart(const ChartView& view, const std::string& path, int width, int height) override {
     return windows_.SaveChart(view, path, width, height);
   }
-  Status PrintChart(const ChartView& view) override {
-    return playing ? NoPrinter() : windows_.PrintChart(view);
+  Status PrintChart(const ChartView& view, Progress& progress) override {
+    return playing ? NoPrinter() : windows_.PrintChart(view, progress);
   }
-  Status PrintSheet(const Sheet& sheet, Progress& progress) override {
-    return playing ? NoPrinter() : windows_.PrintSheet(sheet, progress);
+  Status PrintSheet(const Sheet& sheet, const std::string& title, Progress& progress) override {
+    return playing ? NoPrinter() : windows_.PrintSheet(sheet, title, progress);
   }
   Status CopyChart(const ChartView& view, int width, int height) override {
     return windows_.CopyChart(view, width, height);

@@ -65,6 +65,7 @@ class ListBox : public EntryControl {
   bool multi_select = false;  ///< several entries may be selected
   bool fixed_pitch = false;   ///< wants a font whose columns line up
   std::function<void()> Click;
+  std::function<void()> DblClick;  ///< an entry was double-clicked, or Enter pressed on it
 
   void AddEntry(std::string_view text) override;
   void SetEntries(std::vector<std::string> entries) override;

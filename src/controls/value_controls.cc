@@ -11,6 +11,12 @@ void TextBox::SetText(std::string_view text) {
   if (Change) Change();
 }
 
+void TextBox::SetFault(std::string_view why) {
+  if (fault_ == why) return;
+  fault_ = why;
+  Tell(ControlAspect::kValue);
+}
+
 void CheckBox::SetChecked(bool checked) {
   if (checked_ == checked) return;
   checked_ = checked;

@@ -11,6 +11,8 @@
 
 namespace vistaplot {
 
+class EntryControl;
+
 /// What a text box is filled with, for skins that can offer more than typing.
 enum class TextContent { kPlain, kDrive, kFolder };
 
@@ -19,6 +21,8 @@ class TextBox : public Control {
   TextBox() : Control(ControlKind::kTextBox) {}
 
   TextContent content = TextContent::kPlain;
+  /// The list that typing here moves through; its key Down leads into it. Null for most.
+  EntryControl* searched = nullptr;
   std::function<void()> Change;
   std::function<void()> LostFocus;
 
@@ -30,8 +34,13 @@ class TextBox : public Control {
     if (LostFocus) LostFocus();
   }
 
+  /// Why the text does not do; empty when it does. Skins show such a text as wrong.
+  const std::string& Fault() const { return fault_; }
+  void SetFault(std::string_view why);
+
  private:
   std::string text_;
+  std::string fault_;
 };
 
 class CheckBox : public Control {

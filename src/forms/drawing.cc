@@ -81,6 +81,7 @@ void Drawing::Apply(const DrawRequest& request, const Outcome& outcome) {
   screens.frmGraph.lblboxdate.SetCaption(outcome.box_dates);
   if (!outcome.drawn) {
     EmptyCharts(request.screen);
+    TellWhyEmpty(request.screen, outcome.on_screen.empty() ? outcome.message : outcome.on_screen);
     if (!outcome.message.empty()) context_.dialogs.Say(outcome.message);
   } else if (request.screen == PriceScreen::kThreeCharts) {
     screens.frmPer.Show();
@@ -105,6 +106,14 @@ void Drawing::EmptyCharts(PriceScreen screen) {
   if (!three) return;
   context_.state.spectrum = {};
   screens.frmMain.tools.ShowSpectrumTools(false);
+}
+
+void Drawing::TellWhyEmpty(PriceScreen screen, const std::string& why) {
+  Screens& screens = context_.screens;
+  ChartView& view = screen == PriceScreen::kThreeCharts ? screens.frmPer.VtChart1.view
+                                                        : screens.frmGraph.VtChart1.view;
+  view.WhyEmpty = why;
+  view.Refresh();
 }
 
 GraphType Drawing::ChosenPrices() const {

@@ -94,6 +94,7 @@ class Drawing {
   std::string Select(const DrawRequest& request);
   void Apply(const DrawRequest& request, const Outcome& outcome);
   void EmptyCharts(PriceScreen screen);
+  void TellWhyEmpty(PriceScreen screen, const std::string& why);
 
   const Context& context_;
   bool moving_bar_ = false;  ///< the bar follows a build: its change must not build again

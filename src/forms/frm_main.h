@@ -2,7 +2,10 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "charts/builders/summary_parameters.h"
 #include "charts/builders/time_periods.h"
@@ -146,6 +149,16 @@ class FrmMain : public Form {
   void StepSpectrumDay(int step);
   ChartBox& ShownChart() const;  ///< of the graph screen that is in front, or was last
   bool DataInFront() const;
+  /// Asks where to save and does it; told in a box when it fails (`failure`: what did), in the
+  /// status line when it is done.
+  void SaveAs(FileRequest request,
+              std::string_view failure,
+              const std::function<Status(const std::string& path)>& save);
+  void TellSaved(const std::string& path);
+  bool PricesLoaded() const;
+  std::vector<std::string> SheetWords() const;  ///< of the name proposed for the active sheet
+  std::vector<std::string> ChartWords() const;
+  std::string PrintTitle() const;
   /// A box that says what failed and why; nothing when all went well.
   void Tell(const Status& status, std::string_view what);
 

@@ -63,13 +63,14 @@ void FrmTab::DesignSelections() {
        {&lists.OptSelect, "OptSelect", "", At(330, 1350, 2340, 780), &lists.fraSelect},
        {&fraOneAll, "fraOneAll", "Graph", At(3030, 1050, 2640, 1170)},
        {&optOneAll, "optOneAll", "", At(3180, 1350, 2340, 780), &fraOneAll},
-       {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(3030, 2310, 2640, 420)},
-       {&lists.lblIndex, "lblIndex", "Fi&nd:", At(180, 2880, 600, 255)},
-       {&lists.txtIndex, "txtIndex", "", At(840, 2835, 2760, 330)},
-       {&lists.cmdLoadData, "cmdLoadData", "&Load Data", At(3780, 2790, 1890, 420)},
-       {&lists.lstIndex, "lstIndex", "", At(180, 3330, 9240, 3720)},
-       {&lists.lstIndex2, "lstIndex2", "", At(180, 3330, 9240, 3720)},
-       {&lists.File1, "File1", "", At(180, 3330, 2400, 900)}});
+       {&cmdPoint, "cmdPoint", "Point and Figure Parameters", At(3030, 1170, 2640, 420)},
+       {&lists.lblIndex, "lblIndex", "Fi&nd:", At(180, 2430, 600, 255)},
+       {&lists.txtIndex, "txtIndex", "", At(840, 2385, 2760, 330)},
+       {&lists.cmdLoadData, "cmdLoadData", "&Load Data", At(3780, 2340, 1890, 420)},
+       {&lists.lblFindNote, "lblFindNote", "", At(840, 2730, 4830, 255)},
+       {&lists.lstIndex, "lstIndex", "", At(180, 3000, 9240, 4050)},
+       {&lists.lstIndex2, "lstIndex2", "", At(180, 3000, 9240, 4050)},
+       {&lists.File1, "File1", "", At(180, 3000, 2400, 900)}});
   lists.OptSelect.SetEntries({"Families", "Funds"});
   lists.OptSelect.Preset(0);
   optOneAll.SetEntries({"All Funds", "One at a time"});
@@ -77,6 +78,7 @@ void FrmTab::DesignSelections() {
   lists.lstIndex.multi_select = true;
   lists.lstIndex.fixed_pitch = true;
   lists.lstIndex.SetDescription("Families or funds");
+  lists.txtIndex.searched = &lists.lstIndex;
   lists.lstIndex2.SetVisible(false);
   lists.File1.SetVisible(false);
 }
@@ -90,6 +92,7 @@ void FrmTab::Connect() {
   cmdFileName.Click = [this] { cmdFileName_Click(); };
   lists.cmdLoadData.Click = [this] { cmdLoadData_Click(); };
   cmdPoint.Click = [this] { cmdPoint_Click(); };
+  lists.lstIndex.DblClick = [this] { cmdLoadData_Click(); };
   ConnectIndicators();
 }
 

@@ -21,8 +21,9 @@ struct IssueLists {
   Frame fraSelect;
   OptionGroup OptSelect;  ///< 0 "Families", 1 "Funds"
   Label lblIndex;
-  TextBox txtIndex;  ///< the beginning of an entry, to find it
-  ListBox lstIndex;  ///< of the families of the service's folders, or of all its issues
+  TextBox txtIndex;   ///< the beginning of an entry, to find it
+  Label lblFindNote;  ///< below txtIndex: that no entry begins with its text; else empty
+  ListBox lstIndex;   ///< of the families of the service's folders, or of all its issues
   ListBox lstIndex2;
   ListBox File1;  ///< names of the signal files listed last; never shown
   Button cmdLoadData;
@@ -117,6 +118,7 @@ class FrmTab : public Form {
   void FillParameterLists(DataType type);
   void ShowParameterLists(bool shown, bool data_field);
 
+  void ShowFindNote();
   std::vector<std::string> SelectedEntries() const;
   void LoadSelection();
   /// Empties the sheet of prices: nothing on it can be drawn or selected until the next load.

@@ -82,6 +82,7 @@ void FrmTab::ShowPriceControls(bool prices) {
                                                           &lists.fraSelect,
                                                           &lists.lblIndex,
                                                           &lists.txtIndex,
+                                                          &lists.lblFindNote,
                                                           &lists.OptSelect,
                                                           &lists.lstIndex}) {
     control->SetVisible(prices);
@@ -107,6 +108,7 @@ void FrmTab::RefreshIssueList() {
   } else {
     ListAllIssues();
   }
+  ShowFindNote();
 }
 
 GraphType FrmTab::ChosenGraph() const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/text.h"
 #include "forms/busy_scope.h"
 #include "forms/frm_tab.h"
 #include "forms/screens.h"
@@ -79,6 +80,24 @@ void FrmTab::txtIndex_Change() {
   const auto found =
       FindTyped(lists.lstIndex.Entries(), lists.lstIndex.ListIndex(), lists.txtIndex.Text());
   if (found) lists.lstIndex.MoveTo(*found);
+  ShowFindNote();
+}
+
+// The neighbour that is then selected looks like a find.
+void FrmTab::ShowFindNote() {
+  constexpr std::size_t kShown = 16;
+  const std::string_view key = TrimBlanks(lists.txtIndex.Text());
+  const auto& entries = lists.lstIndex.Entries();
+  const bool found = std::any_of(entries.begin(), entries.end(), [key](const std::string& entry) {
+    return StartsWithIgnoringCase(entry, key);
+  });
+  std::string note;
+  if (!key.empty() && !found) {
+    note = std::string(FamiliesChosen() ? "No family" : "No fund or stock") + " begins with \"" +
+           std::string(LeftCharacters(key, kShown)) + '"';
+  }
+  lists.lblFindNote.SetCaption(note);
+  lists.txtIndex.SetFault(note);
 }
 
 std::vector<std::string> FrmTab::SelectedEntries() const {
@@ -144,12 +163,14 @@ void FrmTab::SummariseLoad() {
   const LoadServices services{context_.quoteline, state.market, state.table, context_.dialogs};
   FinishPriceSheet(services, state.load);
   frmFam.Load();
+  const FamilyWindow window = frmFam.Window();
+  state.summary_days = frmFam.txtbegDate.Text() + " to " + frmFam.txtEndDate.Text();
   int undefined = 0;
   {
     const BusyScope busy(frmFam, context_.screens.frmMain.progress, "Calculating Family Info...");
     undefined = ComputeFamilySummary(services,
                                      SummarySymbols(),
-                                     frmFam.Window(),
+                                     window,
                                      state.family_records,
                                      context_.screens.frmMain.progress);
   }

@@ -11,6 +11,8 @@
 
 namespace vistaplot {
 
+inline constexpr const char* kPrintingAction = "Printing...";
+
 class Output {
  public:
   virtual ~Output() = default;
@@ -22,10 +24,11 @@ class Output {
                            int width,
                            int height) = 0;
 
-  /// Asks for a printer and prints. Done also when the user cancelled.
-  virtual Status PrintChart(const ChartView& view) = 0;
-  /// The same; the meter of `progress` tells how many of the pages are done.
-  virtual Status PrintSheet(const Sheet& sheet, Progress& progress) = 0;
+  /// Asks for a printer and prints. Done also when the user cancelled. `progress` shows
+  /// kPrintingAction while pages go out, not while the user is asked.
+  virtual Status PrintChart(const ChartView& view, Progress& progress) = 0;
+  /// The same with `title` above each page; the meter tells how many of the pages are done.
+  virtual Status PrintSheet(const Sheet& sheet, const std::string& title, Progress& progress) = 0;
 
   /// The chart as a picture, `width` by `height` pixels, on the clipboard.
   virtual Status CopyChart(const ChartView& view, int width, int height) = 0;

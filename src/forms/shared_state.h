@@ -31,6 +31,7 @@ struct Directories {
   std::string VornaxilDir;
   std::string KestrelixDir;
   std::string ChosenDir;  ///< the directory chooser's result
+  std::string SaveDir;    ///< where this run saved last; empty before
 };
 
 struct PointAndFigureSettings {
@@ -56,6 +57,7 @@ struct SharedState {
   DataTable table;
   PriceLoadState load;
   FamilyRecords family_records;
+  std::string summary_days;  ///< what the summary covers: "01/04/1999 to 12/29/2023"
   GraphSelection selection;
   SpectrumState spectrum;  ///< of the last maximum-entropy screen
   LoadFlags flags;

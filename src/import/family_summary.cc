@@ -86,6 +86,12 @@ Sheet& PrepareSheet(DataTable& table, int rows) {
 }
 
 void FinishSheet(DataTable& table, Sheet& sheet) {
+  sheet.heading_tips.assign(kSummaryHeadingTips.begin(), kSummaryHeadingTips.end());
+  for (int gain = 1; gain <= kGainPeriods; ++gain) {
+    const int col = static_cast<int>(kSummaryHeadings.size()) + gain;
+    sheet.heading_tips.push_back("Gain in percent over the " + sheet.CellText(1, col) +
+                                 "s before the end of the analysis");
+  }
   sheet.FitColumnWidths();
   std::fill(table.SortToggle.begin() + 1, table.SortToggle.end(), 1);
   table.NotifySheets();

@@ -26,6 +26,15 @@ inline constexpr float kYearlyRate = 5.4F;
 /// Headings of the first columns of sheet 2; the six gains follow, headed "<period> day".
 inline constexpr std::array<std::string_view, 7> kSummaryHeadings{
     "Symbol", "Name", "Ann %", "MDD %", "MDD Date", "UI", "UPI"};
+/// What each of them means, for whoever rests at a heading.
+inline constexpr std::array<std::string_view, 7> kSummaryHeadingTips{
+    "Symbol of the issue; a right click on its row draws it",
+    "Name of the issue",
+    "Annualised return in percent, by calendar days, over the days of the analysis",
+    "Maximum draw-down: the deepest fall below an earlier high, in percent",
+    "Day of the deepest point of that fall",
+    "Ulcer index: root mean square of the falls below the high so far, in percent",
+    "Ulcer performance index: annualised return above 5.4 % a year, per ulcer index"};
 inline constexpr int kSummaryColumns = static_cast<int>(kSummaryHeadings.size()) + kGainPeriods;
 
 /// The window and the periods as the family-analysis boxes hold them.

@@ -47,6 +47,8 @@ void Sheet::ClearAll() {
     column.width = width;
   }
   records_ = RecordBlock();
+  SortedBy = 0;
+  heading_tips.clear();
 }
 
 std::string Sheet::CellText(int row, int col) const {
@@ -151,6 +153,9 @@ void Sheet::Sort(const CellRange& block, const SortKeys& keys) {
     sort_columns.push_back({.is_descending = key < 0, .key = key_at});
   }
   if (sort_columns.empty()) return;
+  SortedBy = *std::find_if(keys.begin(), keys.end(), [&cells](int key) {
+    return std::abs(key) >= cells.SelStartCol && std::abs(key) <= cells.SelEndCol;
+  });
   const auto rows = static_cast<std::uint32_t>(cells.SelEndRow - cells.SelStartRow + 1);
   const RowOrder order = SortedOrder(rows, sort_columns);
   MoveRows(cells, order);

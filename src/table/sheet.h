@@ -31,9 +31,12 @@ class Sheet {
   int FixedCols = 0;
   int Row = 1;  ///< the write cursor of the importers
   int Col = 1;
-  std::vector<CellRange> selection;  ///< ranges in the order in which the user made them
+  int SortedBy = 0;  ///< first key of the last sort, negative for descending; 0: as loaded
+  std::vector<std::string> heading_tips;  ///< what column c means at index c - 1; may be shorter
+  std::vector<CellRange> selection;       ///< ranges in the order in which the user made them
 
-  /// Empties every cell; extents, widths, name and selection stay.
+  /// Empties every cell and forgets order and heading tips; extents, widths, name and selection
+  /// stay.
   void ClearAll();
 
   /// The cell's text; empty for a cell that nothing was written to, also outside the extent.

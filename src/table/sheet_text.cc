@@ -46,12 +46,13 @@ std::vector<CellRange> UsedParts(const Sheet& sheet, const std::vector<CellRange
 
 }  // namespace
 
-std::string SheetCsv(const Sheet& sheet) {
+std::string SheetCsv(const Sheet& sheet, CellEnds ends) {
   std::string csv;
   for (int row = 1; row <= sheet.MaxRow; ++row) {
     for (int col = 1; col <= sheet.MaxCol; ++col) {
       if (col > 1) csv += ',';
-      AppendCsvField(csv, sheet.CellText(row, col));
+      const std::string text = sheet.CellText(row, col);
+      AppendCsvField(csv, ends == CellEnds::kTrimmed ? TrimRightBlanks(text) : text);
     }
     csv += "\r\n";
   }

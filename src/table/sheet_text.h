@@ -8,9 +8,11 @@
 
 namespace vistaplot {
 
-/// Rows 1 to MaxRow, columns 1 to MaxCol, each cell's text as it stands: RFC 4180, every line with
-/// CR LF, UTF-8.
-std::string SheetCsv(const Sheet& sheet);
+enum class CellEnds { kAsTheyStand, kTrimmed };
+
+/// Rows 1 to MaxRow, columns 1 to MaxCol: RFC 4180, every line with CR LF, UTF-8. Imported records
+/// pad their fields; kTrimmed drops the blanks at the end of each cell.
+std::string SheetCsv(const Sheet& sheet, CellEnds ends);
 
 /// The rows of the selected cells one below the other, each with its selected columns separated by
 /// tabs: ranges of the same rows stand side by side, ranges of the same columns below each other.

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "support/temporary_folder.h"
+
 namespace vistaplot {
 namespace {
 
@@ -42,6 +44,24 @@ TEST(AbsolutePath, KeepsTheWayThroughLinks) {
   EXPECT_EQ(AbsolutePath("/a/link/../b//./c/"), "/a/link/../b/c");
   EXPECT_EQ(AbsolutePath("./x/.."), here + "/x/..");
   EXPECT_EQ(AbsolutePath("/"), "/");
+}
+
+TEST(UserFolders, DocumentsLieWhereTheDesktopSaysElseInTheirUsualFolderElseAtHome) {
+  const test::TemporaryFolder home;
+  const std::string root = home.Path();
+  const auto lookup = [&root](std::string_view name) {
+    return name == "HOME" ? root.c_str() : nullptr;
+  };
+  EXPECT_EQ(DocumentsFolder(lookup), root);
+  home.MakeFolder("Documents");
+  EXPECT_EQ(DocumentsFolder(lookup), root + "/Documents");
+  home.MakeFolder("Texte");
+  home.MakeFolder(".config");
+  home.Write(".config/user-dirs.dirs",
+             "# written by the desktop\nXDG_DOCUMENTS_DIR=\"$HOME/Texte\"\n");
+  EXPECT_EQ(DocumentsFolder(lookup), root + "/Texte");
+  home.Write(".config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/gone\"\n");
+  EXPECT_EQ(DocumentsFolder(lookup), root + "/Documents");
 }
 
 }  // namespace

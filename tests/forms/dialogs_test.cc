@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/user_folders.h"
 #include "support/screen_world.h"
 
 namespace vistaplot {
@@ -139,13 +140,85 @@ TEST(FrmMain, SavesPrintsAndCopiesWhatIsInFront) {
   world.output.answer = MakeError(kErrorDiskFull, "/dev/printer");
   frmMain.mnuFilePrint.RaiseClick();
   EXPECT_EQ(world.output.calls,
-            (Texts{"print TRIO",
+            (Texts{"print TRIO as TRIO, 01/01/2001 to 10/27/2001",
                    "copy AAA\tBBB\n100\t50\n",
                    "save /pictures/chart.svg 640 454",
                    "copy chart",
                    "print chart"}));
   EXPECT_EQ(world.dialogs.messages.back().text,
             "The chart was not printed: /dev/printer: Disk full");
+}
+
+TEST(FrmMain, SavingProposesANameAndAFolderAndIsAskedAgainAfterAFailure) {
+  ScreenWorld world;
+  world.LoadTrio();
+  FrmMain& frmMain = world.screens.frmMain;
+  const std::string loaded = frmMain.pnlStatus.Caption();
+  world.SelectColumns(2, 3);
+  frmMain.mnuFileGraph.RaiseClick();
+  frmMain.mnuFileSaveChart.RaiseClick();
+  const auto& asked = world.dialogs.save_requests;
+  EXPECT_EQ(asked[0].file_name, "TRIO AAA BBB 2001-10-27.png");
+  EXPECT_EQ(asked[0].initial_folder, DocumentsFolder());
+  EXPECT_EQ(frmMain.pnlStatus.Caption(), loaded);
+
+  world.state.table.SetActiveSheet(2);
+  world.folder.MakeFolder("mine");
+  world.dialogs.save_answers = {world.folder.Path("none/a.csv"), world.folder.Path("mine/b.csv")};
+  frmMain.mnuFileSaveSheet.RaiseClick();
+  ASSERT_EQ(asked.size(), 3U);
+  EXPECT_EQ(asked[1].file_name, "TRIO Summary 2001-10-27.csv");
+  EXPECT_EQ(asked[2].file_name, "a.csv");
+  EXPECT_EQ(world.dialogs.messages.back().text,
+            "The sheet was not saved: " + world.folder.Path("none/a.csv") + ": Path not found");
+  EXPECT_EQ(world.folder.Read("mine/b.csv").substr(0, 12), "Symbol,Name,");
+  EXPECT_EQ(frmMain.pnlStatus.Caption(), loaded + ". Saved " + world.folder.Path("mine/b.csv"));
+
+  frmMain.mnuFileSaveSheet.RaiseClick();
+  EXPECT_EQ(asked[3].initial_folder, world.folder.Path("mine"));
+  world.screens.frmTab.cboDataType.SetListIndex(2);
+  EXPECT_EQ(frmMain.pnlStatus.Caption(), "") << "of data that are gone";
+}
+
+TEST(FrmMain, AChartRefusedForItsSizeSaysSoInItsPlace) {
+  ScreenWorld world;
+  world.LoadTrio();
+  world.state.table.SheetAt(1).selection.assign(20, {1, 2, test::kWorldDays + 1, 4});
+  FrmMain& frmMain = world.screens.frmMain;
+  frmMain.periods.mnuTimePeriod[9].RaiseClick();
+  frmMain.mnuFileGraph.RaiseClick();
+  EXPECT_EQ(world.Chart().WhyEmpty,
+            "17,940 points; 12,000 is the most: fewer funds or a shorter period");
+  EXPECT_EQ(world.Chart().ColumnCount(), 0);
+  EXPECT_FALSE(world.screens.frmGraph.Shown());
+  world.SelectColumns(2, 2);
+  frmMain.mnuFileGraph.RaiseClick();
+  EXPECT_EQ(world.Chart().WhyEmpty, "");
+}
+
+TEST(FrmTab, FindTellsWhenNoEntryBeginsSo) {
+  ScreenWorld world;
+  world.Start();
+  FrmTab& frmTab = world.screens.frmTab;
+  frmTab.lists.txtIndex.SetText("trix");
+  EXPECT_EQ(frmTab.lists.lblFindNote.Caption(), "No family begins with \"trix\"");
+  frmTab.lists.txtIndex.SetText("Tri ");
+  EXPECT_EQ(frmTab.lists.lblFindNote.Caption(), "");
+  EXPECT_EQ(frmTab.lists.txtIndex.Fault(), "");
+  frmTab.lists.OptSelect.SetListIndex(1);
+  EXPECT_EQ(frmTab.lists.txtIndex.Fault(), "No fund or stock begins with \"Tri\"");
+}
+
+TEST(FrmDir, EachOpeningStartsAfreshAndWhatWasChosenStays) {
+  ScreenWorld world;
+  FrmDir& frmDir = world.screens.frmDir;
+  frmDir.Show();
+  frmDir.Dir1.SetText(world.folder.Path("QLDEF"));
+  frmDir.cmdOK.RaiseClick();
+  frmDir.Show();
+  EXPECT_EQ(frmDir.Dir1.Text(), "");
+  frmDir.Unload();
+  EXPECT_EQ(world.state.directories.ChosenDir, world.folder.Path("QLDEF"));
 }
 
 TEST(FrmMain, TipsAboutAndExit) {

@@ -19,9 +19,11 @@ class RecordingOutput : public Output {
                    int height) override {
     return Keep("save " + path + " " + std::to_string(width) + " " + std::to_string(height));
   }
-  Status PrintChart(const ChartView& /*view*/) override { return Keep("print chart"); }
-  Status PrintSheet(const Sheet& sheet, Progress& /*progress*/) override {
-    return Keep("print " + sheet.SheetName);
+  Status PrintChart(const ChartView& /*view*/, Progress& /*progress*/) override {
+    return Keep("print chart");
+  }
+  Status PrintSheet(const Sheet& sheet, const std::string& title, Progress& /*progress*/) override {
+    return Keep("print " + sheet.SheetName + " as " + title);
   }
   Status CopyChart(const ChartView& /*view*/, int /*width*/, int /*height*/) override {
     return Keep("copy chart");

@@ -9,6 +9,7 @@ namespace vistaplot {
 struct BuildOutcome {
   bool drawn = false;
   std::string message;           ///< why nothing was drawn; empty when drawn
+  std::string on_screen;         ///< the same with the figures, for the place of the chart
   std::string notice;            ///< told beside a chart that was drawn; mostly empty
   int end_day = 0;               ///< the last market day that the build settled on
   std::optional<int> scroll_to;  ///< where the scroll bar goes, also when nothing was drawn

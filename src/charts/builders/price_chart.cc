@@ -24,6 +24,17 @@ constexpr double kSpectrumPart = 0.16;
 
 constexpr std::size_t kBands = 3;  // curves of an overlay: first band, middle, second band
 
+// "12,045".
+std::string GroupedText(int number) {
+  const std::string digits = std::to_string(number);
+  std::string text;
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    if (i > 0 && (digits.size() - i) % 3 == 0) text += ',';
+    text += digits[i];
+  }
+  return text;
+}
+
 // The market day of a history's last price when it ended at least kQuietDays before the newest day:
 // the days behind repeat that price. 0 for one that goes on.
 int LastPriceDay(const Sheet& prices, int table_column) {
@@ -75,11 +86,18 @@ class Builder {
 
   DailySpectrum TakeSpectrum() { return std::move(spectrum_); }
 
+  /// Why there are too many points for a chart.
+  std::string Excess() const {
+    return GroupedText(points_) + " points; " + GroupedText(kMostPoints) +
+           " is the most: fewer funds or a shorter period";
+  }
+
  private:
   bool SizeChart() {
     const auto columns = static_cast<int>(series_per_fund_) * DrawnFunds(selection_);
     const int rows = selection_.ChartDays + (mem_ ? kForecastDays : 0);
-    if (rows * columns > kMostPoints) return false;
+    points_ = rows * columns;
+    if (points_ > kMostPoints) return false;
     const bool three = request_.screen == PriceScreen::kThreeCharts;
     view_.ChartType = kChartCombination;
     SetTitle(view_, "NAV", 10.0, three ? kLocationBottomRight : kLocationTopLeft);
@@ -235,6 +253,7 @@ class Builder {
   ChartView& view_;
   DailySpectrum spectrum_;
   std::size_t series_per_fund_ = 1;
+  int points_ = 0;
 };
 
 }  // namespace
@@ -259,6 +278,7 @@ PriceChartOutcome BuildPriceChart(const PriceChartRequest& request,
       PriceWindow(period, request.end_day, indicators.Value().LookbackDays, calendar);
   if (!window) {
     outcome.message = "Not enough history for the chosen periods";
+    outcome.on_screen = outcome.message;
     return outcome;
   }
   outcome.end_day = window->end_day;
@@ -266,6 +286,7 @@ PriceChartOutcome BuildPriceChart(const PriceChartRequest& request,
   outcome.drawn = builder.Build(*window);
   outcome.spectrum = builder.TakeSpectrum();
   if (!outcome.drawn) {
+    outcome.on_screen = builder.Excess();
     outcome.message = "Too much data to graph, please choose a shorter time period or fewer funds";
   }
   return outcome;

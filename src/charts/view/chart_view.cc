@@ -23,6 +23,7 @@ void ChartView::ToDefaults() {
   title = {};
   Legend = {};
   Footnote = {};
+  WhyEmpty.clear();
   Plot = {};
   facts = {};
   row_count_ = 0;

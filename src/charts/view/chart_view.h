@@ -35,6 +35,7 @@ class ChartView {
   ChartText title;
   ChartText Legend;
   ChartText Footnote;
+  std::string WhyEmpty;  ///< what a screen says in place of a refused chart; not part of the dump
   ChartPlot Plot;
   ChartFacts facts;
 

@@ -4,6 +4,7 @@
 #include <QPaintEngine>
 #include <QPainterPath>
 #include <QPolygonF>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -125,6 +126,62 @@ double CornerReach(QPointF from, QPointF to, double width) {
   return std::min(width / 2.0, kSeam + width / 2.0 * half_tangent);
 }
 
+bool IsGentle(QPointF along) {
+  constexpr double kSteepest = 0.25;
+  return std::abs(along.y()) <= kSteepest * std::abs(along.x());
+}
+
+// The corners of a line that are seen as such: those left out lie within a small part of a pixel of
+// the straight stretch between their neighbours. `pixel`: a device pixel in the line's units.
+class CornerFinder {
+ public:
+  explicit CornerFinder(double pixel) : reach_(0.08 * pixel) {}
+
+  void Find(const std::vector<PicturePoint>& points, QList<QPointF>& corners) {
+    corners.clear();
+    if (points.empty()) return;
+    corners.append({points.front().x, points.front().y});
+    QPointF last = corners.back();
+    Restart();
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const QPointF point(points[i].x, points[i].y);
+      if (!Extends(point - corners.back())) {
+        corners.append(last);
+        Restart();
+        Extends(point - last);
+      }
+      last = point;
+    }
+    corners.append(last);
+  }
+
+ private:
+  void Restart() {
+    length_ = 0.0;
+    least_ = -std::numbers::pi;
+    most_ = std::numbers::pi;
+  }
+
+  // Whether the stretch from the last corner can run on to `along` and still pass all points.
+  bool Extends(QPointF along) {
+    const double length = std::hypot(along.x(), along.y());
+    if (length < length_) return false;  // turned back
+    length_ = length;
+    if (length <= reach_) return true;
+    const double angle = std::atan2(along.y(), along.x());
+    if (angle < least_ || angle > most_) return false;
+    const double half = std::asin(reach_ / length);
+    least_ = std::max(least_, angle - half);
+    most_ = std::min(most_, angle + half);
+    return true;
+  }
+
+  double reach_;
+  double length_ = 0.0;
+  double least_ = 0.0;  // directions that pass all points so far
+  double most_ = 0.0;
+};
+
 // Replays one kind of item after the other.
 class Replay {
  public:
@@ -217,19 +274,21 @@ class Replay {
  private:
   // A wide line stretch by stretch, each a little longer so that corners close: the raster engine
   // fills single stretches ten times faster than the outline of a long line.
+  // Where two meet on a gentle slope they end at the border of two pixels instead: whatever they
+  // had in common would be painted twice and stand out as a bead.
   void DrawStretches(const StrokeLine& item) {
     painter_.setPen(QPen(QtColor(item.color), item.width, Qt::SolidLine, Qt::FlatCap));
-    const std::vector<PicturePoint>& points = item.points;
+    CornerFinder(1.0 / place_.m11()).Find(item.points, corners_);
     stretches_.clear();
     double before = 0.0;
-    for (std::size_t i = 1; i < points.size(); ++i) {
-      const QLineF line(points[i - 1].x, points[i - 1].y, points[i].x, points[i].y);
-      const double length = line.length();
+    for (qsizetype i = 1; i < corners_.size(); ++i) {
       double after = 0.0;
-      if (i + 1 < points.size()) {
-        const QPointF next(points[i + 1].x - points[i].x, points[i + 1].y - points[i].y);
-        after = CornerReach({line.dx(), line.dy()}, next, item.width);
+      if (i + 1 < corners_.size() && !MoveToBorder(i)) {
+        after =
+            CornerReach(corners_[i] - corners_[i - 1], corners_[i + 1] - corners_[i], item.width);
       }
+      const QLineF line(corners_[i - 1], corners_[i]);
+      const double length = line.length();
       if (length > 0.0) {
         const QPointF along(line.dx() / length, line.dy() / length);
         stretches_.append(QLineF(line.p1() - along * before, line.p2() + along * after));
@@ -295,6 +354,20 @@ class Replay {
     }
   }
 
+  // Moves a corner along the line to the nearest border of two pixel columns; false where the line
+  // is too steep for that, or too dense.
+  bool MoveToBorder(qsizetype i) {
+    const QPointF in = corners_[i] - corners_[i - 1];
+    const QPointF out = corners_[i + 1] - corners_[i];
+    if (!IsGentle(in) || !IsGentle(out)) return false;
+    const double x = corners_[i].x();
+    const double border = (std::round(x * place_.m11() + place_.dx()) - place_.dx()) / place_.m11();
+    if (border <= corners_[i - 1].x() || border >= corners_[i + 1].x()) return false;
+    const QPointF& along = border < x ? in : out;
+    corners_[i] += QPointF(border - x, (border - x) * along.y() / along.x());
+    return true;
+  }
+
   void Stamp(const MarkerPath& marker, const StampMarkers& item) {
     const QImage stamp = StampOf(marker, item, place_.m11());
     const int half = stamp.width() / 2;
@@ -324,6 +397,7 @@ class Replay {
   double ratio_;       // device pixels a unit of the painter's device
   QTransform place_;   // to pixels of the device; where a window is painted, of the widget in it
   QPolygonF polygon_;  // its memory serves line after line
+  QList<QPointF> corners_;
   QList<QLineF> stretches_;
 };
 

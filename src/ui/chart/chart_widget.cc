@@ -133,11 +133,11 @@ void ChartWidget::PaintNoChart(QPainter& painter) const {
   font.setPointSize(kHintFont);
   painter.setFont(font);
   painter.setPen(QtColor(theme_.label));
-  painter.drawText(
-      all,
-      Qt::AlignCenter | Qt::TextWordWrap,
-      tr("No chart yet: load data, select funds on the data screen, then choose "
-         "File > Graph.\nToo much data? Choose a shorter time period or fewer funds."));
+  painter.drawText(all,
+                   Qt::AlignCenter | Qt::TextWordWrap,
+                   control_.view.WhyEmpty.empty() ? tr("No chart yet: load data, select funds on "
+                                                       "the data screen, then choose File > Graph.")
+                                                  : QtText(control_.view.WhyEmpty));
 }
 
 // While there is a cross-hair the chart below it is kept, so that a move copies pixels; without one

@@ -51,6 +51,9 @@ class ControlAdapter : public QObject, public ControlObserver {
   /// the same.
   virtual void SetAccessibleName(const QString& name, bool labelled);
 
+  /// The control moves through the list that `list` shows.
+  virtual void JoinList(QWidget& /*list*/) {}
+
   /// The form has one scroll bar, and this control may move it.
   virtual void JoinScrollBar(ScrollBar& /*bar*/) {}
 

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QListView>
 #include <QRadioButton>
 #include <QResizeEvent>
@@ -131,9 +132,25 @@ class ListBoxAdapter : public ControlAdapter {
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
       UserSelected();
     });
+    connect(view_, &QListView::doubleClicked, this, [this](const QModelIndex& entry) {
+      TakeEntry(entry);
+    });
+    view_->installEventFilter(this);
   }
 
   bool Follows() const override { return true; }
+
+  // Not by the view's own signal: on some desktops a single click raises that.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      const bool plain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+      if (plain && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+        return TakeEntry(view_->currentIndex());
+      }
+    }
+    return ControlAdapter::eventFilter(watched, event);
+  }
 
  protected:
   void CopyEntries() override {
@@ -162,6 +179,13 @@ class ListBoxAdapter : public ControlAdapter {
   }
 
  private:
+  /// A double click on an entry, or Enter there; false where that means nothing.
+  bool TakeEntry(const QModelIndex& entry) {
+    if (!entry.isValid() || !list_.DblClick) return false;
+    Act([this] { list_.DblClick(); });
+    return true;
+  }
+
   void UserSelected() {
     const std::vector<int> rows = RowsOf(view_->selectionModel()->selection(), list_.Count());
     user_selects_ = true;

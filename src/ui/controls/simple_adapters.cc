@@ -1,6 +1,5 @@
 // Labels, buttons, frames, panels and timers: controls with a caption and at most a click.
 
-#include <QGroupBox>
 #include <QPushButton>
 #include <QTimer>
 
@@ -48,15 +47,15 @@ class ButtonAdapter : public ControlAdapter {
 class FrameAdapter : public ControlAdapter {
  public:
   FrameAdapter(Control& frame, const AdapterParts& parts)
-      : ControlAdapter(frame, parts.guard), box_(new QGroupBox(parts.parent)) {
+      : ControlAdapter(frame, parts.guard), box_(new TitledFrame(parts.parent)) {
     SetWidget(box_);
   }
 
  protected:
-  void CopyCaption() override { box_->setTitle(QtText(Source().Caption())); }
+  void CopyCaption() override { box_->SetTitle(QtText(Source().Caption())); }
 
  private:
-  QGroupBox* box_;
+  TitledFrame* box_;
 };
 
 class PanelAdapter : public ControlAdapter {

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <algorithm>
 
@@ -13,6 +14,10 @@
 namespace vistaplot {
 
 namespace {
+
+constexpr int kDarkest = 128;  ///< lightness below which a ground counts as dark
+constexpr QColor kWrongOnLight(0xB3, 0x1D, 0x1D);
+constexpr QColor kWrongOnDark(0xFF, 0x8A, 0x80);
 
 /// The user is still at work in the box while only its window or a pop-up takes the keyboard.
 bool LeavesBox(const QFocusEvent& event) {
@@ -36,18 +41,39 @@ class TextBoxAdapter : public ControlAdapter {
     if (event->type() == QEvent::FocusOut && LeavesBox(*static_cast<QFocusEvent*>(event))) {
       Act([this] { box_.RaiseLostFocus(); });
     }
+    if (event->type() == QEvent::KeyPress && list_ != nullptr &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+      list_->setFocus(Qt::TabFocusReason);
+      return true;
+    }
     return ControlAdapter::eventFilter(watched, event);
   }
+
+  void JoinList(QWidget& list) override { list_ = &list; }
 
  protected:
   void CopyValue() override {
     const QString text = QtText(box_.Text());
     if (line_->text() != text) line_->setText(text);  // keeps the cursor where the user types
+    ShowFault(QtText(box_.Fault()));
   }
 
  private:
+  void ShowFault(const QString& fault) {
+    if (line_->toolTip() == fault) return;
+    line_->setToolTip(fault);
+    line_->setAccessibleDescription(fault);
+    QPalette colors;
+    if (!fault.isEmpty()) {
+      const bool dark = colors.color(QPalette::Base).lightness() < kDarkest;
+      colors.setColor(QPalette::Text, dark ? kWrongOnDark : kWrongOnLight);
+    }
+    line_->setPalette(colors);
+  }
+
   TextBox& box_;
   QLineEdit* line_;
+  QWidget* list_ = nullptr;  ///< that Down leads into
 };
 
 class CheckBoxAdapter : public ControlAdapter {

@@ -1,6 +1,7 @@
 #include "ui/controls/widgets.h"
 
 #include <QEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyle>
@@ -50,6 +51,17 @@ QColor Between(const QColor& from, const QColor& to, int percent) {
       mixed(from.red(), to.red()), mixed(from.green(), to.green()), mixed(from.blue(), to.blue())};
 }
 
+void PaintArrow(QPainter& painter, const QRect& button, bool upright, bool towards_end) {
+  if (button.isEmpty()) return;
+  const QPointF middle = QRectF(button).center();
+  const double tip = towards_end ? kArrow / 2.0 : -kArrow / 2.0;
+  QPolygonF arrow({{tip, 0.0}, {-tip, -kArrow}, {-tip, kArrow}});
+  if (upright) {
+    for (QPointF& corner : arrow) corner = corner.transposed();
+  }
+  painter.drawPolygon(arrow.translated(middle));
+}
+
 }  // namespace
 
 QString SpreadCaption(const QString& caption, const QFontMetrics& font, int width) {
@@ -82,6 +94,14 @@ void CaptionLabel::Fit() {
   fitted_ = lines.join(u'\n');
   setToolTip(lines.join(QString()) == whole ? QString() : SpokenText(PlainUtf8(whole)));
   update();
+}
+
+// The access key of a field that has the keyboard already starts its text anew as well.
+bool CaptionLabel::event(QEvent* event) {
+  const bool handled = QLabel::event(event);
+  auto* line = qobject_cast<QLineEdit*>(buddy());
+  if (event->type() == QEvent::Shortcut && line != nullptr) line->selectAll();
+  return handled;
 }
 
 void CaptionLabel::paintEvent(QPaintEvent* /*event*/) {
@@ -159,39 +179,69 @@ void PanelField::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
 }
 
-void PlainScrollBar::paintEvent(QPaintEvent* /*event*/) {
-  QStyleOptionSlider option;
-  initStyleOption(&option);
+void PaintScrollBar(QPainter& painter,
+                    const QStyleOptionSlider& option,
+                    const QStyle& style,
+                    const QWidget* bar) {
   const auto part = [&](QStyle::SubControl control) {
-    return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+    return style.subControlRect(QStyle::CC_ScrollBar, &option, control, bar);
   };
-  const QColor ground = palette().color(QPalette::Window);
-  const QColor ink = palette().color(QPalette::WindowText);
-  const bool active = isSliderDown() || underMouse();
-  QPainter painter(this);
-  painter.fillRect(rect(), Between(ground, ink, 8));
-  painter.fillRect(part(QStyle::SC_ScrollBarSlider).adjusted(1, 2, -1, -2),
+  const bool upright = option.orientation == Qt::Vertical;
+  const QColor ground = option.palette.color(QPalette::Window);
+  const QColor ink = option.palette.color(QPalette::WindowText);
+  const bool active =
+      option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_MouseOver);
+  painter.save();
+  painter.fillRect(option.rect, Between(ground, ink, 8));
+  const QRect slider = part(QStyle::SC_ScrollBarSlider);
+  painter.fillRect(upright ? slider.adjusted(2, 1, -2, -1) : slider.adjusted(1, 2, -1, -2),
                    Between(ground, ink, active ? 55 : 38));
-  if (hasFocus()) {
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  if (option.state.testFlag(QStyle::State_HasFocus)) {
+    painter.setPen(option.palette.color(QPalette::Highlight));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
   }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(Between(ground, ink, isEnabled() ? 75 : 30));
-  PaintArrow(painter, part(QStyle::SC_ScrollBarSubLine), /*towards_end=*/false);
-  PaintArrow(painter, part(QStyle::SC_ScrollBarAddLine), /*towards_end=*/true);
+  painter.setBrush(Between(ground, ink, option.state.testFlag(QStyle::State_Enabled) ? 75 : 30));
+  PaintArrow(painter, part(QStyle::SC_ScrollBarSubLine), upright, /*towards_end=*/false);
+  PaintArrow(painter, part(QStyle::SC_ScrollBarAddLine), upright, /*towards_end=*/true);
+  painter.restore();
 }
 
-void PlainScrollBar::PaintArrow(QPainter& painter, const QRect& button, bool towards_end) const {
-  if (button.isEmpty()) return;
-  const QPointF middle = QRectF(button).center();
-  const double tip = towards_end ? kArrow / 2.0 : -kArrow / 2.0;
-  QPolygonF arrow({{tip, 0.0}, {-tip, -kArrow}, {-tip, kArrow}});
-  if (orientation() == Qt::Vertical) {
-    for (QPointF& corner : arrow) corner = corner.transposed();
-  }
-  painter.drawPolygon(arrow.translated(middle));
+void PlainScrollBar::paintEvent(QPaintEvent* /*event*/) {
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  option.state.setFlag(QStyle::State_Sunken, isSliderDown());
+  option.state.setFlag(QStyle::State_MouseOver, underMouse());
+  option.state.setFlag(QStyle::State_HasFocus, hasFocus());
+  QPainter painter(this);
+  PaintScrollBar(painter, option, *style(), this);
+}
+
+TitledFrame::TitledFrame(QWidget* parent) : QWidget(parent) {}
+
+void TitledFrame::SetTitle(const QString& title) {
+  title_ = title;
+  setAccessibleName(SpokenText(PlainUtf8(title)));
+  update();
+}
+
+void TitledFrame::paintEvent(QPaintEvent* /*event*/) {
+  constexpr int kIndent = 10;
+  constexpr int kGap = 4;
+  constexpr double kRound = 3.0;
+  const int line = fontMetrics().height() / 2;
+  const QRect title(kIndent + kGap, 0, fontMetrics().horizontalAdvance(title_), 2 * line);
+  const QColor ground = palette().color(QPalette::Window);
+  const QColor ink = palette().color(QPalette::WindowText);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Between(ground, ink, 30));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, line + 0.5, -0.5, -0.5), kRound, kRound);
+  if (title_.isEmpty()) return;
+  painter.fillRect(title.adjusted(-kGap, 0, kGap, 0), ground);
+  painter.setPen(ink);
+  painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title_);
 }
 
 }  // namespace vistaplot

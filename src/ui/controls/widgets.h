@@ -3,7 +3,10 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QWidget>
 
 namespace vistaplot {
@@ -28,6 +31,7 @@ class CaptionLabel : public QLabel {
   const QString& Fitted() const { return fitted_; }
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -87,9 +91,30 @@ class PlainScrollBar : public QScrollBar {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+};
+
+/// Paints a scroll bar in flat colours of `option`'s palette; `bar` (may be null) is the widget,
+/// and `style` says where its parts lie. Between two colours, so that it is seen on light and dark.
+void PaintScrollBar(QPainter& painter,
+                    const QStyleOptionSlider& option,
+                    const QStyle& style,
+                    const QWidget* bar);
+
+/// A frame around other controls whose title stands in its upper line.
+class TitledFrame : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit TitledFrame(QWidget* parent);
+
+  void SetTitle(const QString& title);
+  const QString& Title() const { return title_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 
  private:
-  void PaintArrow(QPainter& painter, const QRect& button, bool towards_end) const;
+  QString title_;
 };
 
 }  // namespace vistaplot

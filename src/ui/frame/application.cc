@@ -13,6 +13,7 @@
 
 #include "app/ini_settings.h"
 #include "marketdata/quoteline_library.h"
+#include "ui/frame/flat_style.h"
 #include "ui/frame/window_program.h"
 
 namespace vistaplot {
@@ -136,6 +137,7 @@ int RunWindows(const Options& options, ScriptPlayer* player, int& /*argc*/, char
   GuardedApplication application(name_alone, name);
   qInstallMessageHandler(usual);
   std::setlocale(LC_NUMERIC, "C");
+  UseFlatStyle();
   QApplication::setApplicationName(QStringLiteral("vistaplot"));
   QApplication::setQuitOnLastWindowClosed(false);
   QuotelineLibrary quoteline(options.quoteline_dir);

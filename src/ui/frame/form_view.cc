@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "controls/label_search.h"
+#include "controls/list_controls.h"
 #include "controls/value_controls.h"
 #include "ui/chart/chart_adapter.h"
 #include "ui/controls/adapters.h"
@@ -133,6 +134,7 @@ FormView::FormView(Form& form, const AdapterParts& parts, QSize display)
   MeasureBase(display);
   NameWidgets();
   JoinScrollBar();
+  JoinLists();
   ChainTabStops();
   LayOut();
 }
@@ -207,6 +209,15 @@ void FormView::JoinScrollBar() {
   const auto bar = std::find_if(adapters_.begin(), adapters_.end(), is_bar);
   for (const auto& adapter : adapters_) {
     adapter->JoinScrollBar(static_cast<ScrollBar&>((*bar)->Source()));
+  }
+}
+
+void FormView::JoinLists() {
+  for (const auto& adapter : adapters_) {
+    if (adapter->Source().Kind() != ControlKind::kTextBox) continue;
+    const EntryControl* searched = static_cast<const TextBox&>(adapter->Source()).searched;
+    const ControlAdapter* list = searched == nullptr ? nullptr : AdapterOf(*searched);
+    if (list != nullptr && list->Widget() != nullptr) adapter->JoinList(*list->Widget());
   }
 }
 

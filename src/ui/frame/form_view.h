@@ -51,6 +51,7 @@ class FormView : public QWidget {
   void MeasureBase(QSize display);
   void NameWidgets();
   void JoinScrollBar();
+  void JoinLists();
   void ChainTabStops();
   void LayOut();
   void Put(const ControlAdapter& adapter);

@@ -1,7 +1,7 @@
 #include "ui/frame/qt_output.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -49,6 +49,21 @@ void ShowWindows() {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
+/// Tells that pages go out, and shows the hourglass, while a scope lasts.
+class PrintingScope {
+ public:
+  explicit PrintingScope(Progress& progress) : action_(progress, kPrintingAction) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    ShowWindows();
+  }
+  ~PrintingScope() { QApplication::restoreOverrideCursor(); }
+  PrintingScope(const PrintingScope&) = delete;
+  PrintingScope& operator=(const PrintingScope&) = delete;
+
+ private:
+  ProgressScope action_;
+};
+
 Status End(QPainter& painter, const QPrinter& printer) {
   if (!painter.end() || printer.printerState() == QPrinter::Error) return PrinterRefusal(printer);
   return Done{};
@@ -65,22 +80,23 @@ Status QtOutput::SaveChart(const ChartView& view, const std::string& path, int w
   return ExportChart(view, path, width, height);
 }
 
-Status QtOutput::PrintChart(const ChartView& view) {
+Status QtOutput::PrintChart(const ChartView& view, Progress& progress) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageOrientation(QPageLayout::Landscape);
   printer.setDocName(QtText(view.TitleText));
   if (!AskForPrinter(printer, QStringLiteral("Print Chart"))) return Done{};
+  const PrintingScope printing(progress);
   return PrintChartPage(view, printer);
 }
 
-Status QtOutput::PrintSheet(const Sheet& sheet, Progress& progress) {
+Status QtOutput::PrintSheet(const Sheet& sheet, const std::string& title, Progress& progress) {
   if (sheet.MaxRow < 1 || sheet.MaxCol < 1) {
     return Refusal("There is nothing on the sheet to print", QtText(sheet.SheetName));
   }
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(QtText(sheet.SheetName));
   if (!AskForPrinter(printer, QStringLiteral("Print Sheet"))) return Done{};
-  const SheetPages pages = PagesOn(sheet, printer);
+  const SheetPages pages = PagesOn(sheet, QtText(title), printer);
   const int count = RangeOf(pages, printer).Count();
   if (count == 0) {
     return Refusal("The sheet has no page " + std::to_string(printer.fromPage()) + ", it takes " +
@@ -88,6 +104,7 @@ Status QtOutput::PrintSheet(const Sheet& sheet, Progress& progress) {
                    QtText(sheet.SheetName));
   }
   if (!AgreedTo(count)) return Done{};
+  const PrintingScope printing(progress);
   return PrintPages(pages, printer, [&progress, count](int done) {
     progress.ShowMeter(100.0 * done / count);
     ShowWindows();
@@ -146,10 +163,14 @@ Status PrintChartPage(const ChartView& view, QPrinter& printer) {
   return End(painter, printer);
 }
 
-SheetPages PagesOn(const Sheet& sheet, QPrinter& printer) {
+SheetPages PagesOn(const Sheet& sheet, const QString& title, QPrinter& printer) {
   QFont font = PictureFont(1, false);
   font.setPointSizeF(kSheetPoints);
-  return {sheet, font, &printer, PageSize(printer)};
+  SheetPages upright(sheet, font, &printer, PageSize(printer), title);
+  const bool is_upright = printer.pageLayout().orientation() == QPageLayout::Portrait;
+  if (!is_upright || upright.NaturalWidth() <= PageSize(printer).width()) return upright;
+  printer.setPageOrientation(QPageLayout::Landscape);
+  return {sheet, font, &printer, PageSize(printer), title};
 }
 
 PageRange RangeOf(const SheetPages& pages, const QPrinter& printer) {

@@ -24,8 +24,8 @@ class QtOutput : public Output {
   void Use(QWidget* window, Dialogs& dialogs);
 
   Status SaveChart(const ChartView& view, const std::string& path, int width, int height) override;
-  Status PrintChart(const ChartView& view) override;
-  Status PrintSheet(const Sheet& sheet, Progress& progress) override;
+  Status PrintChart(const ChartView& view, Progress& progress) override;
+  Status PrintSheet(const Sheet& sheet, const std::string& title, Progress& progress) override;
   Status CopyChart(const ChartView& view, int width, int height) override;
   Status CopyText(const std::string& text) override;
 
@@ -41,8 +41,9 @@ class QtOutput : public Output {
 /// Draws a chart as one page, on white and as large as the page allows.
 Status PrintChartPage(const ChartView& view, QPrinter& printer);
 
-/// The pages that a sheet takes on the printer's paper.
-SheetPages PagesOn(const Sheet& sheet, QPrinter& printer);
+/// The pages that a sheet takes on the printer's paper, which is turned where the sheet is too wide
+/// for it upright. `printer` must not print yet.
+SheetPages PagesOn(const Sheet& sheet, const QString& title, QPrinter& printer);
 
 /// The pages that the printer's page range asks for, from 1; none when `first` is above `last`.
 struct PageRange {

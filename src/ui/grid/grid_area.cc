@@ -8,7 +8,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "import/family_summary.h"
+#include "table/sheet_display.h"
 #include "table/sheet_text.h"
 #include "ui/controls/qt_text.h"
 
@@ -55,12 +55,13 @@ void GridArea::ShowSheet() {
     place = {.name = sheet.SheetName,
              .rows = sheet.MaxRow,
              .cols = sheet.MaxCol,
-             .scroll = {},
+             .scroll = QPoint(0, FirstRowToShow(sheet) - sheet.FixedRows - 1),
              .selection = {}};
   }
+  place.places.clear();
   Measure();
   place.selection.SetExtent(geometry_.Rows(), geometry_.Cols());
-  if (is_new) place.selection.Place({sheet.FixedRows + 1, sheet.FixedCols + 1});
+  if (is_new) place.selection.Place({FirstRowToShow(sheet), sheet.FixedCols + 1});
   ScrollTo(place.scroll);
   if (sheet.selection != place.selection.Ranges()) TakeSelection();
   model_.Refresh();
@@ -159,6 +160,7 @@ void GridArea::paintEvent(QPaintEvent* /*event*/) {
             {.sheet = table_.Active(),
              .geometry = geometry_,
              .selection = Place().selection,
+             .places = Place().places,
              .palette = colors,
              .has_focus = hasFocus()},
             fonts_);

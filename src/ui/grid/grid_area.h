@@ -71,6 +71,7 @@ class GridArea : public QTableView {
     int cols = -1;
     QPoint scroll;  ///< pixels, rows
     GridSelection selection;
+    ColumnPlaces places = {};
   };
   struct Resize {
     int col = 0;
@@ -102,7 +103,7 @@ class GridArea : public QTableView {
   void ScrollForDrag();
   void SetWidth(int col, int pixels);
   void FitWidth(int col);
-  void ShowCutText(QPoint point, QPoint global);
+  void ShowTip(QPoint point, QPoint global);
 
   bool MoveKey(const QKeyEvent& event);
   bool SelectKey(const QKeyEvent& event);

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "base/text.h"
+#include "table/sheet_display.h"
 #include "ui/controls/qt_text.h"
 #include "ui/grid/grid_area.h"
 
@@ -187,17 +188,22 @@ void GridArea::FitWidth(int col) {
 bool GridArea::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  ShowCutText(help->pos(), help->globalPos());
+  ShowTip(help->pos(), help->globalPos());
   return true;
 }
 
-void GridArea::ShowCutText(QPoint point, QPoint global) {
+// The whole text of a cell that is cut, and what a heading means.
+void GridArea::ShowTip(QPoint point, QPoint global) {
   const GridCell cell = geometry_.CellAt(point);
   QString text;
   if (IsCell(cell)) {
     const std::string shown = table_.Active().CellText(cell.row, cell.col);
     const bool is_cut = fonts_.heading.Width(shown) + kFitMargin > geometry_.Width(cell.col);
     if (is_cut) text = QtText(TrimBlanks(shown));
+    if (UnitOf(cell) == GridUnit::kColumn) {
+      const QString tip = QtText(HeadingTip(table_.Active(), cell.col));
+      text += text.isEmpty() || tip.isEmpty() ? tip : QStringLiteral(": ") + tip;
+    }
   }
   QToolTip::showText(global, text.toHtmlEscaped(), viewport());
 }

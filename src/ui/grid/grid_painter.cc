@@ -1,12 +1,15 @@
 #include "ui/grid/grid_painter.h"
 
+#include <QPolygonF>
 #include <QRegion>
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <vector>
 
 #include "base/number_text.h"
 #include "base/text.h"
+#include "table/sheet_display.h"
 
 namespace vistaplot {
 
@@ -15,9 +18,12 @@ namespace {
 constexpr int kRowPadding = 6;
 constexpr int kDefaultMargin = 16;
 constexpr double kTwipsPerDigit = 110.0;
-constexpr double kLineShare = 0.16;    // of the text's colour in the lines between cells
-constexpr double kEdgeShare = 0.45;    // in the line that closes the headings
-constexpr double kStripShare = 0.65;   // in the letters and numbers of the strips
+constexpr double kLineShare = 0.16;   // of the text's colour in the lines between cells
+constexpr double kEdgeShare = 0.45;   // in the line that closes the headings
+constexpr double kStripShare = 0.65;  // in the letters and numbers of the strips
+constexpr double kFaintShare = 0.55;  // in the text of cells that tell nothing new
+constexpr int kArrow = 4;             // half the width of a sorted column's arrow, in pixels
+constexpr int kArrowRoom = 14;
 constexpr double kChosenShare = 0.28;  // of the highlight's colour over selected cells
 
 QColor Mixed(const QColor& ground, const QColor& ink, double share) {
@@ -52,7 +58,9 @@ class GridPainter {
         scene_(scene),
         geometry_(scene.geometry),
         palette_(scene.palette),
-        fonts_(fonts) {}
+        fonts_(fonts) {
+    scene_.places.resize(static_cast<std::size_t>(std::max(geometry_.Cols(), 0)));
+  }
 
   void Paint() {
     painter_.fillRect(QRect(QPoint(), geometry_.View()), palette_.color(QPalette::Window));
@@ -133,20 +141,92 @@ class GridPainter {
   }
 
   void PaintTexts(const Pane& pane) {
-    GridText& text = pane.is_bold ? fonts_.heading : fonts_.plain;
+    const QColor ground = palette_.color(pane.is_heading ? QPalette::Button : QPalette::Base);
+    const QColor ink = palette_.color(pane.is_heading ? QPalette::ButtonText : QPalette::Text);
+    if (pane.is_bold) {
+      PaintHeadings(pane, ink);
+      return;
+    }
+    PaintCells(pane, false, ink);
+    if (!pane.is_heading) PaintCells(pane, true, Mixed(ground, ink, kFaintShare));
+  }
+
+  /// A heading stands over its column as the column's first cell does.
+  void PaintHeadings(const Pane& pane, const QColor& ink) {
+    GridText& text = fonts_.heading;
     painter_.setFont(text.Font());
-    painter_.setPen(palette_.color(pane.is_heading ? QPalette::ButtonText : QPalette::Text));
+    painter_.setPen(ink);
     for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
-      QRect place(geometry_.Left(col), 0, geometry_.Width(col) - 1, geometry_.RowHeight() - 1);
+      const bool at_right = IsNumberColumn(col);
       for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
-        place.moveTop(geometry_.Top(row));
+        QRect place = CellPlace(row, col);
+        if (row == scene_.sheet.FixedRows && std::abs(scene_.sheet.SortedBy) == col) {
+          PaintArrow(place, at_right, ink);
+          place.adjust(at_right ? kArrowRoom : 0, 0, at_right ? 0 : -kArrowRoom, 0);
+        }
         const std::string cell = scene_.sheet.CellText(row, col);
-        // A heading stands over its column as the column's first cell does.
-        const bool is_number = pane.is_bold ? IsNumberColumn(col) : IsNumberCell(cell);
-        text.Draw(painter_, place, is_number ? TrimBlanks(cell) : cell, is_number);
+        text.Draw(painter_, place, at_right ? TrimBlanks(cell) : cell, at_right);
       }
     }
     text.Flush(painter_);
+  }
+
+  /// Upwards for the smallest first, downwards for the largest, on the side that the text leaves.
+  void PaintArrow(const QRect& place, bool at_left, const QColor& ink) {
+    const double middle_x =
+        at_left ? place.left() + kArrowRoom / 2.0 + 1.0 : place.right() - kArrowRoom / 2.0;
+    const double middle_y = place.center().y() + 0.5;
+    const double tip = scene_.sheet.SortedBy > 0 ? -kArrow * 0.6 : kArrow * 0.6;
+    painter_.save();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(ink);
+    painter_.drawPolygon(QPolygonF({{middle_x, middle_y + tip},
+                                    {middle_x - kArrow, middle_y - tip},
+                                    {middle_x + kArrow, middle_y - tip}}));
+    painter_.restore();
+  }
+
+  /// The faint cells of a pane, or all others.
+  void PaintCells(const Pane& pane, bool faint, const QColor& ink) {
+    GridText& text = fonts_.plain;
+    painter_.setFont(text.Font());
+    painter_.setPen(ink);
+    for (int col = pane.cols.first; col <= pane.cols.last; ++col) {
+      if (!faint) MeetPlaces(pane.rows, col);
+      for (int row = pane.rows.first; row <= pane.rows.last; ++row) {
+        if (!pane.is_heading && IsFaint(scene_.sheet, row, col) != faint) continue;
+        const std::string cell = scene_.sheet.CellText(row, col);
+        const bool is_number = IsNumberCell(cell);
+        text.Draw(painter_,
+                  CellPlace(row, col),
+                  is_number ? TrimBlanks(cell) : cell,
+                  is_number,
+                  is_number ? BehindPoint(cell, col) : 0.0);
+      }
+    }
+    text.Flush(painter_);
+  }
+
+  QRect CellPlace(int row, int col) const {
+    return {geometry_.Left(col),
+            geometry_.Top(row),
+            geometry_.Width(col) - 1,
+            geometry_.RowHeight() - 1};
+  }
+
+  int& PlacesOf(int col) { return scene_.places[static_cast<std::size_t>(col) - 1]; }
+
+  void MeetPlaces(const GridSpan& rows, int col) {
+    for (int row = rows.first; row <= rows.last; ++row) {
+      const std::string cell = scene_.sheet.CellText(row, col);
+      if (IsNumberCell(cell)) PlacesOf(col) = std::max(PlacesOf(col), PlacesFromPoint(cell));
+    }
+  }
+
+  /// What stays free at the right of a number, so that it stands on its column's decimal point.
+  double BehindPoint(const std::string& cell, int col) {
+    return fonts_.plain.TailWidth(PlacesOf(col)) - fonts_.plain.TailWidth(PlacesFromPoint(cell));
   }
 
   bool IsNumberColumn(int col) const {

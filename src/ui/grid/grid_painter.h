@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <QString>
 #include <string>
+#include <vector>
 
 #include "ui/grid/grid_geometry.h"
 #include "ui/grid/grid_selection.h"
@@ -30,10 +31,16 @@ struct GridFonts {
   GridText heading;
 };
 
+/// The most places behind the decimal point met so far in each column (column c at index c - 1),
+/// see PlacesFromPoint: numbers stand on their points, and what is scrolled into view can only
+/// widen the room behind it.
+using ColumnPlaces = std::vector<int>;
+
 struct GridScene {
   const Sheet& sheet;
   const GridGeometry& geometry;
   const GridSelection& selection;
+  ColumnPlaces& places;
   QPalette palette;
   bool has_focus = false;
 };

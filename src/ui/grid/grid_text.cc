@@ -1,6 +1,7 @@
 #include "ui/grid/grid_text.h"
 
 #include <QGlyphRun>
+#include <algorithm>
 #include <cmath>
 
 #include "base/text.h"
@@ -44,7 +45,13 @@ int GridText::Width(std::string_view text) const {
   return metrics_.horizontalAdvance(QtText(TrimRightBlanks(text)));
 }
 
-void GridText::Draw(QPainter& painter, const QRect& cell, std::string_view text, bool at_right) {
+double GridText::TailWidth(int places) const {
+  if (places <= 0) return 0.0;
+  return figures_['.'].advance + (places - 1) * figures_['0'].advance;
+}
+
+void GridText::Draw(
+    QPainter& painter, const QRect& cell, std::string_view text, bool at_right, double inset) {
   if (text.empty()) return;
   const QRect room = cell.adjusted(kMargin, 0, -kMargin, 0);
   const double width = FigureWidth(text);
@@ -52,7 +59,8 @@ void GridText::Draw(QPainter& painter, const QRect& cell, std::string_view text,
     DrawOther(painter, room, text, at_right);
     return;
   }
-  const double start = at_right ? room.right() + 1 - std::ceil(width) : room.left();
+  const double free = std::clamp(room.width() - width, 0.0, inset);
+  const double start = at_right ? room.right() + 1 - std::ceil(width) - free : room.left();
   const int top = room.top() + (room.height() - metrics_.height()) / 2;
   QPointF position(start, top + metrics_.ascent());
   for (const char character : text) {

@@ -24,8 +24,16 @@ class GridText {
   int Width(std::string_view text) const;
 
   /// Sets a text into a cell: at the right edge or the left one, with an ellipsis where it does not
-  /// fit. The painter's font and pen are used; figures appear only when they are flushed.
-  void Draw(QPainter& painter, const QRect& cell, std::string_view text, bool at_right);
+  /// fit. `inset` pixels of a cell's right side stay free where there is room for both. The
+  /// painter's font and pen are used; figures appear only when they are flushed.
+  void Draw(QPainter& painter,
+            const QRect& cell,
+            std::string_view text,
+            bool at_right,
+            double inset = 0.0);
+
+  /// Width of the last `places` figures of a number: its decimal point and what is behind it.
+  double TailWidth(int places) const;
 
   /// Paints the figures set since the last time.
   void Flush(QPainter& painter);

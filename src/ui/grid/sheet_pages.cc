@@ -1,8 +1,13 @@
 #include "ui/grid/sheet_pages.h"
 
+#include <QDate>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <numeric>
+#include <utility>
 
 #include "base/number_text.h"
 #include "base/text.h"
@@ -14,7 +19,38 @@ namespace {
 
 constexpr double kLineSpacing = 1.25;  ///< of the font's height
 constexpr double kGapLetters = 1.5;    ///< between columns, in average letters
-constexpr int kFrameLines = 2;         ///< above the cells (the name) and below them (the number)
+constexpr int kFrameLines = 2;         ///< above the cells (the title) and below them (the number)
+
+constexpr double kLeastLetters = 0.7;  ///< of their size, to fit all columns on a page
+constexpr double kRounding = 0.99;     ///< widths do not shrink quite as the letters' size does
+constexpr double kTrace = 1e-6;
+
+/// Widths of texts letter by letter: a sheet has millions of cells. Pairs of letters stand no wider
+/// apart than that.
+class LetterWidths {
+ public:
+  LetterWidths(const QFont& font, QPaintDevice* device) : metrics_(font, device) {
+    for (std::size_t code = 0; code < widths_.size(); ++code) {
+      widths_[code] = metrics_.horizontalAdvance(QChar(static_cast<char16_t>(code)));
+    }
+  }
+
+  double Average() const { return metrics_.averageCharWidth(); }
+
+  double Width(std::string_view text) const {
+    double width = 0.0;
+    for (const char character : text) {
+      const auto code = static_cast<unsigned char>(character);
+      if (code >= widths_.size()) return metrics_.horizontalAdvance(QtText(text));
+      width += widths_[code];
+    }
+    return width;
+  }
+
+ private:
+  QFontMetricsF metrics_;
+  std::array<double, 128> widths_{};
+};
 
 std::size_t Index(int number) {
   return static_cast<std::size_t>(number - 1);
@@ -22,51 +58,93 @@ std::size_t Index(int number) {
 
 }  // namespace
 
-SheetPages::SheetPages(const Sheet& sheet, const QFont& font, QPaintDevice* device, QSizeF page)
-    : sheet_(sheet), font_(font), bold_(font), device_(device), page_(page) {
-  bold_.setBold(true);
-  line_ = QFontMetricsF(font_, device_).height() * kLineSpacing;
+SheetPages::SheetPages(
+    const Sheet& sheet, const QFont& font, QPaintDevice* device, QSizeF page, QString title)
+    : sheet_(sheet), title_(std::move(title)), font_(font), device_(device), page_(page) {
   if (sheet_.MaxRow < 1 || sheet_.MaxCol < 1) return;
-  MeasureColumns();
+  UseFont(font);
+  FitToWidth();
   CutPages();
 }
 
-// By the longest text of each column: texts of one length differ little in width.
+void SheetPages::UseFont(const QFont& font) {
+  font_ = font;
+  bold_ = font;
+  bold_.setBold(true);
+  line_ = QFontMetricsF(font_, device_).height() * kLineSpacing;
+  MeasureColumns();
+}
+
+// Smaller letters where the columns then stand side by side, or where one alone is too wide.
+void SheetPages::FitToWidth() {
+  natural_width_ = std::accumulate(widths_.begin(), widths_.end(), 0.0);
+  const double widest = HeadingWidth() + *std::max_element(widths_.begin(), widths_.end());
+  double fit = std::min(1.0, page_.width() / widest);
+  const double side_by_side = page_.width() / natural_width_;
+  if (side_by_side >= kLeastLetters) fit = std::min(fit, side_by_side);
+  if (fit >= 1.0) return;
+  QFont smaller = font_;
+  smaller.setPointSizeF(QFontInfo(font_).pointSizeF() * fit * kRounding);
+  UseFont(smaller);
+}
+
+double SheetPages::HeadingWidth() const {
+  const int fixed = std::clamp(sheet_.FixedCols, 0, sheet_.MaxCol);
+  return std::accumulate(widths_.begin(), widths_.begin() + fixed, 0.0);
+}
+
 void SheetPages::MeasureColumns() {
-  const QFontMetricsF metrics(bold_, device_);
-  gap_ = kGapLetters / 2.0 * metrics.averageCharWidth();
+  const LetterWidths letters(bold_, device_);
+  gap_ = kGapLetters / 2.0 * letters.Average();
+  widths_.clear();
+  numbers_.clear();
   for (int col = 1; col <= sheet_.MaxCol; ++col) {
-    std::string longest;
+    double widest = 0.0;
     for (int row = 1; row <= sheet_.MaxRow; ++row) {
-      std::string text = sheet_.CellText(row, col);
-      if (text.size() > longest.size()) longest = std::move(text);
+      widest = std::max(widest, letters.Width(TrimBlanks(sheet_.CellText(row, col))));
     }
-    const double width = metrics.horizontalAdvance(QtText(longest)) + 2.0 * gap_;
-    widths_.push_back(std::min(width, page_.width()));
+    widths_.push_back(widest + 2.0 * gap_);
     const int data_row = std::min(sheet_.FixedRows + 1, sheet_.MaxRow);
     numbers_.push_back(col > sheet_.FixedCols &&
                        WholeNumber(sheet_.CellText(data_row, col)).has_value());
   }
 }
 
-// Blocks of columns side by side on the page, behind the heading columns where these leave room.
-std::vector<SheetPage> SheetPages::ColumnBlocks() const {
+// Blocks of columns side by side on pages of that width, behind the heading columns.
+std::vector<SheetPage> SheetPages::BlocksWithin(double width) const {
   const int fixed = std::clamp(sheet_.FixedCols, 0, sheet_.MaxCol);
-  double heading = 0.0;
-  for (int col = 1; col <= fixed; ++col) heading += widths_[Index(col)];
+  const double heading = HeadingWidth();
   std::vector<SheetPage> blocks;
   double used = heading;
   for (int col = fixed + 1; col <= sheet_.MaxCol; ++col) {
-    const double width = widths_[Index(col)];
-    if (blocks.empty() || used + width > page_.width()) {
+    if (blocks.empty() || used + widths_[Index(col)] > width + kTrace) {
       blocks.push_back({.first_row = 1, .last_row = 0, .first_col = col, .last_col = col});
       used = heading;
     }
     blocks.back().last_col = col;
-    used += width;
+    used += widths_[Index(col)];
   }
   if (blocks.empty()) {
     blocks.push_back({.first_row = 1, .last_row = 0, .first_col = fixed + 1, .last_col = fixed});
+  }
+  return blocks;
+}
+
+// As few blocks as the page allows, all about as wide: no column is left alone on the last one.
+std::vector<SheetPage> SheetPages::ColumnBlocks() const {
+  constexpr int kSteps = 20;
+  std::vector<SheetPage> blocks = BlocksWithin(page_.width());
+  double too_narrow = 0.0;
+  double enough = page_.width();
+  for (int step = 0; step < kSteps && blocks.size() > 1; ++step) {
+    const double width = (too_narrow + enough) / 2.0;
+    std::vector<SheetPage> narrower = BlocksWithin(width);
+    if (narrower.size() > blocks.size()) {
+      too_narrow = width;
+    } else {
+      enough = width;
+      blocks = std::move(narrower);
+    }
   }
   return blocks;
 }
@@ -90,7 +168,9 @@ void SheetPages::Paint(QPainter& painter, std::size_t index) const {
   painter.setPen(Qt::black);
   painter.setFont(bold_);
   const QRectF name(0.0, 0.0, page_.width(), line_);
-  painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter, QtText(sheet_.SheetName));
+  painter.drawText(name,
+                   Qt::AlignLeft | Qt::AlignVCenter,
+                   QFontMetricsF(bold_, device_).elidedText(title_, Qt::ElideRight, page_.width()));
   double top = kFrameLines * line_;
   for (int row = 1; row < page.first_row && row <= sheet_.FixedRows; ++row, top += line_) {
     PaintRow(painter, page, row, top);
@@ -101,6 +181,9 @@ void SheetPages::Paint(QPainter& painter, std::size_t index) const {
     PaintRow(painter, page, row, top);
   }
   const QRectF foot(0.0, page_.height() - line_, page_.width(), line_);
+  painter.drawText(foot,
+                   Qt::AlignLeft | Qt::AlignVCenter,
+                   QStringLiteral("Printed ") + QDate::currentDate().toString(u"MM/dd/yyyy"));
   painter.drawText(foot,
                    Qt::AlignRight | Qt::AlignVCenter,
                    QStringLiteral("Page %1 of %2").arg(index + 1).arg(pages_.size()));
@@ -117,7 +200,8 @@ double SheetPages::PaintCells(QPainter& painter, int row, int first, int last, Q
   double left = at.x();
   for (int col = first; col <= last; ++col) {
     const double width = widths_[Index(col)];
-    const QString text = QtText(TrimBlanks(sheet_.CellText(row, col)));
+    const std::string cell = sheet_.CellText(row, col);
+    const QString text = QtText(TrimBlanks(cell));
     if (!text.isEmpty()) {
       const auto side = numbers_[Index(col)] ? Qt::AlignRight : Qt::AlignLeft;
       painter.drawText(QRectF(left + gap_, at.y(), width - 2.0 * gap_, line_),

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <vector>
 
 #include "charts/view/palette.h"
 #include "support/chart_pictures.h"
@@ -76,6 +80,35 @@ TEST(ChartCanvas, WideLinesAreSolidThroughTheirCorners) {
   }
   EXPECT_EQ(image.pixelColor(20, 44), QColor(Qt::white));
   EXPECT_EQ(image.pixelColor(5, 40), QColor(Qt::white));
+}
+
+// The ink of a picture's columns, in pixels of full colour.
+std::vector<double> InkByColumn(const QImage& image, const QColor& ink, int first, int last) {
+  std::vector<double> columns;
+  for (int x = first; x <= last; ++x) {
+    double sum = 0.0;
+    for (int y = 0; y < image.height(); ++y) sum += Coverage(image.pixelColor(x, y), ink);
+    columns.push_back(sum);
+  }
+  return columns;
+}
+
+TEST(ChartCanvas, FlatLinesHaveNoBeadsWhereTheirPointsLie) {
+  const PictureColor ink{0, 0, 0};
+  const auto flat = [](double) { return 0.0; };
+  const auto ripple = [](double x) { return 0.02 * std::sin(x); };
+  const auto slope = [](double x) { return 0.11 * x; };
+  const auto bend = [](double x) { return 0.0012 * x * x; };
+  for (const auto& shape : std::vector<std::function<double(double)>>{flat, ripple, slope, bend}) {
+    StrokeLine line{{}, ink, 2.0};
+    for (double x = 5.0; x <= 95.0; x += 1.7) line.points.push_back({x, 30.3 + shape(x)});
+    ChartPicture picture = Sheet();
+    picture.Add(line);
+    const auto columns = InkByColumn(Painted(picture), Ink(ink), 8, 90);
+    const auto [least, most] = std::minmax_element(columns.begin(), columns.end());
+    EXPECT_GT(*least, 1.85) << shape(50.0);
+    EXPECT_LT(*most, 2.2) << shape(50.0);
+  }
 }
 
 TEST(ChartCanvas, GuidesAreOneSharpRowAndLinesStayInsideTheClip) {

@@ -96,6 +96,9 @@ TEST(ChartWidget, WithoutSeriesItTellsTheWayToAChart) {
   EXPECT_NE(painted, blank);
   const QRect top(0, 0, blank.width(), blank.height() / 4);  // no title, no guides
   EXPECT_EQ(painted.copy(top), blank.copy(top));
+  world.box.view.WhyEmpty = "12,045 points";
+  world.box.view.Refresh();
+  EXPECT_NE(world.chart.grab(inside).toImage(), painted) << "why it was refused";
 }
 
 TEST(ChartWidget, KeysMoveTheCrossHairByDays) {
@@ -233,6 +236,24 @@ TEST(ChartWidget, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
   world.Wheel({0, -240}, Qt::ControlModifier);
   EXPECT_EQ(scrolled, (std::vector<int>{1, -1, -1, 1}));
   EXPECT_EQ(periods, (std::vector<int>{2}));
+}
+
+TEST(ChartWidget, ItsHintTellsFromWhereTheHistoriesHaveEnded) {
+  ChartWorld world;
+  const auto hint = [&world] {
+    QStringList shown;
+    for (const QLabel* label : world.chart.findChildren<QLabel*>()) {
+      if (label->isVisible()) shown += label->text();
+    }
+    return shown.join(u'|').toStdString();
+  };
+  EXPECT_EQ(hint().substr(0, 18), "Point at the chart");
+  std::vector<double> ended(kRows, 0.25);
+  for (int row = 0; row < 40; ++row) ended[static_cast<std::size_t>(row)] = 0.001 * row;
+  world.box.view = LineChart({ended});
+  world.chart.ViewChanged();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(hint(), "Nothing changes after d41: the histories may have ended");
 }
 
 TEST(ChartWidget, AnotherChartKeepsTheDayOrItsPlaceOrHidesTheCrossHair) {

@@ -52,7 +52,7 @@ void PrintInto(QPrinter& printer, const std::string& path) {
 TEST(SheetPages, EveryCellStandsOnOnePage) {
   const Sheet sheet = Prices(120, 30);
   QImage paper(600, 800, QImage::Format_RGB32);
-  const SheetPages pages(sheet, QFont(), &paper, QSizeF(600, 800));
+  const SheetPages pages(sheet, QFont(), &paper, QSizeF(600, 800), QStringLiteral("Prices"));
   std::set<std::pair<int, int>> cells;
   std::size_t count = 0;
   for (const SheetPage& page : pages.Pages()) {
@@ -69,7 +69,7 @@ TEST(SheetPages, EveryCellStandsOnOnePage) {
 TEST(SheetPages, HeadingsNameAndNumberStandOnTheLastPageToo) {
   const Sheet sheet = Prices(120, 30);
   QImage paper(600, 800, QImage::Format_RGB32);
-  const SheetPages pages(sheet, QFont(), &paper, QSizeF(600, 800));
+  const SheetPages pages(sheet, QFont(), &paper, QSizeF(600, 800), QStringLiteral("Prices"));
   paper.fill(Qt::white);
   QPainter painter(&paper);
   pages.Paint(painter, pages.Pages().size() - 1);
@@ -87,7 +87,40 @@ TEST(SheetPages, HeadingsNameAndNumberStandOnTheLastPageToo) {
   EXPECT_TRUE(inked({0, 2 * line, 60, line - 3})) << "heading row";
   EXPECT_TRUE(inked({0, 3 * line + 3, 60, line - 3})) << "heading column";
   EXPECT_TRUE(inked({500, 800 - line, 100, line})) << "page number";
-  EXPECT_FALSE(inked({0, 800 - line, 400, line}));
+  EXPECT_TRUE(inked({0, 800 - line, 100, line})) << "day";
+  EXPECT_FALSE(inked({200, 800 - line, 250, line}));
+}
+
+TEST(SheetPages, NoCellIsCutAndNoColumnLeftAlone) {
+  QImage paper(600, 800, QImage::Format_RGB32);
+  Sheet sheet = Prices(5, 7);
+  sheet.SetCellText(3, 4, "WWWWWWW");  // no longer than others, but wider
+  const QFontMetricsF letters(QFont(), &paper);
+  const SheetPages wide(sheet, QFont(), &paper, QSizeF(600, 800), {});
+  EXPECT_GT(wide.ColumnWidth(4), letters.horizontalAdvance(QStringLiteral("WWWWWWW")));
+  const double heading = wide.ColumnWidth(1);
+  // Room for all columns but the last, which letters of 0.7 of their size cannot make up for.
+  const double narrow = (wide.NaturalWidth() - wide.ColumnWidth(8)) * 0.6;
+  const SheetPages parted(sheet, QFont(), &paper, QSizeF(narrow, 800), {});
+  ASSERT_GT(parted.Pages().size(), 1U);
+  for (const SheetPage& page : parted.Pages()) EXPECT_GT(page.last_col, page.first_col);
+  // Nearly enough room: all on one page in smaller letters.
+  const SheetPages fitted(sheet, QFont(), &paper, QSizeF(wide.NaturalWidth() * 0.8, 800), {});
+  ASSERT_EQ(fitted.Pages().size(), 1U);
+  EXPECT_LT(fitted.ColumnWidth(1), heading);
+  EXPECT_GT(fitted.ColumnWidth(1), 0.7 * heading);
+  sheet.SetCellText(2, 2, std::string(300, 'm'));
+  const SheetPages huge(sheet, QFont(), &paper, QSizeF(600, 800), {});
+  EXPECT_LE(huge.ColumnWidth(1) + huge.ColumnWidth(2), 600.0);
+}
+
+TEST(QtOutput, AWideSheetTurnsThePage) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  EXPECT_EQ(PagesOn(Prices(3, 4), {}, printer).Pages().size(), 1U);
+  EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
+  EXPECT_EQ(PagesOn(Prices(3, 14), {}, printer).Pages().size(), 1U);
+  EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
 }
 
 TEST(QtOutput, PrintsAllPagesOrThoseAskedFor) {
@@ -102,7 +135,7 @@ TEST(QtOutput, PrintsAllPagesOrThoseAskedFor) {
       printer.setFromTo(from, to);
     }
     std::vector<int> done;
-    const SheetPages pages = PagesOn(sheet, printer);
+    const SheetPages pages = PagesOn(sheet, QStringLiteral("Prices"), printer);
     EXPECT_TRUE(PrintPages(pages, printer, [&done](int page) { done.push_back(page); }).Ok());
     EXPECT_EQ(done.size(), static_cast<std::size_t>(RangeOf(pages, printer).Count()));
     EXPECT_EQ(done.back(), RangeOf(pages, printer).Count());
@@ -144,9 +177,10 @@ TEST(QtOutput, CancellingThePrintDialogIsNoFailure) {
     ++asked;
     dialog->reject();
   });
-  EXPECT_TRUE(output.PrintSheet(Prices(3, 1), progress).Ok());
+  EXPECT_TRUE(output.PrintSheet(Prices(3, 1), "Prices", progress).Ok());
   EXPECT_EQ(asked, 1);
-  EXPECT_FALSE(output.PrintSheet(Sheet(), progress).Ok());
+  EXPECT_TRUE(progress.actions.empty()) << "\"Printing...\" while it only asks";
+  EXPECT_FALSE(output.PrintSheet(Sheet(), "", progress).Ok());
 }
 
 TEST(QtOutput, TheClipboardTakesPicturesOnWhiteAndTexts) {

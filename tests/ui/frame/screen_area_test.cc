@@ -109,6 +109,17 @@ TEST_F(Screening, TiledScreensAreAsBeforeAfterTheFullScreen) {
   EXPECT_EQ(Child(screens_.frmTab).geometry(), other);
 }
 
+TEST_F(Screening, TheFrameHasItsMenusToolsAndStatusBackAfterTheFullScreen) {
+  const MainWindow& frame = windows_.program.Window();
+  const std::vector<QWidget*> parts{
+      frame.menuBar(), frame.statusBar(), frame.findChild<QToolBar*>()};
+  for (const bool shown : {false, true, false, true}) {
+    Press(Qt::Key_F11, Qt::NoModifier);
+    for (const QWidget* part : parts)
+      EXPECT_EQ(part->isVisible(), shown) << part->metaObject()->className();
+  }
+}
+
 TEST_F(Screening, ACascadeShowsEveryTitle) {
   Press(Qt::Key_3);
   Press(Qt::Key_4);

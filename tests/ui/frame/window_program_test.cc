@@ -223,6 +223,91 @@ TEST(WindowProgram, ThePointerOverAToolShowsItsTip) {
   QEvent left(QEvent::Leave);
   QApplication::sendEvent(&bar, &left);
   EXPECT_FALSE(windows.screens.frmMain.tools.TxtToolTip.Visible());
+  windows.screens.frmMain.tools.Timer1.Tick();
+  EXPECT_FALSE(windows.screens.frmMain.tools.TxtToolTip.Visible()) << "it came back";
+}
+
+TEST(WindowProgram, AListIsLoadedByADoubleClickOrEnterAndFindLeadsIntoIt) {
+  Windows windows;
+  windows.Start();
+  FrmTab& frmTab = windows.screens.frmTab;
+  frmTab.cboDataType.SetListIndex(1);
+  const bool& loaded = windows.program.Screens().State().flags.ResultFileLoaded;
+  auto& find = *windows.program.Window().findChild<QLineEdit*>("txtIndex");
+  auto& list = *windows.program.Window().findChild<QListView*>("lstIndex");
+  find.setFocus();
+  QTest::keyClicks(&find, "zz");
+  const QColor wrong = find.palette().color(QPalette::Text);
+  EXPECT_GT(wrong.red(), wrong.green() + 80);
+  EXPECT_EQ(find.accessibleDescription(), "No family begins with \"zz\"");
+  QTest::keyClick(&find, Qt::Key_N, Qt::AltModifier);
+  EXPECT_EQ(find.selectedText(), "zz");
+  QTest::keyClicks(&find, "tr");
+  EXPECT_EQ(find.palette().color(QPalette::Text), QPalette().color(QPalette::Text));
+  QTest::keyClick(&find, Qt::Key_Down);
+  EXPECT_EQ(QApplication::focusWidget(), &list);
+  EXPECT_FALSE(loaded);
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_TRUE(loaded);
+  frmTab.lists.OptSelect.SetListIndex(0);
+  ASSERT_FALSE(loaded);
+  const QPoint entry = list.visualRect(list.model()->index(0, 0)).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, entry);
+  EXPECT_FALSE(loaded) << "by a single click";
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, entry);
+  EXPECT_TRUE(loaded);
+}
+
+TEST(WindowProgram, TheHourglassGivesWayToADialogAndComesBack) {
+  Windows windows;
+  windows.Start();
+  FrmTab& frmTab = windows.screens.frmTab;
+  frmTab.SetPointer(MousePointer::kHourglass);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  QTimer::singleShot(0, [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+    box->accept();
+  });
+  windows.screens.frmMain.mnuHelpAbout.RaiseClick();
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  frmTab.SetPointer(MousePointer::kDefault);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(WindowProgram, TheWheelOverAChartMovesItsScrollBarByAPartOfTheChart) {
+  Windows windows;
+  windows.Start();
+  Screens& screens = windows.screens;
+  screens.frmTab.cboDataType.SetListIndex(1);
+  screens.frmTab.lists.lstIndex.Select({0});
+  screens.frmTab.lists.cmdLoadData.RaiseClick();
+  windows.program.Screens().State().table.SheetAt(1).Select({1, 2, 301, 2});
+  screens.frmMain.periods.mnuTimePeriod[0].RaiseClick();
+  screens.frmMain.mnuFileGraph.RaiseClick();
+  QApplication::processEvents();
+  const int rows = screens.frmGraph.VtChart1.view.rowcount();
+  ASSERT_GE(rows, 20);
+  auto* chart = windows.program.Window().findChild<QWidget*>("VtChart1");
+  const auto turn = [chart](int eighths) {
+    const QPointF at = chart->rect().center();
+    QWheelEvent wheel(at,
+                      chart->mapToGlobal(at),
+                      {},
+                      {0, eighths},
+                      {},
+                      {},
+                      Qt::NoScrollPhase,
+                      /*inverted=*/false);
+    QApplication::sendEvent(chart, &wheel);
+  };
+  const int newest = screens.frmGraph.HScroll1.Value();
+  turn(3 * 120);
+  EXPECT_EQ(screens.frmGraph.HScroll1.Value(), newest - 3 * (rows / 20)) << "back in time";
+  turn(-120);
+  EXPECT_EQ(screens.frmGraph.HScroll1.Value(), newest - 2 * (rows / 20));
 }
 
 TEST(WindowProgram, TheMeterIsPaintedInTheMiddleOfWork) {

@@ -209,6 +209,44 @@ TEST(GridView, TabsShowEverySheetButTheSpareOne) {
   EXPECT_EQ(world.Selected(), "");
 }
 
+TEST(GridView, KeysNeverLeadToTheSpareSheet) {
+  GridWorld world;
+  std::string visited;
+  for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_PageUp}) {
+    world.Key(key, kControl);
+    visited += std::to_string(world.table.ActiveSheet());
+  }
+  EXPECT_EQ(visited, "2211");
+}
+
+TEST(GridView, OpensAtTheFirstPriceAndScrollsBackFromThere) {
+  GridWorld world;
+  std::vector<float> late(200, -1.0F);
+  std::fill(late.begin() + 120, late.end(), 3.5F);
+  Sheet& sheet = world.table.SheetAt(1);
+  for (int col = 2; col <= GridWorld::kCols; ++col) sheet.SetPriceColumn(col, "LATE", late);
+  sheet.SheetName = "LATE";
+  world.table.NotifyContent(1);
+  EXPECT_EQ(world.area.Geometry().ScrollingRows().first, 122);
+  world.Key(Qt::Key_Up);
+  EXPECT_EQ(world.area.Geometry().ScrollingRows().first, 121);
+}
+
+TEST(GridView, ASortedColumnBearsAnArrowThatTurns) {
+  GridWorld world;
+  world.table.SetActiveSheet(2);
+  const QRect heading(world.At(1, 3) - QPoint(40, 8), QSize(80, 16));
+  const auto painted = [&world, heading](int sorted_by) {
+    world.table.SheetAt(2).SortedBy = sorted_by;
+    return world.area.viewport()->grab(heading).toImage();
+  };
+  const QImage plain = painted(0);
+  const QImage up = painted(3);
+  EXPECT_NE(up, plain);
+  EXPECT_NE(painted(-3), up);
+  EXPECT_EQ(painted(2), plain) << "another column";
+}
+
 TEST(GridView, WidthsAreTheSheetsAndTheMousesToChange) {
   GridWorld world;
   const GridGeometry& geometry = world.area.Geometry();

@@ -1,0 +1,97 @@
+#include "ui/frame/flat_style.h"
+
+#include <QApplication>
+#include <QStyleOptionSlider>
+
+#include "ui/controls/widgets.h"
+#include "ui/frame/tool_icon.h"
+
+namespace vistaplot {
+
+namespace {
+
+constexpr QLatin1String kToolkitStyle("fusion");
+
+/// The drawing that stands for a standard icon; null where the toolkit's own will do.
+const char* DrawingOf(QStyle::StandardPixmap icon) {
+  switch (icon) {
+    case QStyle::SP_ArrowBack:
+    case QStyle::SP_ArrowLeft:
+      return "back";
+    case QStyle::SP_ArrowForward:
+    case QStyle::SP_ArrowRight:
+      return "forward";
+    case QStyle::SP_FileDialogToParent:
+      return "folder_above";
+    case QStyle::SP_FileDialogNewFolder:
+      return "new_folder";
+    case QStyle::SP_FileDialogListView:
+      return "list_view";
+    case QStyle::SP_FileDialogDetailedView:
+      return "detail_view";
+    case QStyle::SP_DirIcon:
+    case QStyle::SP_DirOpenIcon:
+    case QStyle::SP_DirClosedIcon:
+      return "folder";
+    case QStyle::SP_DirHomeIcon:
+      return "home";
+    case QStyle::SP_FileIcon:
+      return "file";
+    case QStyle::SP_DriveHDIcon:
+      return "drive";
+    case QStyle::SP_ComputerIcon:
+      return "computer";
+    case QStyle::SP_MessageBoxQuestion:
+      return "question";
+    case QStyle::SP_MessageBoxWarning:
+      return "warning";
+    case QStyle::SP_TitleBarMinButton:
+      return "window_least";
+    case QStyle::SP_TitleBarNormalButton:
+      return "window_restore";
+    case QStyle::SP_TitleBarMaxButton:
+      return "window_most";
+    case QStyle::SP_TitleBarCloseButton:
+      return "window_close";
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+FlatStyle::FlatStyle() : QProxyStyle(QString(kToolkitStyle)) {}
+
+void FlatStyle::drawComplexControl(ComplexControl control,
+                                   const QStyleOptionComplex* option,
+                                   QPainter* painter,
+                                   const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && bar != nullptr) {
+    PaintScrollBar(*painter, *bar, *this, widget);
+  } else {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
+}
+
+int FlatStyle::styleHint(StyleHint hint,
+                         const QStyleOption* option,
+                         const QWidget* widget,
+                         QStyleHintReturn* data) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+QIcon FlatStyle::standardIcon(StandardPixmap icon,
+                              const QStyleOption* option,
+                              const QWidget* widget) const {
+  const char* drawing = DrawingOf(icon);
+  return drawing == nullptr ? QProxyStyle::standardIcon(icon, option, widget)
+                            : ToolIcon(QString::fromLatin1(drawing));
+}
+
+void UseFlatStyle() {
+  if (QApplication::style()->name() == kToolkitStyle) QApplication::setStyle(new FlatStyle);
+}
+
+}  // namespace vistaplot
