@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QMenuBar>
+#include <QStatusBar>
 #include <QTest>
+#include <QToolBar>
 
 #include "ui/frame/program_windows.h"
 #include "ui/grid/grid_area.h"
