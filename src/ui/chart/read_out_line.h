@@ -33,6 +33,9 @@ class ReadOutLine : public QWidget {
   /// Shows how to get a read-out instead, or where the histories seem to have ended.
   void ShowHint();
 
+  /// What it says while it shows no values.
+  const QString& Hint() const { return hint_; }
+
  protected:
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

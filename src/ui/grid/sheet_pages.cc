@@ -21,6 +21,8 @@ constexpr double kLineSpacing = 1.25;  ///< of the font's height
 constexpr double kGapLetters = 1.5;    ///< between columns, in average letters
 constexpr int kFrameLines = 2;         ///< above the cells (the title) and below them (the number)
 
+constexpr double kSmaller = 0.97;  ///< from try to try
+constexpr int kMostTries = 30;
 constexpr double kLeastLetters = 0.7;  ///< of their size, to fit all columns on a page
 constexpr double kRounding = 0.99;     ///< widths do not shrink quite as the letters' size does
 constexpr double kTrace = 1e-6;
@@ -83,9 +85,16 @@ void SheetPages::FitToWidth() {
   const double side_by_side = page_.width() / natural_width_;
   if (side_by_side >= kLeastLetters) fit = std::min(fit, side_by_side);
   if (fit >= 1.0) return;
+  // Letters do not shrink evenly: whole pixels and hints keep some as wide as they were.
   QFont smaller = font_;
-  smaller.setPointSizeF(QFontInfo(font_).pointSizeF() * fit * kRounding);
-  UseFont(smaller);
+  double size = QFontInfo(font_).pointSizeF() * fit * kRounding;
+  for (int tries = 0; tries < kMostTries; ++tries, size *= kSmaller) {
+    smaller.setPointSizeF(size);
+    UseFont(smaller);
+    const double all = std::accumulate(widths_.begin(), widths_.end(), 0.0);
+    const double one = HeadingWidth() + *std::max_element(widths_.begin(), widths_.end());
+    if ((fit == side_by_side ? all : one) <= page_.width()) return;
+  }
 }
 
 double SheetPages::HeadingWidth() const {

@@ -10,6 +10,7 @@
 #include "support/chart_pictures.h"
 #include "support/recording_dialogs.h"
 #include "ui/chart/chart_canvas.h"
+#include "ui/chart/read_out_line.h"
 
 namespace vistaplot {
 namespace {
@@ -241,16 +242,13 @@ TEST(ChartWidget, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
 TEST(ChartWidget, ItsHintTellsFromWhereTheHistoriesHaveEnded) {
   ChartWorld world;
   const auto hint = [&world] {
-    QStringList shown;
-    for (const QLabel* label : world.chart.findChildren<QLabel*>()) {
-      if (label->isVisible()) shown += label->text();
-    }
-    return shown.join(u'|').toStdString();
+    return world.chart.findChild<ReadOutLine*>()->Hint().toStdString();
   };
   EXPECT_EQ(hint().substr(0, 18), "Point at the chart");
   std::vector<double> ended(kRows, 0.25);
   for (int row = 0; row < 40; ++row) ended[static_cast<std::size_t>(row)] = 0.001 * row;
   world.box.view = LineChart({ended});
+  world.box.view.facts.Series(1).last_price_row = 41;
   world.chart.ViewChanged();
   QCoreApplication::processEvents();
   EXPECT_EQ(hint(), "Nothing changes after d41: the histories may have ended");
