@@ -33,6 +33,7 @@ class EmptiedPanelScope {
   Panel& panel_;
 };
 
+/// Pointer of `form` and action text together.
 class BusyScope {
  public:
   BusyScope(Form& form, Progress& progress, std::string_view action)

@@ -14,11 +14,13 @@ class FrmGraph : public Form {
   explicit FrmGraph(const Context& context);
 
   ChartBox VtChart1;
-  Label lblboxdate;    ///< date of a clicked point-and-figure box
+  Label lblboxdate;    ///< dates of the last X and O box of a point-and-figure chart, else empty
   ScrollBar HScroll1;  ///< the chart's last market day
 
+  /// Draws the chosen kind of graph up to the bar's day, with the same funds.
   void HScroll1_Change();
-  /// Shows the clicked day's value in a box.
+  /// Tells the date of the clicked row and the value in sheet column Series + 1 in a box; cancelled
+  /// for result files, and where the funds of the chart are no longer loaded.
   void VtChart1_PointSelected(PointSelection& selection);
 
   /// Shows the row of the data screen that a cell of a chart over two parameters was made from,

@@ -58,9 +58,9 @@ class FrmMain : public Form {
   explicit FrmMain(const Context& context);
 
   MenuItem mnuFile;
-  MenuItem mnuFileGraph;
+  MenuItem mnuFileGraph;  ///< draws the chosen kind of graph; also a tool
   MenuItem mnuFileSaveChart;
-  MenuItem mnuFileSaveSheet;
+  MenuItem mnuFileSaveSheet;  ///< as CSV
   MenuItem mnuFilePrint;
   MenuItem mnuFileExit;
   MenuItem mnuEdit;
@@ -84,14 +84,19 @@ class FrmMain : public Form {
 
   ToolBar tools;
 
-  Panel pnlAction;
-  Panel pnlMeter;
-  Panel pnlStatus;
+  Panel pnlAction;  ///< what goes on; shown only while it does
+  Panel pnlMeter;   ///< its percentage, 0 to 100; shown only while a long loop runs
+  Panel pnlStatus;  ///< what is loaded, or what was saved last; empty before
 
   /// Action and meter panel, for long operations.
   PanelProgress progress{pnlAction, pnlMeter, Host()};
 
+  /// Draws what is loaded, up to the scroll bar's day, and shows its screen. Before any load it
+  /// says what to load; a chart that is refused has its message, and the screen stays. A detail
+  /// file has no graph: nothing.
   void mnuFileGraph_Click();
+  // Of the screen in front: its sheet, or the chart of the graph screen that was in front last. A
+  // failure is told in a box with its reason, as is that there is nothing yet.
   void mnuFileSaveChart_Click();
   void mnuFileSaveSheet_Click();
   void mnuFilePrint_Click();
@@ -103,18 +108,23 @@ class FrmMain : public Form {
   void mnuTimePeriod_Click(int index);
   void cmdSort_Click();
   void cmdSortAll_Click();
+  // The next or previous of the selected funds, around the ends, drawn again.
   void cmdNext_Click();
   void cmdPrev_Click();
+  // The maximum-entropy screen: the spectrum of the day before or after, with its marks on the
+  // charts above; and all added forecasts taken off.
   void cmdSpectBack_Click();
   void cmdSpectFwd_Click();
   void cmdClear_Click();
+  // Screens to the front. The graph screen is that of three charts while an analysis is ticked; the
+  // calculations screen lists the signal files anew.
   void cmdShowMain_Click();
   void cmdShowData_Click();
   void cmdShowGraph_Click();
   void cmdShowCalc_Click();
   void mnuFamilySelect_Click();
   void mnuHelpAbout_Click();
-  void mnuFileExit_Click();
+  void mnuFileExit_Click();  ///< ends the program; nothing is saved
 
   /// Puts the text of tip TipIndex (1 to 12) into TxtToolTip and shows it; other numbers do
   /// nothing.

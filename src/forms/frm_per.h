@@ -12,11 +12,12 @@ class FrmPer : public Form {
  public:
   explicit FrmPer(const Context& context);
 
-  ChartBox VtChart1;
-  ChartBox VtChart2;
-  ChartBox VtChart3;
+  ChartBox VtChart1;   ///< prices, with trend and forecast of the maximum-entropy analysis
+  ChartBox VtChart2;   ///< Hurst exponent, correlation, or dominant periods and peaks, by day
+  ChartBox VtChart3;   ///< power by period of one day; maximum entropy alone
   ScrollBar HScroll1;  ///< the charts' last market day
 
+  /// Draws again up to the bar's day, with the same funds.
   void HScroll1_Change();
   /// On a maximum-entropy screen, adds the forecast that is made from the clicked day.
   void VtChart1_PointSelected(PointSelection& selection);

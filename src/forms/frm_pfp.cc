@@ -2,15 +2,36 @@
 
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/number_text.h"
-#include "forms/point_and_figure_settings.h"
 
 namespace vistaplot {
 
 namespace {
+
+// Keys of the eight bounds of the price ranges, highest first, and of the five box sizes.
+constexpr std::array<std::string_view, 8> kRangeKeys = {
+    "pfrange1", "pfrange2", "pfrange3", "pfrange4", "pfrange5", "pfrange6", "pfrange7", "pfrange8"};
+constexpr std::array<std::string_view, 5> kBoxKeys = {
+    "pfbox1", "pfbox2", "pfbox3", "pfbox4", "pfbox5"};
+// Key of the reversal: "1" one box, "2" three, "3" five.
+constexpr std::string_view kReversalKey = "pfrev";
+
+constexpr std::array<float, 8> kDefaultRanges = {
+    100.0F, 99.99F, 40.0F, 39.99F, 10.0F, 9.99F, 2.5F, 2.49F};
+constexpr std::array<float, 5> kDefaultBoxes = {1.0F, 0.4F, 0.2F, 0.1F, 0.05F};
+constexpr float kDefaultReversal = 2.0F;
+constexpr double kLargestSingle = std::numeric_limits<float>::max();
+
+float ReadNumber(const Settings& settings, std::string_view key, float fallback) {
+  const auto number = WholeNumber(settings.Get(key));
+  const bool held = number && std::abs(*number) <= kLargestSingle;
+  return held ? static_cast<float>(*number) : fallback;
+}
 
 constexpr const char* kNotAboveNext = "Value must to greater than next range";
 constexpr const char* kNotBelowPrevious = "Value must to less than previous range";
@@ -41,6 +62,21 @@ bool AllFinite(const std::array<float, N>& numbers) {
 }
 
 }  // namespace
+
+PointAndFigureSettings ReadPointAndFigureSettings(const Settings& settings) {
+  PointAndFigureSettings read;
+  for (std::size_t i = 0; i < kRangeKeys.size(); ++i) {
+    read.PfRange[i] = ReadNumber(settings, kRangeKeys[i], kDefaultRanges[i]);
+  }
+  for (std::size_t i = 0; i < kBoxKeys.size(); ++i) {
+    read.PfBox[i] = ReadNumber(settings, kBoxKeys[i], kDefaultBoxes[i]);
+  }
+  const float stored = ReadNumber(settings, kReversalKey, kDefaultReversal);
+  const bool known = stored >= 1.0F && stored <= 3.0F;
+  const float option = known ? stored : kDefaultReversal;
+  read.PfReversal = static_cast<std::int16_t>(RoundHalfEven(static_cast<double>(option)) - 1);
+  return read;
+}
 
 Frmpfp::Frmpfp(const Context& context)
     : Form("frmpfp", "Point and Figure Parameters", FormStyle::kDialog, context.host),

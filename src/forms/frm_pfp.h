@@ -12,6 +12,12 @@
 
 namespace vistaplot {
 
+/// The stored parameters, settings "pfrange1" to "pfrange8" (bounds, highest first), "pfbox1" to
+/// "pfbox5" and "pfrev" ("1" one box, "2" three, "3" five). A text that is no number, none that
+/// single precision can hold, or no reversal that there is counts as never written and gives the
+/// default.
+PointAndFigureSettings ReadPointAndFigureSettings(const Settings& settings);
+
 class Frmpfp : public Form {
  public:
   explicit Frmpfp(const Context& context);

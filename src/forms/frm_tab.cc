@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "controls/scaling.h"
-#include "forms/point_and_figure_settings.h"
 #include "forms/screens.h"
 #include "marketdata/service.h"
 

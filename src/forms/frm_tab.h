@@ -34,9 +34,10 @@ class FrmTab : public Form {
   explicit FrmTab(const Context& context);
 
   Label lblDataType;
-  ComboBox cboDataType;
+  ComboBox cboDataType;  ///< its positions are the numbers of DataType
   Label lblGraphType;
-  ComboBox cboGraphType;
+  ComboBox cboGraphType;  ///< entries by data type; see ChosenGraph
+  // What charts of result files show; cboDataField for charts over two parameters alone.
   Label lblXParm;
   ComboBox cboXParm;
   Label lblYParm;
@@ -44,9 +45,9 @@ class FrmTab : public Form {
   Label lblDataField;
   ComboBox cboDataField;
   Label lblPercent;
-  ComboBox cboPercent;
+  ComboBox cboPercent;  ///< leading part of a result file to chart: position 0 all to 9 a tenth
   Button cmdFileName;
-  Label lblFileName;
+  Label lblFileName;  ///< path of the imported file, or folder and names of several
 
   Frame fraOneAll;
   OptionGroup optOneAll;  ///< 0 "All Funds", 1 "One at a time"
@@ -55,12 +56,21 @@ class FrmTab : public Form {
   IssueLists lists;
   IndicatorBoxes indicators;
 
+  /// Sets the screen up for a kind of data: clears the table and what was loaded, shows the
+  /// controls that it needs, and starts with its first graph type.
   void cboDataType_Click();
+  /// Sets it up for a kind of graph: its options, and no indicator ticked.
   void cboGraphType_Click();
+  /// Lists families (0) or issues (1) and forgets what was loaded.
   void OptSelect_Click(int index);
+  /// Shows the tools that step through the funds for one at a time (1), hides them for all (0).
+  /// Correlation stays with all funds, maximum entropy with one.
   void optOneAll_Click(int index);
+  /// Selects the entry of lstIndex that the typed text begins, alone.
   void txtIndex_Change();
   void cmdFileName_Click();
+  /// Loads the selected families or issues into sheet 1 and their summary into sheet 2; with
+  /// nothing selected it says so and leaves the table empty.
   void cmdLoadData_Click();
   /// Shows the point-and-figure parameters until the user closes them.
   void cmdPoint_Click();

@@ -110,6 +110,29 @@ TEST(Indicators, TickedBoxClearsThoseThatCannotBeDrawnWithIt) {
   EXPECT_TRUE(world.frmMain.tools.cmdSpectBack.Visible());
 }
 
+TEST(Indicators, EveryNumberComesFromItsOwnBoxAndOfTickedOnesAlone) {
+  IndicatorBoxes boxes;
+  double number = 1.0;
+  for (const Design& design : boxes.Designs()) {
+    auto* text = dynamic_cast<TextBox*>(design.control);
+    if (text != nullptr) text->SetText(std::to_string(number++) + " and more");
+  }
+  EXPECT_FALSE(boxes.Numbers().average || boxes.Numbers().mem || boxes.Numbers().parabolic);
+  for (CheckBox* box : boxes.CheckBoxes()) box->SetChecked(true);
+  const IndicatorNumbers all = boxes.Numbers();  // in the order of the form
+  EXPECT_EQ(all.average, 1.0);
+  EXPECT_EQ(all.adaptive, 2.0);
+  EXPECT_EQ(all.parabolic->start, 3.0F);
+  EXPECT_EQ(all.parabolic->most, 4.0F);
+  EXPECT_EQ(all.parabolic->increase, 5.0F);
+  EXPECT_EQ(all.bands, 6.0);
+  EXPECT_EQ(all.hurst->days, 7.0);
+  EXPECT_EQ(all.hurst->subperiods, 8.0);
+  EXPECT_EQ(all.correlation, 9.0);
+  EXPECT_EQ(all.mem->longest_period, 10.0);
+  EXPECT_EQ(all.mem->poles, 11.0);
+}
+
 TEST(Indicators, OneFundOrAllStaysAsTheAnalysisNeedsIt) {
   IndicatorWorld world;
   world.Graph();
