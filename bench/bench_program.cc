@@ -21,10 +21,10 @@ void MakeService(const std::string& directory, const std::string& csv) {
 
 void ChooseAllIssues(FrmTab& tab) {
   tab.cboDataType.SetListIndex(static_cast<int>(DataType::kPrices));
-  tab.OptSelect.SetListIndex(1);
-  std::vector<int> all(static_cast<std::size_t>(tab.lstIndex.Count()));
+  tab.lists.OptSelect.SetListIndex(1);
+  std::vector<int> all(static_cast<std::size_t>(tab.lists.lstIndex.Count()));
   std::iota(all.begin(), all.end(), 0);
-  tab.lstIndex.Select(all);
+  tab.lists.lstIndex.Select(all);
 }
 
 void SelectFunds(DataTable& table, int count) {
