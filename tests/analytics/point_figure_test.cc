@@ -51,6 +51,9 @@ TEST(BoxLadders, LeadOneBoxOnAndRBack) {
   ladders = ComputeBoxLadders(41.0F, Direction::kFalling, settings);
   ExpectLevels(ladders.up, {41.0F, 41.4F, 41.8F, 42.2F});
   ExpectLevels(ladders.down, {41.0F, 40.6F, 40.6F, 40.6F});
+  ladders = ComputeBoxLadders(40.0F, Direction::kFalling, settings);
+  ExpectLevels(ladders.down, {40.0F, 39.6F, 39.6F, 39.6F});
+  ExpectLevels(ladders.up, {40.0F, 40.4F, 40.8F, 41.2F});
 }
 
 TEST(PointFigure, StartsAtThreeBoxesFromTheRoundedPrice) {
