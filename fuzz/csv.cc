@@ -4,7 +4,7 @@
 
 #include "harness.h"
 #include "quoteline/csv_prices.h"
-#include "quoteline/symbol.h"
+#include "quoteline/symbol_index.h"
 
 namespace {
 

@@ -3,7 +3,6 @@
 
 #include "base/files.h"
 #include "base/host_path.h"
-#include "base/user_folders.h"
 #include "harness.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

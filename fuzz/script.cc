@@ -2,7 +2,6 @@
 #include <string>
 #include <vector>
 
-#include "batch/script_error.h"
 #include "batch/script_line.h"
 #include "harness.h"
 

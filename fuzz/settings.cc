@@ -1,7 +1,7 @@
 // The settings file. The first line is a value that is stored into the file that follows.
 #include <string>
 
-#include "app/ini_text.h"
+#include "app/ini_settings.h"
 #include "harness.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

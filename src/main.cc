@@ -12,7 +12,7 @@
 #include "base/files.h"
 #include "base/heap.h"
 #include "batch/batch.h"
-#include "batch/window_script.h"
+#include "batch/script_commands.h"
 #include "ui/frame/entry_points.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "import/family_walk.h"
+#include "import/family_records.h"
 #include "price_walk.h"
 
 namespace vistaplot::bench {

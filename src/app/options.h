@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/user_folders.h"
+#include "base/host_path.h"
 #include "controls/form_host.h"
 
 namespace vistaplot {
@@ -39,7 +39,7 @@ struct ParsedOptions {
 };
 
 /// Reads the arguments behind the program's name: "--name value" or "--name=value", the last one
-/// of a name counts. Options that are absent take their defaults from base/user_folders.h.
+/// of a name counts. Options that are absent take their defaults from base/host_path.h.
 ParsedOptions ParseOptions(std::span<const char* const> arguments,
                            const EnvironmentLookup& environment = ProcessEnvironment());
 

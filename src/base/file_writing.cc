@@ -12,7 +12,6 @@
 #include <system_error>
 #include <utility>
 
-#include "base/descriptor.h"
 #include "base/file_lock.h"
 #include "base/files.h"
 #include "base/number_text.h"

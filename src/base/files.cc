@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/descriptor.h"
+#include "base/file_lock.h"
 #include "base/text.h"
 
 namespace vistaplot {

@@ -6,8 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "base/csv.h"
 #include "base/number_text.h"
+#include "base/text.h"
 
 namespace vistaplot {
 

@@ -1,5 +1,3 @@
-#include "batch/control_commands.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -10,11 +8,10 @@
 #include "base/number_text.h"
 #include "base/text.h"
 #include "batch/control_lookup.h"
+#include "batch/script_commands.h"
 #include "charts/kinds/kind.h"
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
-#include "controls/view_controls.h"
 
 namespace vistaplot {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "batch/script_error.h"
+#include "batch/script_line.h"
 #include "batch/script_world.h"
 #include "controls/control.h"
 #include "controls/form.h"

@@ -1,5 +1,3 @@
-#include "batch/dump_commands.h"
-
 #include <cmath>
 #include <optional>
 #include <string>
@@ -9,10 +7,10 @@
 #include "base/text.h"
 #include "batch/chart_dump.h"
 #include "batch/comparison.h"
-#include "batch/control_dump.h"
 #include "batch/control_lookup.h"
-#include "batch/sheet_dump.h"
-#include "controls/view_controls.h"
+#include "batch/script_commands.h"
+#include "batch/state_dump.h"
+#include "controls/value_controls.h"
 #include "table/sheet_text.h"
 
 namespace vistaplot {

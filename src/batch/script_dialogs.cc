@@ -1,7 +1,12 @@
 #include "batch/script_dialogs.h"
 
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "base/text.h"
 #include "batch/json_writer.h"
-#include "batch/script_error.h"
+#include "batch/script_line.h"
 
 namespace vistaplot {
 
@@ -113,6 +118,90 @@ std::optional<ScriptAnswer> ScriptDialogs::TakeFileAnswer(AnswerKind kind) {
       [kind](const ScriptAnswer& head) { return head.kind == kind || IsCancel(head); });
   if (queued && IsCancel(*queued)) queued->texts.clear();
   return queued && !queued->texts.empty() ? queued : std::nullopt;
+}
+
+namespace {
+
+constexpr std::array<std::string_view, 4> kButtonNames{"ok", "cancel", "yes", "no"};  // as Answer
+
+std::string Described(const ScriptAnswer& answer) {
+  switch (answer.kind) {
+    case AnswerKind::kButton:
+      return AnswerName(answer.button);
+    case AnswerKind::kText:
+      return "text \"" + answer.texts.front() + "\"";
+    case AnswerKind::kOpen:
+      return "open \"" + answer.texts.front() + "\"";
+    case AnswerKind::kSave:
+      break;
+  }
+  return "save \"" + answer.texts.front() + "\"";
+}
+
+}  // namespace
+
+std::string AnswerName(Answer answer) {
+  return std::string(kButtonNames[static_cast<std::size_t>(answer)]);
+}
+
+ScriptAnswer AnswerFromWords(ScriptWords words) {
+  const std::string kind = words.empty() ? std::string() : LowerCase(words.front());
+  const std::size_t texts = words.empty() ? 0 : words.size() - 1;
+  ScriptAnswer answer;
+  if (texts == 0) {
+    for (std::size_t i = 0; i < kButtonNames.size(); ++i) {
+      if (kind != kButtonNames[i]) continue;
+      answer.button = static_cast<Answer>(i);
+      return answer;
+    }
+  }
+  answer.texts.assign(words.begin() + (words.empty() ? 0 : 1), words.end());
+  answer.kind = kind == "text"   ? AnswerKind::kText
+                : kind == "open" ? AnswerKind::kOpen
+                : kind == "save" ? AnswerKind::kSave
+                                 : AnswerKind::kButton;
+  const bool right = answer.kind == AnswerKind::kOpen ? texts >= 1 : texts == 1;
+  if (right && answer.kind != AnswerKind::kButton) return answer;
+  throw ScriptError("answer: say ok, cancel, yes, no, text TEXT, open PATH... or save PATH");
+}
+
+std::optional<ScriptAnswer> AnswerQueue::TakeIf(
+    const std::function<bool(const ScriptAnswer&)>& fits) {
+  if (answers_.empty() || !fits(answers_.front())) return std::nullopt;
+  ScriptAnswer head = std::move(answers_.front());
+  answers_.pop_front();
+  return head;
+}
+
+void AnswerQueue::RequireEmpty() const {
+  if (answers_.empty()) return;
+  ScriptError error("nothing asked for this answer: " + Described(answers_.front()));
+  if (answers_.size() > 1) {
+    error.text += ", nor for " + std::to_string(answers_.size() - 1) + " more";
+  }
+  error.line = answers_.front().line;
+  throw error;
+}
+
+namespace {
+
+/// Keeps a form in the list of modal ones while a scope lasts, also when it is left by throwing.
+class ModalScope {
+ public:
+  ModalScope(std::vector<Form*>& modal, Form& form) : modal_(modal) { modal_.push_back(&form); }
+  ~ModalScope() { modal_.pop_back(); }
+  ModalScope(const ModalScope&) = delete;
+  ModalScope& operator=(const ModalScope&) = delete;
+
+ private:
+  std::vector<Form*>& modal_;
+};
+
+}  // namespace
+
+void ScriptHost::RunModal(Form& form) {
+  const ModalScope scope(modal_, form);
+  if (on_modal) on_modal(form);
 }
 
 }  // namespace vistaplot

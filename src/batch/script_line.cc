@@ -6,7 +6,6 @@
 
 #include "base/number_text.h"
 #include "base/text.h"
-#include "batch/script_error.h"
 
 namespace vistaplot {
 

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vistaplot {
@@ -23,5 +24,22 @@ int NumberFromWord(std::string_view word, std::string_view what, int least, int 
 /// " (did you mean A, B?)" with the names that differ from `word` in at most two letters (fewer in
 /// short words) or begin with it, at most three of them; empty when there are none.
 std::string DidYouMean(std::string_view word, std::span<const std::string> names);
+
+// How a script's run is left early, through whatever handlers are at work: both are thrown by
+// batch, caught by its runner, and are no std::exception, so that no handler mistakes them for a
+// failure of its own.
+
+/// Something in the script is wrong; the run ends with status 1.
+struct ScriptError {
+  explicit ScriptError(std::string what_is_wrong) : text(std::move(what_is_wrong)) {}
+
+  std::string text;
+  int line = 0;  ///< line of the script, from 1; 0: the one that is being run
+};
+
+/// The program has ended itself: by Exit, or after a fatal error.
+struct RunEnded {
+  bool fatal = false;
+};
 
 }  // namespace vistaplot

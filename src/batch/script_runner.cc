@@ -7,10 +7,8 @@
 #include <vector>
 
 #include "base/text.h"
-#include "batch/control_commands.h"
-#include "batch/dump_commands.h"
-#include "batch/script_error.h"
-#include "batch/sheet_commands.h"
+#include "batch/script_commands.h"
+#include "batch/script_line.h"
 
 namespace vistaplot {
 

@@ -4,13 +4,14 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "batch/answer_queue.h"
 #include "batch/batch.h"
-#include "batch/script_host.h"
+#include "batch/script_dialogs.h"
 #include "batch/script_line.h"
 #include "controls/form.h"
+#include "forms/shared_state.h"
 #include "table/data_table.h"
 
 namespace vistaplot {
@@ -32,5 +33,37 @@ struct ScriptWorld {
 
 /// A command: carries out the words behind its name, as the user would, or throws ScriptError.
 using ScriptCommand = void (*)(ScriptWorld& world, ScriptWords words);
+
+// Where a script's charts go: into files; there is no printer and no clipboard without windows.
+
+class ScriptOutput : public Output {
+ public:
+  explicit ScriptOutput(ChartExporter exporter) : exporter_(std::move(exporter)) {}
+
+  Status SaveChart(const ChartView& view, const std::string& path, int width, int height) override {
+    return exporter_(view, path, width, height);
+  }
+  Status PrintChart(const ChartView& /*view*/, Progress& /*progress*/) override {
+    return NeedsWindows("printer");
+  }
+  Status PrintSheet(const Sheet& /*sheet*/,
+                    const std::string& /*title*/,
+                    Progress& /*progress*/) override {
+    return NeedsWindows("printer");
+  }
+  Status CopyChart(const ChartView& /*view*/, int /*width*/, int /*height*/) override {
+    return NeedsWindows("clipboard");
+  }
+  Status CopyText(const std::string& /*text*/) override { return NeedsWindows("clipboard"); }
+
+ private:
+  static RuntimeError NeedsWindows(const std::string& what) {
+    return {.number = kErrorPathFileAccess,
+            .description = "a script without windows has no " + what,
+            .subject = {}};
+  }
+
+  ChartExporter exporter_;
+};
 
 }  // namespace vistaplot

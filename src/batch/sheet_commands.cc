@@ -1,5 +1,3 @@
-#include "batch/sheet_commands.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -7,7 +5,8 @@
 #include <vector>
 
 #include "batch/control_lookup.h"
-#include "controls/view_controls.h"
+#include "batch/script_commands.h"
+#include "controls/value_controls.h"
 
 namespace vistaplot {
 

@@ -1,5 +1,3 @@
-#include "batch/window_script.h"
-
 #include <optional>
 #include <sstream>
 #include <utility>
@@ -7,9 +5,8 @@
 #include "app/program.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "batch/answer_queue.h"
+#include "batch/script_commands.h"
 #include "batch/script_dialogs.h"
-#include "batch/script_host.h"
 #include "batch/script_runner.h"
 #include "batch/script_world.h"
 #include "batch/state_dump.h"

@@ -1,15 +1,36 @@
-// The three FNU files of a family's breadth.
+// Advance/decline series of a family: the counts, and the three FNU files of them.
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/result.h"
-#include "calc/breadth.h"
+#include "import/family_records.h"
 #include "marketdata/market_calendar.h"
 
 namespace vistaplot {
+
+// Advance/decline series: how many issues rose and how many fell. Series in, series out.
+
+/// The running sum of advancers less decliners. Element i of both is market day i + 1, -1 before a
+/// series begins, which counts as it stands: where one series alone has begun, the missing one
+/// counts as -1. Single precision, rounded at every day; as long as the shorter one.
+std::vector<float> AdvanceDeclineLine(std::span<const float> advancers,
+                                      std::span<const float> decliners);
+
+/// The breadth of a family; element i is market day i + 1, and day 1 is 0.
+struct FamilyBreadth {
+  std::vector<int> advancers;  ///< members whose price is above that of the day before
+  std::vector<int> decliners;
+  std::vector<float> line;  ///< running sum of the difference
+};
+
+/// Counts the members of `records`, day by day. A member counts from the day after its first price
+/// on, where the price before is above -0.5; an unchanged price counts as neither.
+FamilyBreadth CountFamilyBreadth(const FamilyRecords& records);
 
 /// The side files' symbols and titles.
 inline constexpr std::string_view kAdvancersSymbol = "f_adv";

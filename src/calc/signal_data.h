@@ -9,7 +9,7 @@
 #include "base/result.h"
 #include "calc/signal_test.h"
 #include "marketdata/market_data.h"
-#include "marketdata/quoteline_api.h"
+#include "marketdata/quoteline_library.h"
 
 namespace vistaplot {
 

@@ -2,7 +2,7 @@
 
 #include "calc/signal_cases.h"
 #include "calc/signal_sheets.h"
-#include "calc/signal_statistics.h"
+#include "calc/signal_walk.h"
 #include "formats/detail_file.h"
 #include "formats/summary_file.h"
 

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "base/progress.h"
+#include "base/dialogs.h"
 #include "base/result.h"
 #include "calc/signal_data.h"
 #include "calc/signal_files.h"

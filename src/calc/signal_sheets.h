@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "base/fixed_fields.h"
+#include "base/records.h"
 #include "calc/signal_data.h"
 #include "calc/signal_files.h"
 #include "calc/signal_walk.h"

@@ -48,4 +48,17 @@ void ScrollBar::SetValue(int value) {
   if (Change) Change();
 }
 
+void Panel::SetPercent(int percent) {
+  if (percent_ == percent) return;
+  percent_ = percent;
+  Tell(ControlAspect::kValue);
+  Refresh();
+}
+
+void MenuItem::SetChecked(bool checked) {
+  if (checked_ == checked) return;
+  checked_ = checked;
+  Tell(ControlAspect::kValue);
+}
+
 }  // namespace vistaplot

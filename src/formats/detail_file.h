@@ -7,8 +7,8 @@
 #include <string>
 
 #include "base/date.h"
-#include "base/fixed_fields.h"
-#include "formats/text_record.h"
+#include "base/records.h"
+#include "formats/text_lines.h"
 
 namespace vistaplot {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/fixed_fields.h"
+#include "base/records.h"
 #include "base/result.h"
 
 namespace vistaplot {

@@ -10,7 +10,7 @@
 #include <variant>
 #include <vector>
 
-#include "base/fixed_fields.h"
+#include "base/records.h"
 
 namespace vistaplot {
 

@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/fixed_fields.h"
 #include "base/records.h"
 
 namespace vistaplot {

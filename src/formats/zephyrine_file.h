@@ -7,9 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "base/fixed_fields.h"
 #include "base/records.h"
-#include "formats/text_record.h"
+#include "formats/text_lines.h"
 
 namespace vistaplot {
 

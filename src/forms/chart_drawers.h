@@ -6,8 +6,8 @@
 
 #include "charts/builders/chart_parts.h"
 #include "charts/builders/spectrum_chart.h"
-#include "forms/context.h"
 #include "forms/drawing.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

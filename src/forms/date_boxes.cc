@@ -4,9 +4,11 @@
 #include <string>
 
 #include "base/date.h"
+#include "base/files.h"
+#include "base/host_path.h"
 #include "base/number_text.h"
 #include "base/text.h"
-#include "marketdata/date_entry.h"
+#include "marketdata/market_calendar.h"
 
 namespace vistaplot {
 
@@ -46,6 +48,33 @@ void ShowDateOfDay(TextBox& date_box, TextBox& day_box, const MarketCalendar& ca
   const int day = RoundHalfEven(std::clamp(typed, 1.0, static_cast<double>(calendar.MaxNumDays)));
   if (day_box.Text() != std::to_string(day)) day_box.SetText(std::to_string(day));
   date_box.SetText(DateText(calendar.DateOf(day), DatePattern::kMonthDayLongYear));
+}
+
+std::optional<std::string> ChooseSavePath(const FileRequest& request, Dialogs& dialogs) {
+  const MessageRequest no_choice{
+      .text = "No file selected, press OK to continue. Press cancel to select a file",
+      .title = {},
+      .buttons = Buttons::kOkCancel};
+  do {
+    auto chosen = dialogs.ChooseFileToSave(request);
+    if (chosen) return chosen;
+  } while (dialogs.ShowMessage(no_choice) == Answer::kCancel);
+  return std::nullopt;
+}
+
+std::vector<std::string> ListSignalFiles(const SharedState& state) {
+  const std::string folder = HostPath(state.market.QuotelineDir + "/SIG", state.roots);
+  const auto names = ListFiles(folder, "*.SIG");
+  return names ? names.Value() : std::vector<std::string>{};
+}
+
+std::vector<std::string> SignalNames(const std::vector<std::string>& file_names) {
+  std::vector<std::string> names;
+  names.reserve(file_names.size());
+  for (const std::string& file : file_names) {
+    names.push_back(PadRight(UpperCase(UpToFirstDot(file)), 8));
+  }
+  return names;
 }
 
 }  // namespace vistaplot

@@ -1,8 +1,13 @@
 // Date boxes: a text box with a date beside a (hidden) box that holds its market day.
 #pragma once
 
-#include "controls/simple_controls.h"
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/dialogs.h"
 #include "controls/value_controls.h"
+#include "forms/shared_state.h"
 #include "marketdata/market_calendar.h"
 
 namespace vistaplot {
@@ -19,5 +24,19 @@ void CheckDateEntry(TextBox& date_box,
 /// Writes the date of the day box's market day ("mm/dd/yyyy") into the date box. A day outside 1 to
 /// MaxNumDays is brought into it, in both boxes; an empty calendar empties the date box.
 void ShowDateOfDay(TextBox& date_box, TextBox& day_box, const MarketCalendar& calendar);
+
+// Choosing the name of a file to write, as the calculations screen does it everywhere.
+
+/// Shows the save dialog until the user chooses a file, or gives up: the path, or nothing.
+std::optional<std::string> ChooseSavePath(const FileRequest& request, Dialogs& dialogs);
+
+// The signal files that the calculations screen offers.
+
+/// File names "*.SIG" of the SIG folder of the service's directory, ascending; none when the folder
+/// is missing.
+std::vector<std::string> ListSignalFiles(const SharedState& state);
+
+/// Each file name up to its first ".", in upper case, cut or padded to 8 characters.
+std::vector<std::string> SignalNames(const std::vector<std::string>& file_names);
 
 }  // namespace vistaplot

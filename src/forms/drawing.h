@@ -9,10 +9,10 @@
 #include <string>
 #include <string_view>
 
-#include "charts/builders/build_outcome.h"
+#include "charts/builders/chart_parts.h"
 #include "charts/builders/price_chart.h"
 #include "controls/value_controls.h"
-#include "forms/context.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

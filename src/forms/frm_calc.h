@@ -10,7 +10,7 @@
 #include "calc/signal_files.h"
 #include "formats/parameter_file.h"
 #include "forms/calc_frames.h"
-#include "forms/context.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

@@ -6,8 +6,6 @@
 #include "base/host_path.h"
 #include "base/number_text.h"
 #include "base/text.h"
-#include "calc/beta_series.h"
-#include "calc/breadth.h"
 #include "calc/family_series.h"
 #include "calc/fnu_series.h"
 #include "charts/builders/graph_selection.h"
@@ -15,7 +13,6 @@
 #include "forms/frm_calc.h"
 #include "forms/screens.h"
 #include "import/family_records.h"
-#include "marketdata/family_files.h"
 #include "marketdata/issue_lists.h"
 #include "marketdata/service.h"
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "controls/scaling.h"
+#include "controls/form.h"
 #include "forms/screens.h"
 
 namespace vistaplot {

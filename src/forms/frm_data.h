@@ -2,8 +2,8 @@
 #pragma once
 
 #include "controls/form.h"
-#include "controls/view_controls.h"
-#include "forms/context.h"
+#include "controls/value_controls.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

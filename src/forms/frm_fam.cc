@@ -6,9 +6,12 @@
 #include <vector>
 
 #include "base/date.h"
+#include "base/files.h"
+#include "base/host_path.h"
 #include "base/number_text.h"
+#include "base/text.h"
 #include "forms/date_boxes.h"
-#include "marketdata/date_entry.h"
+#include "marketdata/market_calendar.h"
 
 namespace vistaplot {
 
@@ -111,6 +114,42 @@ FamilyWindow FrmFam::Window() {
       .begin_day = DayOfBox(txtBegDate2), .end_day = DayOfBox(txtEndDate2), .gain_days = {}};
   for (std::size_t i = 0; i < txtDays.size(); ++i) window.gain_days[i] = txtDays[i].Text();
   return window;
+}
+
+FrmDir::FrmDir(const Context& context)
+    : Form("frmDir", "Choose a directory", FormStyle::kDialog, context.host), context_(context) {
+  Add({{&lblDirectory, "lblDirectory", "", At(180, 150, 4440, 510)},
+       {&Drive1, "Drive1", "", At(180, 720, 4440, 330)},
+       {&Dir1, "Dir1", "", At(180, 1140, 4440, 2400)},
+       {&cmdOK, "cmdOK", "OK", At(1740, 3660, 1320, 420)}});
+  Drive1.SetDescription("Drive");
+  Dir1.SetDescription("Directory");
+  Drive1.content = TextContent::kDrive;
+  Dir1.content = TextContent::kFolder;
+  Drive1.Change = [this] { Drive1_Change(); };
+  cmdOK.Click = [this] { cmdOK_Click(); };
+}
+
+void FrmDir::Form_Load() {
+  Drive1.SetText("");
+  Dir1.SetText("");
+}
+
+void FrmDir::Drive1_Change() {
+  // A drive that cannot be read leaves the directory as it was, without a word.
+  const std::string_view drive = TrimBlanks(Drive1.Text());
+  if (drive.size() != 2 || drive[1] != ':') return;
+  const std::string root = std::string(drive) + "/";
+  if (FolderExists(HostPath(root, context_.state.roots))) Dir1.SetText(root);
+}
+
+void FrmDir::cmdOK_Click() {
+  if (!(Dir1.Text() > " ") || !FolderExists(HostPath(Dir1.Text(), context_.state.roots))) {
+    context_.dialogs.Say("Please choose a directory");
+    return;
+  }
+  context_.state.directories.ChosenDir = Dir1.Text();
+  Unload();
 }
 
 }  // namespace vistaplot

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "base/version.h"
-#include "controls/scaling.h"
+#include "controls/form.h"
+#include "forms/date_boxes.h"
 #include "forms/screens.h"
-#include "forms/signal_names.h"
 
 namespace vistaplot {
 

@@ -10,11 +10,9 @@
 #include "charts/builders/summary_parameters.h"
 #include "charts/builders/time_periods.h"
 #include "controls/form.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
-#include "controls/view_controls.h"
-#include "forms/context.h"
-#include "forms/panel_progress.h"
+#include "forms/busy_scope.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

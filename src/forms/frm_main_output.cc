@@ -10,7 +10,6 @@
 #include "base/files.h"
 #include "base/host_path.h"
 #include "base/text.h"
-#include "base/user_folders.h"
 #include "forms/frm_main.h"
 #include "forms/screens.h"
 #include "table/sheet_text.h"

@@ -6,9 +6,8 @@
 
 #include "controls/form.h"
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
-#include "forms/context.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

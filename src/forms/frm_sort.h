@@ -5,8 +5,8 @@
 
 #include "controls/form.h"
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
-#include "forms/context.h"
+#include "controls/value_controls.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 
@@ -45,6 +45,24 @@ class FrmSort : public Form {
   int KeyOf(const ComboBox& keys, const OptionGroup& order, bool may_be_none) const;
 
   const Context& context_;
+};
+
+// The sheet chooser.
+
+class FrmSheet : public Form {
+ public:
+  explicit FrmSheet(const Context& context);
+
+  Label lblSheet;
+  ComboBox cboSheet;  ///< the caller fills it
+  Button cmdOK;
+  Button cmdCancel;
+
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+ private:
+  SharedState& state_;
 };
 
 }  // namespace vistaplot

@@ -8,11 +8,10 @@
 #include "charts/builders/summary_parameters.h"
 #include "controls/form.h"
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
-#include "forms/context.h"
 #include "forms/drawing.h"
 #include "forms/indicator_boxes.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "charts/builders/indicators.h"
+#include "charts/builders/overlays.h"
 #include "controls/form.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
 
 namespace vistaplot {

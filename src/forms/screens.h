@@ -3,19 +3,16 @@
 
 #include <vector>
 
-#include "forms/context.h"
 #include "forms/drawing.h"
 #include "forms/frm_calc.h"
 #include "forms/frm_data.h"
-#include "forms/frm_dir.h"
 #include "forms/frm_fam.h"
 #include "forms/frm_graph.h"
 #include "forms/frm_main.h"
-#include "forms/frm_per.h"
 #include "forms/frm_pfp.h"
-#include "forms/frm_sheet.h"
 #include "forms/frm_sort.h"
 #include "forms/frm_tab.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot {
 

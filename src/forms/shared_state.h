@@ -5,13 +5,20 @@
 #include <cstdint>
 #include <string>
 
+#include "base/dialogs.h"
 #include "base/host_path.h"
+#include "base/result.h"
+#include "base/settings.h"
 #include "charts/builders/graph_selection.h"
 #include "charts/builders/spectrum_chart.h"
+#include "charts/view/chart_view.h"
+#include "controls/form_host.h"
 #include "import/family_summary.h"
 #include "import/price_load.h"
 #include "marketdata/market_data.h"
+#include "marketdata/quoteline_library.h"
 #include "table/data_table.h"
+#include "table/sheet.h"
 
 namespace vistaplot {
 
@@ -67,6 +74,48 @@ struct SharedState {
   SortSheets sort_sheets;
   std::int16_t TipIndex = 0;  ///< number of the tool tip to show, 1 to 12
   PathRoots roots;            ///< where old-style paths lie on this host
+};
+
+// Where charts and sheets go besides the screens: picture files, the printer, the clipboard. The
+// part of the program that knows a toolkit provides it.
+
+inline constexpr const char* kPrintingAction = "Printing...";
+
+class Output {
+ public:
+  virtual ~Output() = default;
+
+  /// Draws a chart into a host file, its kind by the extension (.png, .svg, .pdf), `width` by
+  /// `height` pixels. A failure leaves an older file whole.
+  virtual Status SaveChart(const ChartView& view,
+                           const std::string& path,
+                           int width,
+                           int height) = 0;
+
+  /// Asks for a printer and prints. Done also when the user cancelled. `progress` shows
+  /// kPrintingAction while pages go out, not while the user is asked.
+  virtual Status PrintChart(const ChartView& view, Progress& progress) = 0;
+  /// The same with `title` above each page; the meter tells how many of the pages are done.
+  virtual Status PrintSheet(const Sheet& sheet, const std::string& title, Progress& progress) = 0;
+
+  /// The chart as a picture, `width` by `height` pixels, on the clipboard.
+  virtual Status CopyChart(const ChartView& view, int width, int height) = 0;
+  /// Tab-separated lines on the clipboard.
+  virtual Status CopyText(const std::string& text) = 0;
+};
+
+// What a screen is given to work with. Everything referred to outlives the screens.
+
+struct Screens;
+
+struct Context {
+  QuotelineApi& quoteline;
+  Settings& settings;
+  Dialogs& dialogs;
+  FormHost& host;
+  Output& output;
+  SharedState& state;
+  Screens& screens;  ///< all screens; for calls from one to another, not for construction
 };
 
 }  // namespace vistaplot

@@ -9,9 +9,7 @@
 #include <string_view>
 
 #include "base/dialogs.h"
-#include "base/progress.h"
 #include "import/family_records.h"
-#include "import/family_walk.h"
 #include "import/price_load.h"
 #include "marketdata/market_calendar.h"
 #include "table/data_table.h"

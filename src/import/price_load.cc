@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "base/text.h"
-#include "marketdata/family_files.h"
 #include "marketdata/issue_lists.h"
 #include "marketdata/service.h"
 

@@ -11,7 +11,7 @@
 #include "base/dialogs.h"
 #include "base/host_path.h"
 #include "marketdata/market_data.h"
-#include "marketdata/quoteline_api.h"
+#include "marketdata/quoteline_library.h"
 #include "table/data_table.h"
 
 namespace vistaplot {

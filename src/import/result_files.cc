@@ -10,7 +10,7 @@
 #include "formats/summary_file.h"
 #include "formats/vornaxil_file.h"
 #include "formats/zephyrine_file.h"
-#include "table/sheet_layout.h"
+#include "table/sheet.h"
 
 namespace vistaplot {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/progress.h"
+#include "base/dialogs.h"
 #include "base/result.h"
 #include "table/data_table.h"
 

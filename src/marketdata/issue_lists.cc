@@ -11,6 +11,7 @@
 #include "marketdata/service.h"
 
 namespace vistaplot {
+
 namespace {
 
 constexpr std::size_t kNameWidth = 8;     // of a family
@@ -185,6 +186,31 @@ std::string ChooseFamilyFile(const std::string& quoteline_dir, Dialogs& dialogs)
       return chosen.front();
     }
   } while (dialogs.ShowMessage(no_choice) == Answer::kCancel);
+  return {};
+}
+
+Result<Family> ReadFamilyFile(const std::string& path) {
+  const Result<std::string> bytes = ReadWholeFile(path);
+  if (!bytes) {
+    return bytes.Error();
+  }
+  Result<Family> family = ParseFamilyFile(bytes.Value());
+  if (!family) {
+    return MakeError(family.Error().number, path);
+  }
+  return family;
+}
+
+std::string FindFamilyFile(std::string_view name,
+                           const std::string& quoteline_dir,
+                           const PathRoots& roots) {
+  for (const std::string_view folder : {"/QLDEF/", "/USERDEF/", "/QL4WIN/SQLDEF/"}) {
+    std::string path = quoteline_dir;
+    path.append(folder).append(name).append(".FAM");
+    if (FileExists(HostPath(path, roots))) {
+      return path;
+    }
+  }
   return {};
 }
 

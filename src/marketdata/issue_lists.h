@@ -10,9 +10,10 @@
 
 #include "base/dialogs.h"
 #include "base/host_path.h"
-#include "base/progress.h"
+#include "base/result.h"
+#include "formats/family_file.h"
 #include "marketdata/market_data.h"
-#include "marketdata/quoteline_api.h"
+#include "marketdata/quoteline_library.h"
 
 namespace vistaplot {
 
@@ -52,5 +53,17 @@ std::optional<int> FindTyped(std::span<const std::string> entries,
 
 /// Lets the user choose a family file: its full path, or empty when the user gives up.
 std::string ChooseFamilyFile(const std::string& quoteline_dir, Dialogs& dialogs);
+
+// Family files of the service's three folders: found by name and read whole.
+
+/// Reads a whole family file. Errors of the host, and 62 for a file without a whole header; one
+/// with fewer entries than its header counts gives those that are there. `path` is the host's.
+Result<Family> ReadFamilyFile(const std::string& path);
+
+/// Path, old style or the host's, of the family called `name` below the service's directory: in
+/// QLDEF, USERDEF or QL4WIN/SQLDEF, in this order. Empty when none of them has it.
+std::string FindFamilyFile(std::string_view name,
+                           const std::string& quoteline_dir,
+                           const PathRoots& roots);
 
 }  // namespace vistaplot

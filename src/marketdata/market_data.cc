@@ -5,7 +5,7 @@
 
 #include "base/number_text.h"
 #include "base/result.h"
-#include "marketdata/status.h"
+#include "marketdata/service.h"
 
 namespace vistaplot {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "base/dialogs.h"
 #include "marketdata/market_calendar.h"
-#include "marketdata/quoteline_api.h"
+#include "marketdata/quoteline_library.h"
 
 namespace vistaplot {
 

@@ -5,9 +5,32 @@
 #include <cstdint>
 #include <string>
 
-#include "marketdata/quoteline_api.h"
-
 namespace vistaplot {
+
+// The market-data service's functions as an object, so that the program can run on a service made
+// for a test as well as on the real one. Meanings, units and statuses: quoteline/quoteline.h.
+
+class QuotelineApi {
+ public:
+  virtual ~QuotelineApi() = default;
+
+  virtual std::int32_t QLopen() = 0;
+  virtual std::int32_t QLrebuildSymbols() = 0;
+  virtual std::int32_t QLgetPathSize() = 0;
+  virtual std::int32_t QLgetQLDir(char* path) = 0;
+  virtual std::int32_t QLgetMaxDays() = 0;
+  virtual std::int32_t QLgetMaxNumDays() = 0;
+  virtual std::int32_t QLgetJulian(std::int32_t day) = 0;
+  virtual std::int32_t QLgetSymSize() = 0;
+  virtual std::int32_t QLgetNameSize() = 0;
+  virtual std::int32_t QLgetIssueIter() = 0;
+  virtual std::int16_t QLissueNext(std::int32_t iterator, char* symbol) = 0;
+  virtual std::int32_t QLcloseIssueIter(std::int32_t iterator) = 0;
+  virtual std::int16_t QLisQLIssue(const char* symbol) = 0;
+  virtual std::int32_t QLgetIssueName(const char* symbol, char* name) = 0;
+  virtual std::int32_t QLgetStartDateBySym(const char* symbol) = 0;
+  virtual std::int32_t QLgetIssue(const char* symbol, float* element_zero) = 0;
+};
 
 /// One at a time: the service behind it is one for the whole process. Closed with the object.
 class QuotelineLibrary final : public QuotelineApi {

@@ -5,7 +5,7 @@
 
 #include "base/text.h"
 #include "quoteline/csv_line.h"
-#include "quoteline/symbol.h"
+#include "quoteline/symbol_index.h"
 
 namespace vistaplot {
 

@@ -6,11 +6,9 @@
 #include <utility>
 
 #include "base/text.h"
-#include "quoteline/csv_forms.h"
 #include "quoteline/csv_header.h"
 #include "quoteline/csv_line.h"
-#include "quoteline/line_blocks.h"
-#include "quoteline/symbol.h"
+#include "quoteline/symbol_index.h"
 
 namespace vistaplot {
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "base/text.h"
-#include "quoteline/csv_forms.h"
+#include "quoteline/csv_header.h"
 #include "quoteline/price_text.h"
-#include "quoteline/symbol.h"
+#include "quoteline/symbol_index.h"
 
 namespace vistaplot {
 

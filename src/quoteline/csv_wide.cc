@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "quoteline/csv_forms.h"
+#include "quoteline/csv_header.h"
 #include "quoteline/price_text.h"
 
 namespace vistaplot {

@@ -9,7 +9,7 @@
 #include "base/text.h"
 #include "quoteline/quoteline.h"
 #include "quoteline/service.h"
-#include "quoteline/symbol.h"
+#include "quoteline/symbol_index.h"
 
 namespace vistaplot {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/date.h"
-#include "quoteline/symbol.h"
+#include "quoteline/symbol_index.h"
 
 namespace vistaplot {
 

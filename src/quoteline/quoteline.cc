@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/host_path.h"
 #include "base/text.h"
-#include "base/user_folders.h"
 #include "quoteline/service.h"
 #include "quoteline/store_contents.h"
 

@@ -13,8 +13,6 @@
 #include "quoteline/administration.h"
 #include "quoteline/family_folders.h"
 #include "quoteline/quoteline.h"
-#include "quoteline/sample_market.h"
-#include "quoteline/sample_results.h"
 #include "quoteline/store_change.h"
 #include "quoteline/store_creation.h"
 

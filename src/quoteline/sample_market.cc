@@ -1,10 +1,10 @@
-#include "quoteline/sample_market.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+
+#include "quoteline/sample.h"
 
 namespace vistaplot {
 

@@ -1,5 +1,3 @@
-#include "quoteline/sample_results.h"
-
 #include <array>
 #include <string_view>
 
@@ -10,6 +8,7 @@
 #include "formats/summary_file.h"
 #include "formats/vornaxil_file.h"
 #include "formats/zephyrine_file.h"
+#include "quoteline/sample.h"
 
 namespace vistaplot {
 

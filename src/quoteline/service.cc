@@ -6,9 +6,9 @@
 #include <span>
 #include <utility>
 
-#include "base/user_folders.h"
-#include "quoteline/first_form.h"
+#include "base/host_path.h"
 #include "quoteline/quoteline.h"
+#include "quoteline/store_creation.h"
 
 namespace vistaplot {
 

@@ -7,9 +7,9 @@
 #include <cstring>
 
 #include "base/files.h"
-#include "quoteline/crc32c.h"
-#include "quoteline/first_form.h"
+#include "quoteline/history.h"
 #include "quoteline/quoteline.h"
+#include "quoteline/store_creation.h"
 
 namespace vistaplot {
 

@@ -9,7 +9,7 @@
 #include "base/result.h"
 #include "quoteline/database.h"
 #include "quoteline/history.h"
-#include "quoteline/store_row.h"
+#include "quoteline/store_contents.h"
 #include "quoteline/symbol_index.h"
 
 namespace vistaplot {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <span>
 
-#include "quoteline/crc32c.h"
+#include "quoteline/history.h"
 #include "quoteline/symbol_index.h"
 
 namespace vistaplot {

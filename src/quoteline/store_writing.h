@@ -7,7 +7,7 @@
 
 #include "quoteline/database.h"
 #include "quoteline/history.h"
-#include "quoteline/store_row.h"
+#include "quoteline/store_contents.h"
 
 namespace vistaplot {
 

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "base/heap.h"
+#include "base/host_path.h"
 #include "base/text.h"
-#include "base/user_folders.h"
 #include "base/version.h"
 #include "quoteline_tool/commands.h"
 

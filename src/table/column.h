@@ -11,7 +11,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/fixed_fields.h"
 #include "base/records.h"
 
 namespace vistaplot {

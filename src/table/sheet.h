@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/records.h"
 #include "table/cell_range.h"
 #include "table/column.h"
 
@@ -98,5 +99,15 @@ class Sheet {
   std::vector<Column> columns_;  ///< column c at index c - 1
   RecordBlock records_;          ///< shared by the columns that have a field
 };
+
+// Sheets that show the fields of a file, one a column.
+
+/// Lays a sheet out for a format's fields: MaxCol, FixedRows (0 to 2 rows of headings), no fixed
+/// columns, and each column's width and headings where the format gives them. Other cells and
+/// widths stay, also those of columns behind the last field.
+void LayOutFields(Sheet& sheet, FixedFields fields, int heading_rows);
+
+/// Sets MaxRow and leaves cursor and selection at (MaxRow, MaxCol), as every reader does.
+void EndAtRow(Sheet& sheet, int max_row);
 
 }  // namespace vistaplot

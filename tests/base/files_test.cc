@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "base/descriptor.h"
+#include "base/file_lock.h"
 #include "support/child_process.h"
 #include "support/temporary_folder.h"
 

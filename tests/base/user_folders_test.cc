@@ -1,5 +1,3 @@
-#include "base/user_folders.h"
-
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -8,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/host_path.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {

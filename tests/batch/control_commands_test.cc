@@ -1,11 +1,10 @@
-#include "batch/control_commands.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "batch/script_commands.h"
 #include "support/script_screen.h"
 
 namespace vistaplot {

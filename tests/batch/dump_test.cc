@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "batch/comparison.h"
-#include "batch/dump_commands.h"
+#include "batch/script_commands.h"
 #include "support/script_screen.h"
 #include "support/temporary_folder.h"
 

@@ -11,7 +11,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "batch/batch.h"
-#include "quoteline/sample_results.h"
+#include "quoteline/sample.h"
 #include "support/quoteline_world.h"
 #include "support/temporary_folder.h"
 

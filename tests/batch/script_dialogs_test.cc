@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "batch/script_error.h"
+#include "batch/script_line.h"
 
 namespace vistaplot {
 namespace {

@@ -6,8 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "batch/script_error.h"
-
 namespace vistaplot {
 namespace {
 

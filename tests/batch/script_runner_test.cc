@@ -7,7 +7,7 @@
 #include <string>
 
 #include "batch/script_dialogs.h"
-#include "batch/script_error.h"
+#include "batch/script_line.h"
 #include "support/script_screen.h"
 
 namespace vistaplot {

@@ -1,11 +1,10 @@
 // A script over windows: what it takes over while it plays, and what it leaves to the desktop.
-#include "batch/window_script.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
 
 #include "app/program.h"
+#include "batch/script_commands.h"
 #include "support/screen_world.h"
 
 namespace vistaplot {

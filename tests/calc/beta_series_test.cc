@@ -1,8 +1,7 @@
-#include "calc/beta_series.h"
-
 #include <gtest/gtest.h>
 
 #include "base/number_text.h"
+#include "calc/fnu_series.h"
 
 namespace vistaplot {
 namespace {

@@ -1,8 +1,8 @@
-#include "calc/breadth.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
+
+#include "calc/family_series.h"
 
 namespace vistaplot {
 namespace {

@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include "calc/signal_statistics.h"
 #include "support/signal_world.h"
 
 namespace vistaplot {

@@ -4,9 +4,7 @@
 #include <vector>
 
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
-#include "controls/view_controls.h"
 
 namespace vistaplot {
 namespace {

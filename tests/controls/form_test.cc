@@ -4,7 +4,6 @@
 
 #include <array>
 
-#include "controls/scaling.h"
 #include "controls/value_controls.h"
 #include "support/silent_host.h"
 

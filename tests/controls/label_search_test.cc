@@ -1,9 +1,6 @@
-#include "controls/label_search.h"
-
 #include <gtest/gtest.h>
 
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
 #include "support/silent_host.h"
 

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "formats/fnu_file.h"
-#include "formats/signal_family_file.h"
 #include "formats/signal_file.h"
 
 namespace vistaplot {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/user_folders.h"
+#include "base/host_path.h"
 #include "support/screen_world.h"
 
 namespace vistaplot {

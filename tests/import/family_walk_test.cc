@@ -1,10 +1,10 @@
-#include "import/family_walk.h"
-
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cstdint>
 #include <random>
+
+#include "import/family_records.h"
 
 namespace vistaplot {
 namespace {

@@ -1,6 +1,6 @@
-#include "marketdata/date_entry.h"
-
 #include <gtest/gtest.h>
+
+#include "marketdata/market_calendar.h"
 
 namespace vistaplot {
 namespace {

@@ -1,7 +1,6 @@
-#include "marketdata/family_files.h"
-
 #include <gtest/gtest.h>
 
+#include "marketdata/issue_lists.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {

@@ -1,7 +1,6 @@
-#include "marketdata/status.h"
-
 #include <gtest/gtest.h>
 
+#include "marketdata/service.h"
 #include "support/recording_dialogs.h"
 
 namespace vistaplot {

@@ -1,11 +1,11 @@
-#include "quoteline/crc32c.h"
-
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "quoteline/history.h"
 
 namespace vistaplot {
 namespace {

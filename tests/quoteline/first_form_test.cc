@@ -1,6 +1,4 @@
 // Databases as earlier programs wrote them: read as they are, moved over by the first writer.
-#include "quoteline/first_form.h"
-
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -9,6 +7,7 @@
 #include <vector>
 
 #include "quoteline/check.h"
+#include "quoteline/store_creation.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {

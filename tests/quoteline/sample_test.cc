@@ -7,9 +7,7 @@
 #include <string>
 
 #include "quoteline/check.h"
-#include "quoteline/first_form.h"
-#include "quoteline/sample_market.h"
-#include "quoteline/sample_results.h"
+#include "quoteline/store_creation.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {

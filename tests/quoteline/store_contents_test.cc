@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "quoteline/check.h"
-#include "quoteline/crc32c.h"
+#include "quoteline/history.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {

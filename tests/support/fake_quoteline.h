@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/date.h"
-#include "marketdata/quoteline_api.h"
+#include "marketdata/quoteline_library.h"
 
 namespace vistaplot::test {
 

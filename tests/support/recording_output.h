@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/output.h"
+#include "forms/shared_state.h"
 
 namespace vistaplot::test {
 

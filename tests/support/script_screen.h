@@ -8,9 +8,7 @@
 #include "batch/script_runner.h"
 #include "batch/script_world.h"
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
-#include "controls/view_controls.h"
 #include "table/data_table.h"
 
 namespace vistaplot::test {

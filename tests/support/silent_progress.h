@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/progress.h"
+#include "base/dialogs.h"
 
 namespace vistaplot::test {
 

@@ -1,5 +1,3 @@
-#include "table/sheet_display.h"
-
 #include <gtest/gtest.h>
 
 #include "table/sheet_text.h"

@@ -1,6 +1,6 @@
-#include "table/sheet_sort.h"
-
 #include <gtest/gtest.h>
+
+#include "table/sorting.h"
 
 namespace vistaplot {
 namespace {

@@ -11,7 +11,7 @@
 #include "analytics/correlation.h"
 #include "analytics/hurst.h"
 #include "base/text.h"
-#include "charts/builders/fund_prices.h"
+#include "charts/builders/graph_selection.h"
 #include "charts/builders/time_periods.h"
 
 namespace vistaplot {

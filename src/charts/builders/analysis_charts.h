@@ -2,7 +2,7 @@
 // correlation, or the powers of the maximum-entropy analysis with the spectrum of one day.
 #pragma once
 
-#include "charts/builders/build_outcome.h"
+#include "charts/builders/chart_parts.h"
 #include "charts/builders/price_chart.h"
 #include "charts/builders/spectrum_chart.h"
 

@@ -2,7 +2,6 @@
 // its fund's first price in the window.
 #pragma once
 
-#include "charts/builders/build_outcome.h"
 #include "charts/builders/chart_parts.h"
 #include "charts/builders/graph_selection.h"
 #include "charts/view/chart_view.h"

@@ -1,9 +1,11 @@
 #include "charts/builders/graph_selection.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 
 namespace vistaplot {
+
 namespace {
 
 constexpr int kFirstFundColumn = 2;  // column 1 holds the dates
@@ -51,6 +53,19 @@ std::int16_t SteppedFund(const GraphSelection& selection, int step) {
   const int position = selection.CurrentFund + step;
   if (position > selection.SelectedCount) return 1;
   return position < 1 ? selection.SelectedCount : static_cast<std::int16_t>(position);
+}
+
+FundPrices::FundPrices(const Sheet& prices, int table_column, int first_day, int chart_days)
+    : history_(first_day - 1) {
+  const int days = history_ + chart_days;
+  const auto count = static_cast<std::size_t>(days);
+  const std::span<const float> block = prices.PriceBlock(table_column);
+  if (block.size() >= count) {
+    values_ = block.first(count);
+  } else {
+    copy_ = prices.ColumnSingles(table_column, 2, days);
+    values_ = copy_;
+  }
 }
 
 }  // namespace vistaplot

@@ -7,7 +7,7 @@
 
 #include "base/date.h"
 #include "base/text.h"
-#include "charts/builders/fund_prices.h"
+#include "charts/builders/graph_selection.h"
 #include "charts/builders/time_periods.h"
 
 namespace vistaplot {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "analytics/point_figure.h"
-#include "charts/builders/build_outcome.h"
 #include "charts/builders/chart_parts.h"
 #include "charts/builders/graph_selection.h"
 #include "charts/view/chart_view.h"

@@ -11,7 +11,7 @@
 #include "analytics/forecast.h"
 #include "analytics/trend.h"
 #include "base/text.h"
-#include "charts/builders/fund_prices.h"
+#include "charts/builders/graph_selection.h"
 #include "charts/builders/overlays.h"
 #include "charts/builders/spectrum_chart.h"
 #include "charts/builders/time_periods.h"

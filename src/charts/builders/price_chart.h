@@ -4,10 +4,9 @@
 #pragma once
 
 #include "analytics/spectrum.h"
-#include "charts/builders/build_outcome.h"
 #include "charts/builders/chart_parts.h"
 #include "charts/builders/graph_selection.h"
-#include "charts/builders/indicators.h"
+#include "charts/builders/overlays.h"
 #include "charts/view/chart_view.h"
 #include "marketdata/market_calendar.h"
 #include "table/sheet.h"

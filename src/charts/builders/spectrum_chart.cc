@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "analytics/forecast.h"
-#include "charts/builders/fund_prices.h"
+#include "charts/builders/graph_selection.h"
 
 namespace vistaplot {
 namespace {

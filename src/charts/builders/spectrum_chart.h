@@ -8,7 +8,7 @@
 #include "analytics/spectrum.h"
 #include "charts/builders/chart_parts.h"
 #include "charts/builders/graph_selection.h"
-#include "charts/builders/indicators.h"
+#include "charts/builders/overlays.h"
 #include "charts/view/chart_view.h"
 #include "table/sheet.h"
 

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "charts/builders/build_outcome.h"
 #include "charts/builders/chart_parts.h"
 #include "charts/view/chart_view.h"
 #include "table/data_table.h"

@@ -1,8 +1,14 @@
 #include "charts/kinds/cell_grid.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+
+#include "base/number_text.h"
 
 namespace vistaplot {
+
 namespace {
 
 constexpr int kFewestNeighbours = 3;
@@ -66,6 +72,117 @@ std::optional<GridCell> CellGrid::BestPlateau(bool lower_is_better) const {
     }
   }
   return best;
+}
+
+namespace {
+
+constexpr PictureColor kMarkFill{255, 255, 255};
+constexpr PictureColor kMarkEdge{20, 24, 30};
+
+// "−0.5": limits have no more digits than the step asks for.
+std::string LimitText(double limit) {
+  return PlainValueText(static_cast<float>(limit));
+}
+
+bool EarlierCase(const ChartView& view, GridCell a, GridCell b) {
+  const GridParameters& cells = view.facts.cells;
+  return cells.CaseAt(view.ColumnCount(), a.row, a.column) <
+         cells.CaseAt(view.ColumnCount(), b.row, b.column);
+}
+
+std::string ParameterText(const std::string& name, const std::string& number) {
+  return name.empty() ? number : name + " " + number;
+}
+
+ReadOutEntry NumberEntry(std::string name, std::string text, double value) {
+  ReadOutEntry entry;
+  entry.label = name;
+  entry.text = text;
+  entry.values.push_back({std::move(name), std::move(text), value, std::nullopt});
+  return entry;
+}
+
+}  // namespace
+
+ParameterCells::ParameterCells(const ChartView& view)
+    : grid(view), bands(BandsOf(grid.Lowest(), grid.Highest())) {
+  if (grid.FilledCount() == 0) return;
+  const bool lower_is_better = view.facts.cells.lower_is_better;
+  best =
+      grid.Best(lower_is_better, [&](GridCell a, GridCell b) { return EarlierCase(view, a, b); });
+  plateau = grid.BestPlateau(lower_is_better);
+}
+
+std::string ColumnNumber(const ChartView& view, int number) {
+  const GridParameters& cells = view.facts.cells;
+  return NumberText(static_cast<float>(cells.first_x + (number - 1) * cells.step_x));
+}
+
+std::string RowNumber(const ChartView& view, int number) {
+  const GridParameters& cells = view.facts.cells;
+  return NumberText(static_cast<float>(cells.first_y - (number - 1) * cells.step_y));
+}
+
+std::vector<LegendMark> ParameterLegend(const ChartView& view, const ChartTheme& theme) {
+  const ParameterCells cells(view);
+  std::vector<LegendMark> legend;
+  if (cells.grid.FilledCount() == 0) return legend;
+  for (int band = cells.bands.count - 1; band >= 0; --band) {
+    const std::string text = cells.bands.count == 1
+                                 ? LimitText(cells.bands.first)
+                                 : LimitText(cells.bands.LowerLimit(band)) + " – " +
+                                       LimitText(cells.bands.LowerLimit(band + 1));
+    legend.push_back({LegendFigure::kBand, BandColor(cells.bands, band, theme.dark), text});
+  }
+  if (cells.best) legend.push_back({LegendFigure::kBest, kMarkFill, "best"});
+  if (cells.plateau) legend.push_back({LegendFigure::kPlateau, kMarkFill, "best plateau"});
+  return legend;
+}
+
+FillShape CellMark(bool best, PicturePoint at, double size) {
+  FillShape mark{.points = {}, .fill = kMarkFill, .outline = kMarkEdge, .width = size / 9.0};
+  const int corners = best ? 10 : 4;
+  for (int i = 0; i < corners; ++i) {
+    const double angle = std::numbers::pi * (2.0 * i / corners - 0.5);
+    const double reach = size / 2.0 * (best ? (i % 2 == 0 ? 1.15 : 0.5) : 0.95);
+    mark.points.push_back({at.x + reach * std::cos(angle), at.y + reach * std::sin(angle)});
+  }
+  return mark;
+}
+
+void DrawLegendMark(const LegendMark& mark, const PictureBox& box, ChartPicture& picture) {
+  if (mark.figure == LegendFigure::kBand) {
+    picture.Add(FillBox{box, mark.color});
+    return;
+  }
+  const PicturePoint middle{(box.left + box.right) / 2.0, (box.top + box.bottom) / 2.0};
+  picture.Add(CellMark(mark.figure == LegendFigure::kBest, middle, 0.75 * box.Height()));
+}
+
+ReadOut ReadCell(const ChartView& view, int row, int column, const ChartTheme& theme) {
+  ReadOut read_out;
+  const auto& axes = view.Plot.Axis;
+  read_out.heading = ParameterText(axes[3].AxisTitle.Text, ColumnNumber(view, column)) + ", " +
+                     ParameterText(axes[0].AxisTitle.Text, RowNumber(view, row));
+  read_out.at = read_out.heading;
+  const CellGrid grid(view);
+  if (row < 1 || column < 1 || row > grid.Rows() || column > grid.Columns() ||
+      !grid.Filled(row, column)) {
+    return read_out;
+  }
+  const double value = grid.At(row, column);
+  const ValueBands bands = BandsOf(grid.Lowest(), grid.Highest());
+  ReadOutEntry entry = NumberEntry(view.TitleText, PlainValueText(value), value);
+  entry.series = column;
+  entry.mark = BandColor(bands, bands.BandOf(value), theme.dark);
+  read_out.entries.push_back(entry);
+  const int rank = grid.RankOf(value, view.facts.cells.lower_is_better);
+  read_out.entries.push_back(NumberEntry(
+      "rank", std::to_string(rank) + " of " + std::to_string(grid.FilledCount()), rank));
+  if (const auto plateau = grid.PlateauOf({row, column})) {
+    read_out.entries.push_back(NumberEntry("plateau", PlainValueText(*plateau), *plateau));
+  }
+  return read_out;
 }
 
 }  // namespace vistaplot

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "charts/kinds/cell_grid.h"
 #include "charts/kinds/iso_regions.h"
-#include "charts/kinds/parameter_cells.h"
 
 namespace vistaplot {
 namespace {

@@ -7,7 +7,7 @@
 #include <span>
 #include <utility>
 
-#include "charts/kinds/line_thinner.h"
+#include "charts/kinds/line_hits.h"
 #include "charts/kinds/point_marks.h"
 
 namespace vistaplot {

@@ -63,4 +63,21 @@ PictureColor MarkerInk(const DrawContext& context, const ChartMarker& marker, in
 MarkerShape SeriesMarkerShape(int number);
 MarkerShape MarkerShapeOf(const ChartMarker& marker, int series);
 
+// An entry of a legend that stands for no series.
+
+enum class LegendFigure {
+  kBand,     ///< a box of the colour
+  kBest,     ///< the mark of the best cell
+  kPlateau,  ///< the mark of the best neighbourhood
+};
+
+struct LegendMark {
+  LegendFigure figure = LegendFigure::kBand;
+  PictureColor color;
+  std::string text;
+};
+
+/// Draws it into `box`.
+void DrawLegendMark(const LegendMark& mark, const PictureBox& box, ChartPicture& picture);
+
 }  // namespace vistaplot

@@ -6,10 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "charts/kinds/cross_hair.h"
 #include "charts/kinds/draw_context.h"
-#include "charts/kinds/legend_mark.h"
 #include "charts/kinds/read_out.h"
-#include "charts/kinds/stops.h"
 #include "charts/kinds/value_range.h"
 #include "charts/view/chart_picture.h"
 #include "charts/view/chart_view.h"

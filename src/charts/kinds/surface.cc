@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "charts/kinds/cell_grid.h"
 #include "charts/kinds/iso_regions.h"
-#include "charts/kinds/parameter_cells.h"
 #include "charts/kinds/surface_scene.h"
 
 namespace vistaplot {

@@ -9,8 +9,8 @@
 
 #include "charts/kinds/cell_grid.h"
 #include "charts/kinds/value_bands.h"
+#include "charts/view/chart_facts.h"
 #include "charts/view/chart_picture.h"
-#include "charts/view/grid_parameters.h"
 
 namespace vistaplot {
 

@@ -1,6 +1,7 @@
 // The spans of a chart's axes, from its values.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "charts/view/chart_view.h"
@@ -41,5 +42,23 @@ ValueRange RowRange(int rows);
 /// The bounds that the view fixes for its value axis where they are usable (Minimum < Maximum),
 /// else `range` with the usual margin.
 ValueRange FixedOrMargin(const ChartView& view, ValueRange range);
+
+// Round values of an axis and their texts.
+
+struct ValueMark {
+  double value = 0.0;
+  std::string text;
+  bool zero = false;  ///< stands for no change, or 0
+};
+
+/// The smallest step of 1, 2, 2.5 or 5 times a power of ten that divides `span` (above 0) into at
+/// most `most` (at least 1) steps.
+double RoundStep(double span, int most);
+
+/// The multiples of a round step from `low` to `high` (low < high), at most `most` + 1 of them.
+std::vector<ValueMark> RoundMarks(double low, double high, int most, ValueUnit unit);
+
+/// "+10%", "0%", "−2.5%", "0.75", "1.5M": as many decimals as multiples of `step` need.
+std::string MarkText(double value, double step, ValueUnit unit);
 
 }  // namespace vistaplot

@@ -1,7 +1,7 @@
-#include "charts/layout/layout_axis.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
 namespace {

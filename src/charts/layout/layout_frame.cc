@@ -1,8 +1,8 @@
-#include "charts/layout/layout_frame.h"
-
 #include <algorithm>
 #include <cmath>
 #include <optional>
+
+#include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
 namespace {

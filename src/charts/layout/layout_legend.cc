@@ -1,8 +1,8 @@
-#include "charts/layout/layout_legend.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+#include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
 namespace {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "controls/value_controls.h"
-#include "controls/view_controls.h"
 #include "ui/chart/chart_widget.h"
 
 namespace vistaplot {

@@ -10,7 +10,6 @@
 
 #include "charts/kinds/facet_raster.h"
 #include "charts/view/palette.h"
-#include "ui/chart/qt_color.h"
 
 namespace vistaplot {
 namespace {

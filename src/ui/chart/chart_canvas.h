@@ -1,6 +1,7 @@
 // Replays a chart's picture with a painter: onto a window, an image, or a page.
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -51,5 +52,11 @@ class PictureTexts : public TextMeasure {
 /// painter's state is restored. Markers are stamped as one small image on pixel devices and drawn
 /// as shapes on pages. `texts` are those that measured the picture, or others.
 void PaintPicture(QPainter& painter, const ChartPicture& picture, const PictureTexts& texts);
+
+// Colours of pictures as the toolkit's.
+
+inline QColor QtColor(const PictureColor& color) {
+  return {color.red, color.green, color.blue, color.alpha};
+}
 
 }  // namespace vistaplot

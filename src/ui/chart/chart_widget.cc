@@ -11,9 +11,8 @@
 #include "charts/kinds/kind.h"
 #include "charts/kinds/surface.h"
 #include "ui/chart/chart_canvas.h"
-#include "ui/chart/qt_color.h"
 #include "ui/chart/read_out_line.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

@@ -17,10 +17,10 @@
 #include "charts/kinds/read_out.h"
 #include "charts/layout/layout.h"
 #include "charts/view/chart_picture.h"
-#include "controls/view_controls.h"
+#include "controls/value_controls.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/crosshair_marks.h"
-#include "ui/controls/event_guard.h"
+#include "ui/controls/control_adapter.h"
 
 namespace vistaplot {
 

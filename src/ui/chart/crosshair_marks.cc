@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/chart/qt_color.h"
+#include "ui/chart/chart_canvas.h"
 
 namespace vistaplot {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "base/text.h"
 #include "charts/kinds/kind.h"
-#include "ui/chart/qt_color.h"
-#include "ui/controls/qt_text.h"
+#include "ui/chart/chart_canvas.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

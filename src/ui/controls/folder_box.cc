@@ -7,11 +7,10 @@
 
 #include "base/files.h"
 #include "base/host_path.h"
-#include "base/user_folders.h"
 #include "controls/value_controls.h"
 #include "ui/controls/adapters.h"
 #include "ui/controls/list_focus.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

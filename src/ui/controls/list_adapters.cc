@@ -17,7 +17,7 @@
 #include "controls/list_controls.h"
 #include "ui/controls/adapters.h"
 #include "ui/controls/list_focus.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

@@ -3,9 +3,8 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "controls/simple_controls.h"
+#include "controls/value_controls.h"
 #include "ui/controls/adapters.h"
-#include "ui/controls/qt_text.h"
 #include "ui/controls/widgets.h"
 
 namespace vistaplot {

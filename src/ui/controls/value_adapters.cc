@@ -8,7 +8,6 @@
 
 #include "controls/value_controls.h"
 #include "ui/controls/adapters.h"
-#include "ui/controls/qt_text.h"
 #include "ui/controls/widgets.h"
 
 namespace vistaplot {

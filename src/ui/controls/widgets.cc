@@ -12,8 +12,6 @@
 #include <QTextLayout>
 #include <algorithm>
 
-#include "ui/controls/qt_text.h"
-
 namespace vistaplot {
 
 namespace {
@@ -242,6 +240,17 @@ void TitledFrame::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(title.adjusted(-kGap, 0, kGap, 0), ground);
   painter.setPen(ink);
   painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title_);
+}
+
+QString SpokenText(std::string_view caption) {
+  QString spoken;
+  const QString text = QtText(caption).simplified();
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (text[i] == u'&' && i + 1 < text.size()) ++i;
+    spoken += text[i];
+  }
+  if (spoken.endsWith(u':')) spoken.chop(1);
+  return spoken;
 }
 
 }  // namespace vistaplot

@@ -5,9 +5,12 @@
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
+#include <QString>
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QWidget>
+#include <string>
+#include <string_view>
 
 namespace vistaplot {
 
@@ -116,5 +119,19 @@ class TitledFrame : public QWidget {
  private:
   QString title_;
 };
+
+// Texts between the program (UTF-8) and the toolkit.
+
+inline QString QtText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string PlainUtf8(const QString& text) {
+  return text.toStdString();
+}
+
+/// A caption as it is read out: without the "&" that marks the access key, without a colon at the
+/// end, and with one blank between words.
+QString SpokenText(std::string_view caption);
 
 }  // namespace vistaplot

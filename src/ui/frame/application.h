@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "app/options.h"
-#include "app/script_player.h"
+#include "app/program.h"
 
 class QGuiApplication;
 

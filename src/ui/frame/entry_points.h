@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/options.h"
-#include "app/script_player.h"
+#include "app/program.h"
 #include "base/result.h"
 #include "charts/view/chart_view.h"
 

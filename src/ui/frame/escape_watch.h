@@ -2,6 +2,7 @@
 // through.
 #pragma once
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QObject>
 
@@ -22,6 +23,23 @@ class EscapeWatch : public QObject {
  private:
   QElapsedTimer since_look_;
   bool pressed_ = false;
+};
+
+// The hourglass gives way to the normal pointer while the user is asked something.
+
+class PointerPause {
+ public:
+  PointerPause() : paused_(QApplication::overrideCursor() != nullptr) {
+    if (paused_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  ~PointerPause() {
+    if (paused_) QApplication::restoreOverrideCursor();
+  }
+  PointerPause(const PointerPause&) = delete;
+  PointerPause& operator=(const PointerPause&) = delete;
+
+ private:
+  bool paused_;
 };
 
 }  // namespace vistaplot

@@ -12,7 +12,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

@@ -4,7 +4,7 @@
 #include <QStyleOptionSlider>
 
 #include "ui/controls/widgets.h"
-#include "ui/frame/tool_icon.h"
+#include "ui/frame/frame_tools.h"
 
 namespace vistaplot {
 

@@ -4,12 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/label_search.h"
 #include "controls/list_controls.h"
 #include "controls/value_controls.h"
 #include "ui/chart/chart_adapter.h"
 #include "ui/controls/adapters.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/grid/grid_view.h"
 
 namespace vistaplot {

@@ -5,9 +5,9 @@
 #include <QStyleOptionTitleBar>
 #include <QVBoxLayout>
 
-#include "controls/simple_controls.h"
-#include "ui/controls/qt_text.h"
-#include "ui/frame/tool_icon.h"
+#include "controls/value_controls.h"
+#include "ui/controls/widgets.h"
+#include "ui/frame/frame_tools.h"
 
 namespace vistaplot {
 

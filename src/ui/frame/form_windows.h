@@ -6,7 +6,7 @@
 #include <QPointer>
 
 #include "controls/form.h"
-#include "ui/controls/event_guard.h"
+#include "ui/controls/control_adapter.h"
 #include "ui/frame/form_view.h"
 
 namespace vistaplot {

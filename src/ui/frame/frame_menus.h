@@ -4,11 +4,12 @@
 #include <QAction>
 #include <QList>
 #include <QMenuBar>
+#include <QWidget>
 #include <memory>
 #include <vector>
 
 #include "controls/form.h"
-#include "controls/simple_controls.h"
+#include "controls/value_controls.h"
 #include "ui/controls/control_adapter.h"
 
 namespace vistaplot {
@@ -67,5 +68,10 @@ class FrameMenus {
   QMenuBar& bar_;
   std::vector<std::unique_ptr<MenuItemAdapter>> items_;
 };
+
+// The list of keys that the windows understand, as a box.
+
+/// Shows the list over `owner` until the user closes it.
+void ShowKeyList(QWidget* owner);
 
 }  // namespace vistaplot

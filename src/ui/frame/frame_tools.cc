@@ -1,16 +1,26 @@
 #include "ui/frame/frame_tools.h"
 
 #include <QEvent>
+#include <QFile>
+#include <QGuiApplication>
 #include <QHelpEvent>
+#include <QIconEngine>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QPalette>
 #include <QStatusBar>
+#include <QSvgRenderer>
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
 
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/frame/form_view.h"
-#include "ui/frame/tool_icon.h"
+
+// Resources of a static library are registered on demand; the macro must stand outside namespaces.
+static void RegisterIcons() {
+  Q_INIT_RESOURCE(icons);
+}
 
 namespace vistaplot {
 
@@ -130,6 +140,64 @@ void FrameTools::AddToolBar(const Panel& panel,
 bool FrameTools::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Leave) emit ToolsLeft();
   return QObject::eventFilter(watched, event);
+}
+
+namespace {
+
+/// The colour in the drawings that stands for the palette's text colour.
+constexpr const char* kInk = "#101010";
+
+QByteArray ReadResource(const QString& name) {
+  RegisterIcons();
+  QFile file(QStringLiteral(":/icons/") + name);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class PaletteIconEngine : public QIconEngine {
+ public:
+  explicit PaletteIconEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    const QColor ink = QGuiApplication::palette().color(group, QPalette::ButtonText);
+    QByteArray drawing = drawing_;
+    drawing.replace(kInk, ink.name().toLatin1());
+    QSvgRenderer renderer(drawing);
+    painter->save();
+    if (mode == QIcon::Disabled) painter->setOpacity(painter->opacity() * kFaint);
+    renderer.render(painter, rect);
+    painter->restore();
+  }
+
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(&painter, QRect(QPoint(), size), mode, state);
+    return pixmap;
+  }
+
+  QIconEngine* clone() const override { return new PaletteIconEngine(*this); }
+
+ private:
+  static constexpr double kFaint = 0.5;
+
+  QByteArray drawing_;
+};
+
+QIcon IconFrom(const QString& name) {
+  QByteArray drawing = ReadResource(name);
+  return drawing.isEmpty() ? QIcon() : QIcon(new PaletteIconEngine(std::move(drawing)));
+}
+
+}  // namespace
+
+QIcon ToolIcon(const QString& name) {
+  return IconFrom(name);
+}
+
+QIcon ProgramIcon() {
+  return IconFrom(QStringLiteral("vistaplot"));
 }
 
 }  // namespace vistaplot

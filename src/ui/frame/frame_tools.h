@@ -2,13 +2,13 @@
 // buttons is a tool bar, every other one a field of the status line.
 #pragma once
 
+#include <QIcon>
 #include <QMainWindow>
 #include <QToolBar>
 #include <memory>
 #include <vector>
 
 #include "controls/form.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
 #include "ui/controls/control_adapter.h"
 
@@ -55,5 +55,13 @@ class FrameTools : public QObject {
 
   std::vector<std::unique_ptr<ControlAdapter>> adapters_;
 };
+
+// Icons drawn as SVG, in the colours of the desktop's palette and sharp at any scale.
+
+/// The tool icon of that name (a tool button's control name); a null icon when there is none.
+QIcon ToolIcon(const QString& name);
+
+/// The program's own icon, in colours of its own.
+QIcon ProgramIcon();
 
 }  // namespace vistaplot

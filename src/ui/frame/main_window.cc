@@ -8,9 +8,9 @@
 #include <QShortcut>
 #include <QStatusBar>
 
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/frame/frame_menus.h"
-#include "ui/frame/tool_icon.h"
+#include "ui/frame/frame_tools.h"
 
 namespace vistaplot {
 

@@ -4,9 +4,9 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
+#include "ui/frame/escape_watch.h"
 #include "ui/frame/file_dialog.h"
-#include "ui/frame/pointer_pause.h"
 
 namespace vistaplot {
 

@@ -6,7 +6,7 @@
 
 #include "base/dialogs.h"
 #include "base/host_path.h"
-#include "ui/controls/event_guard.h"
+#include "ui/controls/control_adapter.h"
 
 namespace vistaplot {
 

@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <cmath>
 
+#include "ui/frame/escape_watch.h"
 #include "ui/frame/form_windows.h"
-#include "ui/frame/key_list.h"
-#include "ui/frame/pointer_pause.h"
+#include "ui/frame/frame_menus.h"
 
 namespace vistaplot {
 

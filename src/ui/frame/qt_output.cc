@@ -11,8 +11,8 @@
 #include "charts/layout/layout.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/chart_export.h"
-#include "ui/controls/qt_text.h"
-#include "ui/frame/pointer_pause.h"
+#include "ui/controls/widgets.h"
+#include "ui/frame/escape_watch.h"
 
 namespace vistaplot {
 

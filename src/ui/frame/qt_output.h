@@ -8,8 +8,8 @@
 #include <functional>
 
 #include "base/dialogs.h"
-#include "forms/output.h"
-#include "ui/controls/event_guard.h"
+#include "forms/shared_state.h"
+#include "ui/controls/control_adapter.h"
 #include "ui/grid/sheet_pages.h"
 
 namespace vistaplot {

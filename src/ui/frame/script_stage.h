@@ -5,7 +5,6 @@
 #include <QElapsedTimer>
 
 #include "app/program.h"
-#include "app/script_player.h"
 #include "ui/frame/main_window.h"
 
 namespace vistaplot {

@@ -3,10 +3,9 @@
 
 #include "app/options.h"
 #include "app/program.h"
-#include "app/script_player.h"
 #include "base/settings.h"
-#include "marketdata/quoteline_api.h"
-#include "ui/controls/event_guard.h"
+#include "marketdata/quoteline_library.h"
+#include "ui/controls/control_adapter.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/qt_dialogs.h"
 #include "ui/frame/qt_host.h"

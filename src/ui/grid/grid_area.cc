@@ -8,9 +8,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "table/sheet_display.h"
 #include "table/sheet_text.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "controls/view_controls.h"
+#include "controls/value_controls.h"
 #include "table/data_table.h"
-#include "ui/controls/event_guard.h"
+#include "ui/controls/control_adapter.h"
 #include "ui/grid/grid_geometry.h"
 #include "ui/grid/grid_model.h"
 #include "ui/grid/grid_painter.h"

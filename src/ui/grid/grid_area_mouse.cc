@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "table/sheet_display.h"
-#include "ui/controls/qt_text.h"
+#include "table/sheet_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/grid/grid_area.h"
 
 namespace vistaplot {

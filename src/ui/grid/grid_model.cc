@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/grid/grid_painter.h"
 
 namespace vistaplot {

@@ -9,7 +9,7 @@
 
 #include "base/number_text.h"
 #include "base/text.h"
-#include "table/sheet_display.h"
+#include "table/sheet_text.h"
 
 namespace vistaplot {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cassert>
 
-#include "controls/view_controls.h"
-#include "ui/controls/qt_text.h"
+#include "controls/value_controls.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "controls/view_controls.h"
+#include "controls/value_controls.h"
 #include "table/data_table.h"
 #include "ui/controls/control_adapter.h"
 #include "ui/grid/grid_area.h"

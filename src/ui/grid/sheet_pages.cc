@@ -11,7 +11,7 @@
 
 #include "base/number_text.h"
 #include "base/text.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 

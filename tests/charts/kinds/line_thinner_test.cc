@@ -1,8 +1,8 @@
-#include "charts/kinds/line_thinner.h"
-
 #include <gtest/gtest.h>
 
 #include <string_view>
+
+#include "charts/kinds/line_hits.h"
 
 namespace vistaplot {
 namespace {

@@ -1,6 +1,6 @@
-#include "charts/kinds/stops.h"
-
 #include <gtest/gtest.h>
+
+#include "charts/kinds/cross_hair.h"
 
 namespace vistaplot {
 namespace {

@@ -1,6 +1,6 @@
-#include "charts/kinds/value_marks.h"
-
 #include <gtest/gtest.h>
+
+#include "charts/kinds/value_range.h"
 
 namespace vistaplot {
 namespace {

@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "support/temporary_folder.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 
 namespace vistaplot {
 namespace {

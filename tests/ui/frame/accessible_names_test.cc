@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <set>
 
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/frame/form_view.h"
 #include "ui/frame/program_windows.h"
 

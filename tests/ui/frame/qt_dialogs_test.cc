@@ -15,7 +15,7 @@
 #include <QTreeView>
 
 #include "support/temporary_folder.h"
-#include "ui/controls/qt_text.h"
+#include "ui/controls/widgets.h"
 #include "ui/frame/file_dialog.h"
 
 namespace vistaplot {

@@ -8,7 +8,6 @@
 
 #include "controls/form.h"
 #include "controls/list_controls.h"
-#include "controls/simple_controls.h"
 #include "controls/value_controls.h"
 #include "ui/frame/form_view.h"
 
