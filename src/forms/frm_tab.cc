@@ -66,7 +66,7 @@ void FrmTab::DesignSelections() {
        {&lists.lblIndex, "lblIndex", "Fi&nd:", At(180, 2430, 600, 255)},
        {&lists.txtIndex, "txtIndex", "", At(840, 2385, 2760, 330)},
        {&lists.cmdLoadData, "cmdLoadData", "&Load Data", At(3780, 2340, 1890, 420)},
-       {&lists.lblFindNote, "lblFindNote", "", At(840, 2730, 4830, 255)},
+       {&lists.lblFindNote, "lblFindNote", "", At(840, 2760, 4830, 240)},
        {&lists.lstIndex, "lstIndex", "", At(180, 3000, 9240, 4050)},
        {&lists.lstIndex2, "lstIndex2", "", At(180, 3000, 9240, 4050)},
        {&lists.File1, "File1", "", At(180, 3000, 2400, 900)}});

@@ -13,9 +13,9 @@ namespace {
 // Places in twips: rows from the top of the screen on, parameters in a column at its right edge.
 constexpr float kLeft = 5910.0F;
 constexpr float kRight = 9420.0F;
-constexpr float kTop = 105.0F;
-constexpr float kPitch = 318.0F;
-constexpr float kHeight = 285.0F;
+constexpr float kTop = 60.0F;
+constexpr float kPitch = 294.0F;  // ten rows end above the list
+constexpr float kHeight = 276.0F;
 constexpr float kBoxWidth = 630.0F;
 constexpr float kGap = 75.0F;
 constexpr float kBoxLeft = kRight - kBoxWidth;
@@ -65,7 +65,7 @@ std::vector<Design> IndicatorBoxes::Designs() {
       {&lblParabolic,
        "lblParabolic",
        "Start     Maximum    Accel",
-       At(kLabelLeft, RowTop(2) + 60.0F, kRight - kLabelLeft, 255.0F)},
+       At(kLabelLeft, RowTop(2) + 39.0F, kRight - kLabelLeft, 255.0F)},
       {&txtPBStart, "txtPBStart", "", ThirdAt(3, 0)},
       {&txtPBMax, "txtPBMax", "", ThirdAt(3, 1)},
       {&txtPBAcc, "txtPBAcc", "", ThirdAt(3, 2)},

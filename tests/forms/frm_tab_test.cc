@@ -226,6 +226,27 @@ TEST(FrmTab, MenusOfPricesCannotBeUsedForResultFiles) {
   }
 }
 
+TEST(FrmTab, NothingLiesOverAnything) {
+  ScreenWorld world;
+  world.Start();
+  FrmTab& frmTab = world.screens.frmTab;
+  for (int type = 0; type < frmTab.cboDataType.Count(); ++type) {
+    frmTab.cboDataType.SetListIndex(type);
+    std::vector<const Control*> seen;
+    for (const Control* control : frmTab.Controls()) {
+      if (!control->Shown() || control->Kind() == ControlKind::kFrame) continue;
+      const Place& it = control->Where();
+      for (const Control* other : seen) {
+        const Place& at = other->Where();
+        EXPECT_TRUE(*it.Left + *it.Width <= *at.Left || *at.Left + *at.Width <= *it.Left ||
+                    *it.Top + *it.Height <= *at.Top || *at.Top + *at.Height <= *it.Top)
+            << type << ": " << control->Name() << " over " << other->Name();
+      }
+      seen.push_back(control);
+    }
+  }
+}
+
 TEST(FrmTab, TypingSelectsTheEntryFoundAlone) {
   ScreenWorld world;
   world.WriteFamily("QLDEF/ALPHA.FAM", {"BBB"});

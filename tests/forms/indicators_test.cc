@@ -46,19 +46,12 @@ struct IndicatorWorld : ScreenWorld {
 
 TEST(Indicators, StandWithTheirDefaultsOnTheScreenOfLinesAlone) {
   IndicatorWorld world;
-  const std::vector<std::pair<TextBox*, std::string>> defaults = {
-      {&world.boxes.txtMoveAvg, "50"},
-      {&world.boxes.txtAMA, "150"},
-      {&world.boxes.txtPBStart, "0.02"},
-      {&world.boxes.txtPBMax, "0.2"},
-      {&world.boxes.txtPBAcc, "0.0001"},
-      {&world.boxes.txtBollinger, "20"},
-      {&world.boxes.txtHurstDays, "100"},
-      {&world.boxes.txtHurstPeriod, "5"},
-      {&world.boxes.txtCorrPeriod, "50"},
-      {&world.boxes.txtMemPeriod, "50"},
-      {&world.boxes.txtMemPoles, "15"}};
-  for (const auto& [box, text] : defaults) EXPECT_EQ(box->Text(), text) << box->Name();
+  Texts defaults;  // in the order of the screen
+  for (const Design& design : world.boxes.Designs()) {
+    if (const auto* box = dynamic_cast<TextBox*>(design.control)) defaults.push_back(box->Text());
+  }
+  EXPECT_EQ(defaults,
+            (Texts{"50", "150", "0.02", "0.2", "0.0001", "20", "100", "5", "50", "50", "15"}));
   for (int graph = 0; graph < 5; ++graph) {
     world.frmTab.cboGraphType.SetListIndex(0);
     world.boxes.chkHurst.SetChecked(true);
