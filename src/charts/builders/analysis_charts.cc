@@ -86,7 +86,7 @@ class Builder {
   }
 
   void DrawHurst() {
-    view_.facts.unit = ValueUnit::kExponent;
+    view_.facts.unit = ValueUnit::kCoefficient;
     float y = 0.0F;
     for (int fund = selection_.FirstFund; fund <= selection_.LastFund; ++fund) {
       const FundPrices prices = Fund(fund);
@@ -102,6 +102,7 @@ class Builder {
   void DrawCorrelation() {
     const FundPrices first = Fund(1);
     const FundPrices second = Fund(2);
+    view_.facts.unit = ValueUnit::kCoefficient;
     view_.facts.Series(1).name = "correlation";
     SetSeries(1, ComputeCorrelation(first.Chart(), second.Chart(), *indicators_.correlation));
   }

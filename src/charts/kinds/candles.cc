@@ -266,7 +266,7 @@ class CandleKind : public Kind {
     constexpr const char* kNames[] = {" open", "high", "low", "close"};
     const double parts[] = {bar->open, bar->high, bar->low, bar->close};
     for (std::size_t i = 0; i < kColumns; ++i) {
-      ReadOutValue value = ReadValue(view, fund, parts[i]);
+      ReadOutValue value = ReadValue(view, fund, parts[i], false);
       value.name = i == 0 ? entry.label + kNames[i] : kNames[i];
       if (i + 1 < kColumns) value.text = WithoutChange(value);
       entry.values.push_back(std::move(value));

@@ -86,13 +86,15 @@ class LineKind : public Kind {
                        .at = {}};
     if (!view.HasPoint(row, series.y_column)) return entry;
     const double value = view.DataAt(row, series.y_column);
-    if (IsForecast(view, series, row)) entry.label = "forecast";
+    const bool forecast = IsForecast(view, series, row);
+    if (forecast) entry.label = "forecast";
     if (series.x_column == 0) {
       entry.at = PicturePoint{1.0 * row, value};
     } else if (view.HasPoint(row, series.x_column)) {
       entry.at = PicturePoint{view.DataAt(row, series.x_column), value};
     }
-    entry.values.push_back(ReadValue(view, series, value));
+    const bool loaded = view.facts.SeriesAt(series.number).role == SeriesRole::kPlain && !forecast;
+    entry.values.push_back(ReadValue(view, series, value, !loaded));
     entry.values.front().name = entry.label;
     entry.text = entry.values.front().text;
     return entry;

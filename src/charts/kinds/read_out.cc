@@ -40,7 +40,7 @@ std::string UnitText(ValueUnit unit, double value) {
     case ValueUnit::kPower:
       return std::abs(value) < 1e5 && std::abs(value) >= 0.1 ? Rounded(value, 2)
                                                              : PlainValueText(value);
-    case ValueUnit::kExponent:
+    case ValueUnit::kCoefficient:
       return Rounded(value, 3);
     default:
       return PlainValueText(value);
@@ -66,7 +66,10 @@ std::optional<double> PriceOf(const ChartView& view, const DrawnSeries& series, 
   return facts.base * (1.0 + ChangeOf(view.facts.unit, value));
 }
 
-ReadOutValue ReadValue(const ChartView& view, const DrawnSeries& series, double value) {
+ReadOutValue ReadValue(const ChartView& view,
+                       const DrawnSeries& series,
+                       double value,
+                       bool computed) {
   const ValueUnit unit = view.facts.unit;
   ReadOutValue read{ReadOutName(view, series), {}, value, {}};
   if (!IsRebased(unit)) {
@@ -77,7 +80,6 @@ ReadOutValue ReadValue(const ChartView& view, const DrawnSeries& series, double 
   read.percent = change * 100.0;
   read.text = PercentText(change);
   if (const auto price = PriceOf(view, series, value)) {
-    const bool computed = view.facts.SeriesAt(series.number).role != SeriesRole::kPlain;
     read.value = computed ? *price : SevenDigitValue(static_cast<float>(*price));
     read.text = PriceText(*price, computed) + " " + read.text;
   }

@@ -47,7 +47,12 @@ std::string ReadOutName(const ChartView& view, const DrawnSeries& series);
 
 /// One series' value as entry text and number, by the view's unit and the series' base: "101.5
 /// +1.50%" on the price scale, the bare change without a base, else the value itself.
-ReadOutValue ReadValue(const ChartView& view, const DrawnSeries& series, double value);
+///
+/// @param computed  the value is no price that was loaded
+ReadOutValue ReadValue(const ChartView& view,
+                       const DrawnSeries& series,
+                       double value,
+                       bool computed);
 
 /// The price that a value stands for; nothing where its series has no base.
 std::optional<double> PriceOf(const ChartView& view, const DrawnSeries& series, double value);

@@ -102,7 +102,8 @@ void DrawRowAxis(const DrawContext& context, const ChartFrame& frame, ChartPictu
   const int label_step = LabelSpacing(view, labels, row_width);
   const int tick_step = TickSpacing(context, row_width);
   const bool ticks = view.Plot.Axis[0].Tick.Style != kTickNone;
-  for (int row = 1; row <= rows; row += label_step) {
+  const bool counted = !view.facts.row_name.empty();  // rows are numbers: label the round ones
+  for (int row = counted ? label_step : 1; row <= rows; row += label_step) {
     const std::string& text = view.RowLabelAt(row);
     if (Blank(text)) continue;
     labels.Put({frame.scale.X(row), text}, picture);

@@ -55,13 +55,13 @@ enum class FigureKind {
 
 /// What the values of the value axis are.
 enum class ValueUnit {
-  kPlain,     ///< a number
-  kChange,    ///< fractional change since a base price: 0.1 reads "+10%"
-  kRatio,     ///< value relative to a base price: 1.1 reads "+10%"
-  kPrice,     ///< a price
-  kPeriod,    ///< market days of a cycle
-  kPower,     ///< of a spectrum
-  kExponent,  ///< of Hurst
+  kPlain,        ///< a number
+  kChange,       ///< fractional change since a base price: 0.1 reads "+10%"
+  kRatio,        ///< value relative to a base price: 1.1 reads "+10%"
+  kPrice,        ///< a price
+  kPeriod,       ///< market days of a cycle
+  kPower,        ///< of a spectrum
+  kCoefficient,  ///< an exponent of Hurst, a correlation
 };
 
 /// True for values relative to a base price, which axis and read-out show as percent change.

@@ -50,6 +50,8 @@ TEST(ReadOut, OtherChartsReadTheirValues) {
   EXPECT_EQ(LineText(ReadRow(view, 2, false)), "d2, C1 −1234.5");
   EXPECT_EQ(LineText(ReadRow(view, 3, false)), "d3, C1 2.5e+09");
   EXPECT_FALSE(ReadRow(view, 1, false).entries[0].values[0].percent);
+  view.facts.unit = ValueUnit::kCoefficient;
+  EXPECT_EQ(LineText(ReadRow(view, 1, false)), "d1, C1 0.500");
 }
 
 TEST(ReadOut, ASpectrumReadsPeriodAndPower) {
@@ -64,9 +66,12 @@ TEST(ReadOut, ASpectrumReadsPeriodAndPower) {
 TEST(ReadOut, DaysBehindTheLastRealOneAreNumbered) {
   ChartView view = LineChart({{0.0, 0.1, 0.2, 0.3}});
   view.facts.last_real_row = 2;
+  view.facts.Series(1).base = 1427.09;
   view.SetRowLabel(4, " ");
-  EXPECT_EQ(ReadRow(view, 4, false).at, "forecast day 2");
-  EXPECT_EQ(ReadRow(view, 2, false).at, "d2");
+  const ReadOut predicted = ReadRow(view, 4, false);
+  EXPECT_EQ(predicted.at, "forecast day 2");
+  EXPECT_EQ(predicted.entries[0].text, "1855.22 +30.00%") << "computed: two decimals";
+  EXPECT_EQ(LineText(ReadRow(view, 2, false)), "d2, C1 1569.799 +10.00%");
 }
 
 TEST(ReadOut, ChartsTellFromWhereTheirHistoriesHaveEnded) {

@@ -79,16 +79,19 @@ TEST(Layout, DateLabelsKeepTheSpacingOrItsMultiplesAndNeverTouch) {
     int per_label;
     double width;
     std::vector<std::string> first;
+    std::string row_name = {};
   };
   // The plot of 640 units leaves about 515 for the rows. A font of 11 makes "d11801" 40 wide, with
   // the gap 50; 200 of 12000 rows are 8.6 wide, so that every sixth label has room.
   for (const Case& c : {Case{21, 3, 640, {"d1", "d4", "d7"}},
                         Case{240, 25, 640, {"d1", "d26", "d51"}},
                         Case{12000, 200, 640, {"d1", "d1201", "d2401"}},
+                        Case{50, 10, 640, {"d10", "d20", "d30"}, "period"},
                         Case{3, 7, 640, {"d1"}},
                         Case{1, 3, 640, {"d1"}}}) {
     ChartView view = LineChart({std::vector<double>(static_cast<std::size_t>(c.rows), 0.5)});
     view.Plot.Axis[0].CategoryScale.DivisionsPerLabel = c.per_label;
+    view.facts.row_name = c.row_name;
     const std::vector<DrawText> labels = TextsBelow(LayOut(view, {c.width, 480}));
     ASSERT_GE(labels.size(), c.first.size()) << c.rows;
     for (std::size_t i = 0; i < c.first.size(); ++i) EXPECT_EQ(labels[i].text, c.first[i]);
@@ -105,7 +108,7 @@ TEST(Layout, BlankLabelsAndLabelsUnderTheTitleAreLeftAway) {
   view.SetRowLabel(21, " ");
   view.title.Location.LocationType = kLocationBottomRight;
   view.TitleText = "CORRELATION";
-  view.facts.unit = ValueUnit::kExponent;
+  view.facts.unit = ValueUnit::kCoefficient;
   view.Legend.Location.Visible = false;
   const std::vector<DrawText> labels = TextsBelow(LayOut(view));
   ASSERT_EQ(labels.size(), 2U);
@@ -180,7 +183,7 @@ TEST(Layout, ChartsThatShareTheirDaysHaveThemBelowEachOtherToThePixel) {
   ChartView prices = NamedChart(3, "A LONG NAME OF A FUND");
   ChartView analysis =
       LineChart({std::vector<double>(static_cast<std::size_t>(prices.rowcount()))});
-  analysis.facts.unit = ValueUnit::kExponent;
+  analysis.facts.unit = ValueUnit::kCoefficient;
   analysis.SetData(1, 1, 123456.0, false);
   prices.days_with = &analysis;
   analysis.days_with = &prices;
