@@ -112,8 +112,7 @@ class Slope {
       sxy = sxy + x_[k] * y;
     }
     const auto s = static_cast<float>(x_.size());
-    const float denominator = s * sxx_ - sx_ * sx_;
-    return denominator != 0.0F ? (s * sxy - sx_ * sy) / denominator : kNoValue;
+    return (s * sxy - sx_ * sy) / (s * sxx_ - sx_ * sx_);
   }
 
  private:

@@ -12,13 +12,15 @@ struct HurstSettings {
   int window = 100;      ///< T, returns looked at, in market days
   int subdivisions = 5;  ///< S, how many ways of cutting the window are tried
 
-  /// At least one subdivision, and every subperiod has a return.
-  bool MakeSense() const { return subdivisions >= 1 && window > subdivisions; }
+  /// Every subperiod has a return, and not all are equally long: a slope needs two lengths.
+  bool MakeSense() const {
+    return subdivisions >= 1 && window > subdivisions && window / 2 != window / (subdivisions + 1);
+  }
 };
 
 struct HurstSeries {
-  /// One exponent a chart day: 0 on a day whose window begins with a missing return, kNoValue where
-  /// the slope is not defined (all subperiods equally long) or the settings make no sense.
+  /// One exponent a chart day: 0 on a day whose window begins with a missing return, kNoValue
+  /// everywhere when the settings make no sense.
   std::vector<float> values;
   /// ln(average rescaled range) as the last cut left it: a cut without any spread takes over that
   /// of the cut before, over days and funds alike. The next fund starts from it.

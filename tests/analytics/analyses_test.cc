@@ -98,11 +98,13 @@ TEST(Hurst, IsZeroWhereTheWindowBeginsWithAMissingReturn) {
 }
 
 TEST(Analyses, HaveNoValueForSettingsThatMakeNoSense) {
-  const PriceHistory world = HundredDays();
+  PriceHistory world = HundredDays();
   for (const int days : {0, -1}) {
     EXPECT_TRUE(std::isnan(ComputeCorrelation(world.Chart(), world.Chart(), days)[0]));
   }
-  // No window, none and fewer than none subdivisions, subperiods without a return, all alike.
+  // No window, none and fewer than none subdivisions, subperiods without a return, all alike; nor
+  // is there a 0 where the window begins without a price.
+  world.prices[58] = -1.0F;
   for (const HurstSettings& settings : {HurstSettings{0, 5},
                                         HurstSettings{-1, 5},
                                         HurstSettings{100, 0},

@@ -111,7 +111,7 @@ inline float PlainRange(const std::vector<float>& R, int b, int q, int n) {
 
 inline HurstSeries PlainHurst(const ChartPrices& P, int T, int S, float y) {
   HurstSeries hurst{.values = P.EmptySeries(), .last_y = y};
-  if (S < 1 || T <= S) {
+  if (S < 2 || T <= S || T == 3) {
     hurst.values.assign(hurst.values.size(), kNoValue);
     return hurst;
   }
@@ -134,8 +134,7 @@ inline HurstSeries PlainHurst(const ChartPrices& P, int T, int S, float y) {
       sxy = sxy + x * hurst.last_y;
     }
     const auto s = static_cast<float>(S);
-    const float denominator = s * sxx - sx * sx;
-    hurst.values[Index(i)] = denominator != 0.0F ? (s * sxy - sx * sy) / denominator : kNoValue;
+    hurst.values[Index(i)] = (s * sxy - sx * sy) / (s * sxx - sx * sx);
   }
   return hurst;
 }
