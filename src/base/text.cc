@@ -228,9 +228,12 @@ bool IsUtf8(std::string_view text) {
 
 std::string Utf8FromWindows1252(std::string_view bytes) {
   // Most texts are ASCII from end to end.
-  const auto plain =
-      std::find_if(bytes.begin(), bytes.end(), [](char c) { return Byte(c) >= 0x80; });
-  std::string text(bytes.begin(), plain);
+  const auto is_wide = [](char c) { return Byte(c) >= 0x80; };
+  const auto plain = std::find_if(bytes.begin(), bytes.end(), is_wide);
+  std::string text;
+  // Most others have two bytes; a text that grows would take twice the room for a while.
+  text.reserve(bytes.size() + static_cast<std::size_t>(std::count_if(plain, bytes.end(), is_wide)));
+  text.assign(bytes.begin(), plain);
   std::for_each(plain, bytes.end(), [&text](char c) { AppendUtf8(text, CodePointOfByte(c)); });
   return text;
 }

@@ -42,11 +42,15 @@ std::string_view TakeLine(std::string_view& bytes) {
   return line;
 }
 
-std::vector<std::uint32_t> LineStarts(std::string_view bytes) {
+std::size_t CountLines(std::string_view bytes) {
   std::size_t count = 0;
   ForEachLine(bytes, [&count](std::size_t) { ++count; });
+  return count;
+}
+
+std::vector<std::uint32_t> LineStarts(std::string_view bytes) {
   std::vector<std::uint32_t> starts;
-  starts.reserve(count);  // a list that grows would take twice the room
+  starts.reserve(CountLines(bytes));  // a list that grows would take twice the room
   ForEachLine(
       bytes, [&starts](std::size_t start) { starts.push_back(static_cast<std::uint32_t>(start)); });
   return starts;

@@ -22,6 +22,9 @@ std::string_view TakeLine(std::string_view& bytes);
 /// comma without blanks and tabs around. Empty where the line has no further field.
 std::string_view TakeField(std::string_view& line);
 
+/// How many lines `bytes` have.
+std::size_t CountLines(std::string_view bytes);
+
 /// Where the lines of `bytes` (at most kMostRecordBytes) begin, in order.
 std::vector<std::uint32_t> LineStarts(std::string_view bytes);
 

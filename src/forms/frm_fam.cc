@@ -118,10 +118,10 @@ FamilyWindow FrmFam::Window() {
 
 FrmDir::FrmDir(const Context& context)
     : Form("frmDir", "Choose a directory", FormStyle::kDialog, context.host), context_(context) {
-  Add({{&lblDirectory, "lblDirectory", "", At(180, 150, 4440, 510)},
-       {&Drive1, "Drive1", "", At(180, 720, 4440, 330)},
-       {&Dir1, "Dir1", "", At(180, 1140, 4440, 2400)},
-       {&cmdOK, "cmdOK", "OK", At(1740, 3660, 1320, 420)}});
+  Add({{&lblDirectory, "lblDirectory", "", At(180, 180, 6240, 255)},
+       {&Drive1, "Drive1", "", At(180, 540, 6240, 330)},
+       {&Dir1, "Dir1", "", At(180, 960, 6240, 3300)},
+       {&cmdOK, "cmdOK", "OK", At(2640, 4380, 1320, 420)}});
   Drive1.SetDescription("Drive");
   Dir1.SetDescription("Directory");
   Drive1.content = TextContent::kDrive;

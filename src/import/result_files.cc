@@ -3,11 +3,13 @@
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "base/files.h"
 #include "formats/detail_file.h"
 #include "formats/kestrelix_file.h"
 #include "formats/summary_file.h"
+#include "formats/text_lines.h"
 #include "formats/vornaxil_file.h"
 #include "formats/zephyrine_file.h"
 #include "table/sheet.h"
@@ -25,9 +27,17 @@ Result<std::string> ReadResultFile(const std::string& path) {
   if (fs::exists(path, error) && !fs::is_regular_file(path, error)) {
     return MakeError(kErrorPathFileAccess, path);
   }
-  const auto size = fs::file_size(path, error);
-  if (!error && size > kMostRecordBytes) return MakeError(kErrorOverflow, path);
-  return ReadWholeFile(path);
+  return ReadWholeFile(path, kMostRecordBytes);
+}
+
+// The places of lines that hold next to nothing would take several times the file's room; no report
+// looks so.
+Result<std::string> ReadLinesFile(const std::string& path) {
+  constexpr std::size_t kFewLines = 1'000'000;
+  Result<std::string> bytes = ReadResultFile(path);
+  if (!bytes || CountLines(bytes.Value()) <= bytes.Value().size() / 2 + kFewLines) return bytes;
+  return RuntimeError{
+      .number = kErrorOverflow, .description = "more lines than text", .subject = path};
 }
 
 void Empty(Sheet& sheet) {
@@ -39,18 +49,19 @@ void Empty(Sheet& sheet) {
   sheet.selection.clear();
 }
 
-// The frame of every reader. fill(sheet, bytes) lays the sheet out, fills it and returns its last
-// row.
+// The frame of every reader. read(path) gives the file's bytes; fill(sheet, bytes) lays the sheet
+// out, fills it and returns its last row.
 template <class Fill>
 Status LoadFile(const ImportTarget& target,
                 const std::string& path,
                 std::string_view action,
+                Result<std::string> (*read)(const std::string&),
                 Fill fill) {
   const ProgressScope scope(target.progress, action);
   target.progress.ShowMeter(0.0);
   Sheet& sheet = target.table.Active();
   Empty(sheet);
-  Result<std::string> bytes = ReadResultFile(path);
+  Result<std::string> bytes = read(path);
   if (bytes) {
     EndAtRow(sheet, fill(sheet, std::move(bytes.Value())));
     target.progress.ShowMeter(100.0);
@@ -86,10 +97,11 @@ void SetupDetailSheet(Sheet& sheet) {
 }
 
 Status LoadZephyrineSummary(const ImportTarget& target, const std::string& path) {
-  return LoadFile(target, path, "Loading Summary...", [](Sheet& sheet, std::string bytes) {
+  const auto fill = [](Sheet& sheet, std::string bytes) {
     SetupZephyrineSheet(sheet);
     return Fill(sheet, 3, ReadZephyrineRecords(std::move(bytes)));
-  });
+  };
+  return LoadFile(target, path, "Loading Summary...", ReadResultFile, fill);
 }
 
 Result<std::string> LoadVornaxilFile(const ImportTarget& target,
@@ -105,34 +117,40 @@ Result<std::string> LoadVornaxilFile(const ImportTarget& target,
     }
     return Fill(sheet, 2, std::move(file.records));
   };
-  if (auto loaded = LoadFile(target, path, "Loading Vornaxil file...", fill); !loaded) {
+  if (auto loaded = LoadFile(target, path, "Loading Vornaxil file...", ReadLinesFile, fill);
+      !loaded) {
     return loaded.Error();
   }
   return found;
 }
 
 Status LoadKestrelixFile(const ImportTarget& target, const std::string& path) {
-  return LoadFile(target, path, "Loading Kestrelix file...", [](Sheet& sheet, std::string bytes) {
+  const auto fill = [](Sheet& sheet, std::string bytes) {
     LayOutFields(sheet, kKestrelixFields, 2);
     KestrelixFile file = ReadKestrelixFile(std::move(bytes));
-    sheet.SetTextColumn(1, {std::move(file.title)});
+    // Not from a list, which is copied: a foreign file may be one long title.
+    std::vector<std::string> title(1);
+    title[0] = std::move(file.title);
+    sheet.SetTextColumn(1, std::move(title));
     return Fill(sheet, 2, std::move(file.records));
-  });
+  };
+  return LoadFile(target, path, "Loading Kestrelix file...", ReadLinesFile, fill);
 }
 
 Status LoadSummaryFile(const ImportTarget& target, const std::string& path) {
-  return LoadFile(
-      target, path, "Loading Vistaplot Summary...", [](Sheet& sheet, std::string bytes) {
-        SetupSummarySheet(sheet);
-        return Fill(sheet, 3, ReadTextRecords(std::move(bytes), kSummaryForm));
-      });
+  const auto fill = [](Sheet& sheet, std::string bytes) {
+    SetupSummarySheet(sheet);
+    return Fill(sheet, 3, ReadTextRecords(std::move(bytes), kSummaryForm));
+  };
+  return LoadFile(target, path, "Loading Vistaplot Summary...", ReadResultFile, fill);
 }
 
 Status LoadDetailFile(const ImportTarget& target, const std::string& path) {
-  return LoadFile(target, path, "Loading Vistaplot Detail...", [](Sheet& sheet, std::string bytes) {
+  const auto fill = [](Sheet& sheet, std::string bytes) {
     SetupDetailSheet(sheet);
     return Fill(sheet, 3, ReadTextRecords(std::move(bytes), kDetailForm));
-  });
+  };
+  return LoadFile(target, path, "Loading Vistaplot Detail...", ReadResultFile, fill);
 }
 
 }  // namespace vistaplot

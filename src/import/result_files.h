@@ -4,8 +4,8 @@
 // showing its action and the meter meanwhile; cursor and selection end at (MaxRow, MaxCol). The
 // sheet keeps the file's bytes and cuts its cells when they are read. What a file holds is not
 // checked: it is read as far as whole records or lines go. A file that cannot be read leaves the
-// sheet empty, with its name: errors of the host, 75 for what is no file, 6 for one of more than
-// 2 GB.
+// sheet empty, with its name: errors of the host, 75 for what is no file or has more than 2 GB, 6
+// for millions of lines that hold less than a character each.
 #pragma once
 
 #include <string>

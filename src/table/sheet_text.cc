@@ -100,6 +100,14 @@ int FirstRowToShow(const Sheet& sheet) {
   return first > sheet.MaxRow ? opening : std::max(first, opening);
 }
 
+bool IsTitle(const Sheet& sheet, int row, int col) {
+  if (col != 1 || row > sheet.FixedRows) return false;
+  for (int behind = 2; behind <= sheet.MaxCol; ++behind) {
+    if (!sheet.CellText(row, behind).empty()) return false;
+  }
+  return sheet.MaxCol > 1;
+}
+
 bool IsFaint(const Sheet& sheet, int row, int col) {
   const std::span<const float> prices = sheet.PriceBlock(col);
   const int at = row - kFirstPriceRow;

@@ -28,6 +28,10 @@ std::string TabbedText(const Sheet& sheet, const std::vector<CellRange>& ranges)
 /// 1.
 int FirstRowToShow(const Sheet& sheet);
 
+/// True for the first cell of a heading row where nothing else stands in it, as the title of a
+/// file: its text runs on over the columns behind.
+bool IsTitle(const Sheet& sheet, int row, int col);
+
 /// True for a cell of a price column that tells nothing new: -1, or the price of the row above
 /// again, as days without a price of their own have it.
 bool IsFaint(const Sheet& sheet, int row, int col);

@@ -124,6 +124,7 @@ class Sorter {
       const std::uint32_t row = order_[place];
       CellKey key = column.key(row);
       if (key.kind == CellKey::Kind::kText) {
+        if (scratch.texts.empty()) scratch.texts.reserve(end - place);
         scratch.texts.push_back({std::move(key.text), row});
       } else if (key.kind == CellKey::Kind::kEmpty) {
         scratch.empties.push_back(row);

@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <utility>
 
 #include "support/result_bytes.h"
 #include "support/silent_progress.h"
@@ -12,15 +14,14 @@
 namespace vistaplot {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class ResultFiles : public testing::Test {
  protected:
   Sheet& Shown() { return table_.Active(); }
 
-  Texts Row(int row, int columns) {
-    Texts texts;
-    for (int col = 1; col <= columns; ++col) texts.push_back(Shown().CellText(row, col));
+  /// The texts of columns 1 to `columns` with "|" between.
+  std::string Row(int row, int columns) {
+    std::string texts = Shown().CellText(row, 1);
+    for (int col = 2; col <= columns; ++col) texts += '|' + Shown().CellText(row, col);
     return texts;
   }
 
@@ -48,59 +49,14 @@ TEST_F(ResultFiles, ZephyrineRecordsShowAsTheyStandBelowTwoHeadings) {
   ExpectEndsAt(4, 17);
   EXPECT_EQ(Shown().FixedRows, 2);
   EXPECT_EQ(Row(1, 17),
-            (Texts{"TEST",
-                   "",
-                   "",
-                   "",
-                   "  AVG   ",
-                   "MAX DRAW",
-                   "  MDD   ",
-                   "ULCER",
-                   "ULCER",
-                   "   %   ",
-                   "% AVG GAIN",
-                   "% AVG GAIN",
-                   "% AVG LOSS",
-                   " AVG ",
-                   " STRATEGY ",
-                   " STRATEGY ",
-                   " STRATEGY "}));
+            "TEST||||  AVG   |MAX DRAW|  MDD   |ULCER|ULCER|   %   |% AVG GAIN|% AVG GAIN|% AVG "
+            "LOSS| AVG | STRATEGY | STRATEGY | STRATEGY ");
   EXPECT_EQ(Row(2, 17),
-            (Texts{"CASE",
-                   "BUY",
-                   "SELL",
-                   "S/Y",
-                   "ANNUAL %",
-                   " DOWN % ",
-                   "  DATE  ",
-                   "INDEX",
-                   "PERF INDEX",
-                   "WINNERS",
-                   " PER BUY ",
-                   " WINNERS  ",
-                   "  LOSERS  ",
-                   " STRF ",
-                   "   BETA   ",
-                   "   CORR   ",
-                   "  ALPHA   "}));
+            "CASE|BUY|SELL|S/Y|ANNUAL %| DOWN % |  DATE  |INDEX|PERF INDEX|WINNERS| PER BUY | "
+            "WINNERS  |  LOSERS  | STRF |   BETA   |   CORR   |  ALPHA   ");
   EXPECT_EQ(Row(3, 17),
-            (Texts{" 1  ",
-                   "   1",
-                   "   2",
-                   "   3",
-                   "  12.500",
-                   "       4",
-                   "07/23/02",
-                   "   5",
-                   "   6",
-                   "    7",
-                   "       8",
-                   "       9",
-                   "      10",
-                   "  11",
-                   "  0.85",
-                   "  0.91",
-                   " -1.25"}));
+            " 1  |   1|   2|   3|  12.500|       4|07/23/02|   5|   6|    7|       8|       9|     "
+            " 10|  11|  0.85|  0.91| -1.25");
   EXPECT_EQ(Shown().CellText(4, 5), "-3      ");
   EXPECT_EQ(Shown().CellNumber(4, 5), -3.0);
   const std::vector<int> wide = {5, 6, 7, 8, 9, 10, 11, 12, 13, 15, 16, 17};
@@ -145,30 +101,11 @@ TEST_F(ResultFiles, SummaryAndDetailRecordsShowAsTheyStand) {
   ASSERT_TRUE(LoadSummaryFile(target_, File(test::Ssm("1", "12.500") + test::Ssm("2", "7"))));
   ExpectEndsAt(4, 10);
   EXPECT_EQ(Shown().FixedRows, 2);
-  EXPECT_EQ(Row(1, 10),
-            (Texts{"", "  BUY  ", " SELL  ", "  AVG  ", "", "", "  MDD  ", "", "", "   %  "}));
+  EXPECT_EQ(Row(1, 10), "|  BUY  | SELL  |  AVG  |||  MDD  |||   %  ");
   EXPECT_EQ(Row(2, 10),
-            (Texts{" CASE  ",
-                   "SIGS IN",
-                   "SIGS IN",
-                   " ANN % ",
-                   "  S/Y  ",
-                   " MDD % ",
-                   "  DATE ",
-                   "  UI   ",
-                   "  UPI  ",
-                   "WINNERS"}));
+            " CASE  |SIGS IN|SIGS IN| ANN % |  S/Y  | MDD % |  DATE |  UI   |  UPI  |WINNERS");
   EXPECT_EQ(Row(3, 10),
-            (Texts{"1   ",
-                   "2   ",
-                   "3   ",
-                   "12.500  ",
-                   "1.5 ",
-                   "20.250  ",
-                   "07/23/02",
-                   "4.500   ",
-                   "1.250   ",
-                   "66.67   "}));
+            "1   |2   |3   |12.500  |1.5 |20.250  |07/23/02|4.500   |1.250   |66.67   ");
   EXPECT_EQ(Shown().ColumnWidth(4), 1234) << "widths are unchanged";
 
   const std::string trades =
@@ -176,9 +113,9 @@ TEST_F(ResultFiles, SummaryAndDetailRecordsShowAsTheyStand) {
   ASSERT_EQ(trades.size(), 120U);
   ASSERT_TRUE(LoadDetailFile(target_, File(trades)));
   ExpectEndsAt(5, 5);
-  EXPECT_EQ(Row(1, 6), (Texts{"  BUY  ", " SELL  ", "  BUY  ", " TRADE ", " TRADE ", ""}));
-  EXPECT_EQ(Row(2, 6), (Texts{"SIGS IN", "SIGS IN", "  DATE ", " DATE  ", " GAIN  ", ""}));
-  EXPECT_EQ(Row(3, 6), (Texts{"5   ", "3   ", "01/04/99", "12/31/10", "-5.2    ", ""}));
+  EXPECT_EQ(Row(1, 6), "  BUY  | SELL  |  BUY  | TRADE | TRADE |");
+  EXPECT_EQ(Row(2, 6), "SIGS IN|SIGS IN|  DATE | DATE  | GAIN  |");
+  EXPECT_EQ(Row(3, 6), "5   |3   |01/04/99|12/31/10|-5.2    |");
 }
 
 TEST_F(ResultFiles, VornaxilKindDecidesTheColumns) {
@@ -191,30 +128,17 @@ TEST_F(ResultFiles, VornaxilKindDecidesTheColumns) {
   EXPECT_EQ(kind.Value(), "SM ");
   ExpectEndsAt(3, 8);
   EXPECT_EQ(Shown().FixedRows, 1);
-  EXPECT_EQ(
-      Row(1, 8),
-      (Texts{"PARM 1", " PARM 2", " PARM 3", "   Ra", "   Mr", "   Tr", "   SY  ", "   Rsk"}));
-  EXPECT_EQ(Row(2, 8),
-            (Texts{"aaaaaaa1",
-                   "bbbbbbb2",
-                   "ccccccc3",
-                   "ddddddd4",
-                   "eeeeeee5",
-                   "ffffff 6",
-                   "ggggggg7",
-                   "7hhhhh"}));
-  EXPECT_EQ(Row(3, 8), (Texts{"9", "", "", "", "", "", "", ""}));
+  EXPECT_EQ(Row(1, 8), "PARM 1| PARM 2| PARM 3|   Ra|   Mr|   Tr|   SY  |   Rsk");
+  EXPECT_EQ(Row(2, 8), "aaaaaaa1|bbbbbbb2|ccccccc3|ddddddd4|eeeeeee5|ffffff 6|ggggggg7|7hhhhh");
+  EXPECT_EQ(Row(3, 8), "9|||||||");
   EXPECT_EQ(Shown().ColumnWidth(1), 2000);
   EXPECT_EQ(Shown().ColumnWidth(8), 2800);
 
   kind = LoadVornaxilFile(target_, File(test::Vx1("ma", {row, "last"})), "SM ");
   EXPECT_EQ(kind.Value(), "APM");
   ExpectEndsAt(2, 7);
-  EXPECT_EQ(Row(1, 7),
-            (Texts{"PARM 1", " PARM 2", "   Ra", "   Mr", "   Tr", "   SY  ", "   Rsk"}));
-  EXPECT_EQ(
-      Row(2, 7),
-      (Texts{"aaaaaaa1", "bbbbbbb2", "cccc3   ", "ddddddd4", "eeeeeee5", "ffffff 6", "  gggg"}));
+  EXPECT_EQ(Row(1, 7), "PARM 1| PARM 2|   Ra|   Mr|   Tr|   SY  |   Rsk");
+  EXPECT_EQ(Row(2, 7), "aaaaaaa1|bbbbbbb2|cccc3   |ddddddd4|eeeeeee5|ffffff 6|  gggg");
 }
 
 TEST_F(ResultFiles, AVornaxilFileWithoutAKindKeepsTheOneBefore) {
@@ -237,15 +161,15 @@ TEST_F(ResultFiles, KestrelixFieldsAreTrimmedAndTheTitleIsNot) {
   ASSERT_TRUE(LoadKestrelixFile(target_, File(bytes)));
   ExpectEndsAt(4, 9);
   EXPECT_EQ(Shown().FixedRows, 2);
-  EXPECT_EQ(Row(1, 3), (Texts{"  My test  ", "", ""}));
-  EXPECT_EQ(Row(2, 9), (Texts{"No", "Case", "Days", "Level", "Annual", "MDD", "UI", "UPI", "Win"}));
-  EXPECT_EQ(Row(3, 9), (Texts{"1", "T1", "5", "0.5", "12.50", "20.25", "4.50", "1.25", "66.67"}));
-  EXPECT_EQ(Row(4, 9), (Texts{"2", "short", "", "", "", "", "", "", ""}));
+  EXPECT_EQ(Row(1, 3), "  My test  ||");
+  EXPECT_EQ(Row(2, 9), "No|Case|Days|Level|Annual|MDD|UI|UPI|Win");
+  EXPECT_EQ(Row(3, 9), "1|T1|5|0.5|12.50|20.25|4.50|1.25|66.67");
+  EXPECT_EQ(Row(4, 9), "2|short|||||||");
   for (const char* title_alone : {"Title", "Title\n", "Title\nskipped", "Title\nskipped\nlast"}) {
     ASSERT_TRUE(LoadKestrelixFile(target_, File(title_alone)));
     ExpectEndsAt(1, 9);
-    EXPECT_EQ(Row(1, 2), (Texts{"Title", ""}));
-    EXPECT_EQ(Row(2, 1), (Texts{""}));
+    EXPECT_EQ(Row(1, 2), "Title|");
+    EXPECT_EQ(Row(2, 1), "");
   }
 }
 
@@ -253,22 +177,26 @@ TEST_F(ResultFiles, AFileThatCannotBeReadLeavesAnEmptySheet) {
   ASSERT_TRUE(LoadDetailFile(target_, File(test::Sdt("01/04/99", "1"))));
   const std::string pipe = folder_.Path("PIPE.SSM");
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-  struct Case {
-    std::string path;
-    int number;
-  };
-  for (const Case& c : {Case{folder_.Path("GONE.SSM"), 53},
-                        Case{folder_.Path("NONE/A.SSM"), 76},
-                        Case{folder_.Path(), 75},
-                        Case{pipe, 75}}) {
-    const Status read = LoadSummaryFile(target_, c.path);
-    ASSERT_FALSE(read) << c.path;
-    EXPECT_EQ(read.Error().number, c.number) << c.path;
+  const std::pair<std::string, int> cases[] = {{folder_.Path("GONE.SSM"), 53},
+                                               {folder_.Path("NONE/A.SSM"), 76},
+                                               {folder_.Path(), 75},
+                                               {pipe, 75}};
+  for (const auto& [path, number] : cases) {
+    const Status read = LoadSummaryFile(target_, path);
+    ASSERT_FALSE(read) << path;
+    EXPECT_EQ(read.Error().number, number) << path;
     EXPECT_EQ(Shown().MaxRow, 0);
-    EXPECT_EQ(Row(1, 3), (Texts{"", "", ""}));
-    EXPECT_EQ(Row(3, 3), (Texts{"", "", ""}));
+    EXPECT_EQ(Row(1, 3), "||");
+    EXPECT_EQ(Row(3, 3), "||");
     EXPECT_TRUE(Shown().selection.empty());
   }
+  const std::string huge = File("");
+  std::filesystem::resize_file(huge, kMostRecordBytes + 1);
+  EXPECT_EQ(LoadSummaryFile(target_, huge).Error().description, "larger than 1907 MiB");
+  const std::string ends = File(std::string(4'000'000, '\n'));
+  EXPECT_EQ(LoadVornaxilFile(target_, ends, "").Error().number, 6) << "five bytes a byte";
+  EXPECT_EQ(LoadKestrelixFile(target_, ends).Error().number, 6);
+  EXPECT_TRUE(LoadSummaryFile(target_, ends));
 }
 
 TEST_F(ResultFiles, ForeignBytesShowAsTheyAre) {

@@ -5,9 +5,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QTreeView>
+#include <algorithm>
 #include <string_view>
 
 #include "base/files.h"
@@ -76,6 +78,20 @@ void ShowFiltersAsGiven(QFileDialog& dialog, std::string_view old_style) {
   }
 }
 
+/// The box that names are typed into; null where the toolkit calls it otherwise.
+QLineEdit* NameBox(const QFileDialog& dialog) {
+  return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+/// One name as it stands, or several in double quotes.
+QStringList TypedNames(const QString& text) {
+  if (!text.contains(u'"')) return text.isEmpty() ? QStringList() : QStringList(text);
+  QStringList names;
+  const QStringList parts = text.split(u'"');
+  for (qsizetype i = 1; i < parts.size(); i += 2) names += parts[i];
+  return names;
+}
+
 std::string PathOf(const QString& file) {
   return QFile::encodeName(file).toStdString();
 }
@@ -127,13 +143,45 @@ void FileDialog::ToSave() {
 }
 
 std::vector<std::string> FileDialog::Paths() const {
+  if (!typed_.empty()) return typed_;
   std::vector<std::string> paths;
   for (const QString& file : selectedFiles()) paths.push_back(PathOf(file));
   return paths;
 }
 
 void FileDialog::accept() {
+  if (acceptMode() == QFileDialog::AcceptOpen) {
+    if (TakesTyped()) return done(Accepted);
+    if (FiltersByTyped()) return;
+  }
   if (MayReplaceOtherCase()) QFileDialog::accept();
+}
+
+// The toolkit drops a name that does not stand so in the folder when others do.
+bool FileDialog::TakesTyped() {
+  typed_.clear();
+  const auto* box = NameBox(*this);
+  if (box == nullptr) return false;
+  for (const QString& name : TypedNames(box->text())) {
+    const bool has_drive = name.indexOf(u':') == 1;
+    typed_.push_back(HostPathOf(PathOf(has_drive ? name : directory().filePath(name))));
+  }
+  const bool fits = !typed_.empty() && (request_.multiple || typed_.size() == 1) &&
+                    std::all_of(typed_.begin(), typed_.end(), FileExists);
+  if (!fits) typed_.clear();
+  return fits;
+}
+
+// True where a pattern was typed; the list shows what matches it from now on.
+bool FileDialog::FiltersByTyped() {
+  auto* box = NameBox(*this);
+  if (box == nullptr || !IsPattern(box->text().toStdString())) return false;
+  const std::string pattern = box->text().trimmed().toStdString();
+  const std::string filters = pattern + '|' + pattern + '|' + request_.filter;
+  setNameFilters(NameFilters(filters));
+  ShowFiltersAsGiven(*this, filters);
+  box->clear();
+  return true;
 }
 
 // The program finds files in any case, so "Chart.png" is written over a "chart.png", which the

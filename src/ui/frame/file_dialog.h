@@ -1,5 +1,6 @@
 // The common file dialog as the program asks for it: old-style filters, initial folders by
-// old-style text, names in any case.
+// old-style text, typed names of files to open in any case or of old-style drives. A typed pattern
+// ("*.SUM") filters the list.
 #pragma once
 
 #include <QFileDialog>
@@ -34,11 +35,14 @@ class FileDialog : public QFileDialog {
   void accept() override;
 
  private:
+  bool TakesTyped();
+  bool FiltersByTyped();
   bool MayReplaceOtherCase();
   std::string HostPathOf(const std::string& text) const;
 
   const FileRequest& request_;
   const PathRoots* roots_;
+  std::vector<std::string> typed_;  ///< what was chosen by the names in the box
 };
 
 }  // namespace vistaplot

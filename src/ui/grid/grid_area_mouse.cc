@@ -179,6 +179,7 @@ void GridArea::FitWidth(int col) {
   const Sheet& sheet = table_.Active();
   int width = 0;
   for (int row = 1; row <= geometry_.Rows(); ++row) {
+    if (IsTitle(sheet, row, col)) continue;
     const GridText& text = row <= sheet.FixedRows ? fonts_.heading : fonts_.plain;
     width = std::max(width, text.Width(sheet.CellText(row, col)));
   }
@@ -199,7 +200,7 @@ void GridArea::ShowTip(QPoint point, QPoint global) {
   if (IsCell(cell)) {
     const std::string shown = table_.Active().CellText(cell.row, cell.col);
     const bool is_cut = fonts_.heading.Width(shown) + kFitMargin > geometry_.Width(cell.col);
-    if (is_cut) text = QtText(TrimBlanks(shown));
+    if (is_cut) text = QtText(OneLine(TrimBlanks(shown)));
     if (UnitOf(cell) == GridUnit::kColumn) {
       const QString tip = QtText(HeadingTip(table_.Active(), cell.col));
       text += text.isEmpty() || tip.isEmpty() ? tip : QStringLiteral(": ") + tip;

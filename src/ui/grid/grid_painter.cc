@@ -151,7 +151,7 @@ class GridPainter {
     if (!pane.is_heading) PaintCells(pane, true, Mixed(ground, ink, kFaintShare));
   }
 
-  /// A heading stands over its column as the column's first cell does.
+  /// A heading stands over its column as the column's first cell does; a title runs on.
   void PaintHeadings(const Pane& pane, const QColor& ink) {
     GridText& text = fonts_.heading;
     painter_.setFont(text.Font());
@@ -165,7 +165,12 @@ class GridPainter {
           place.adjust(at_right ? kArrowRoom : 0, 0, at_right ? 0 : -kArrowRoom, 0);
         }
         const std::string cell = scene_.sheet.CellText(row, col);
-        text.Draw(painter_, place, at_right ? TrimBlanks(cell) : cell, at_right);
+        if (IsTitle(scene_.sheet, row, col)) {
+          place.setRight(pane.clip.right());
+          text.Draw(painter_, place, cell, false);
+        } else {
+          text.Draw(painter_, place, at_right ? TrimBlanks(cell) : cell, at_right);
+        }
       }
     }
     text.Flush(painter_);

@@ -12,7 +12,14 @@ namespace vistaplot {
 namespace {
 
 constexpr std::string_view kFigures = "0123456789+-./";
-constexpr int kMargin = 4;  // pixels between a text and its cell's edge
+constexpr int kMargin = 4;     // pixels between a text and its cell's edge
+constexpr int kWidest = 4000;  // pixels that a column may ask for
+
+// The part of a text that `pixels` can show, and a little more, as a character takes one at least.
+// A foreign file may be a single line: laid out whole, its cell would take minutes and gigabytes.
+std::string_view Seen(std::string_view text, int pixels) {
+  return LeftCharacters(text, static_cast<std::size_t>(std::max(pixels, 0)) + 1);
+}
 
 }  // namespace
 
@@ -40,9 +47,10 @@ double GridText::FigureWidth(std::string_view text) const {
 }
 
 int GridText::Width(std::string_view text) const {
+  text = Seen(text, kWidest);
   const double width = FigureWidth(text);
-  if (width >= 0.0) return static_cast<int>(std::ceil(width));
-  return metrics_.horizontalAdvance(QtText(TrimRightBlanks(text)));
+  if (width >= 0.0) return std::min(static_cast<int>(std::ceil(width)), kWidest);
+  return std::min(metrics_.horizontalAdvance(QtText(TrimRightBlanks(text))), kWidest);
 }
 
 double GridText::TailWidth(int places) const {
@@ -54,6 +62,7 @@ void GridText::Draw(
     QPainter& painter, const QRect& cell, std::string_view text, bool at_right, double inset) {
   if (text.empty()) return;
   const QRect room = cell.adjusted(kMargin, 0, -kMargin, 0);
+  text = Seen(text, room.width());
   const double width = FigureWidth(text);
   if (width < 0.0 || width > room.width()) {
     DrawOther(painter, room, text, at_right);

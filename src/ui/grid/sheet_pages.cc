@@ -11,6 +11,7 @@
 
 #include "base/number_text.h"
 #include "base/text.h"
+#include "table/sheet_text.h"
 #include "ui/controls/widgets.h"
 
 namespace vistaplot {
@@ -110,6 +111,7 @@ void SheetPages::MeasureColumns() {
   for (int col = 1; col <= sheet_.MaxCol; ++col) {
     double widest = 0.0;
     for (int row = 1; row <= sheet_.MaxRow; ++row) {
+      if (IsTitle(sheet_, row, col)) continue;
       widest = std::max(widest, letters.Width(TrimBlanks(sheet_.CellText(row, col))));
     }
     widths_.push_back(widest + 2.0 * gap_);
@@ -198,6 +200,14 @@ void SheetPages::Paint(QPainter& painter, std::size_t index) const {
                    QStringLiteral("Page %1 of %2").arg(index + 1).arg(pages_.size()));
 }
 
+// Over the columns behind it, as far as the page goes.
+void SheetPages::PaintTitle(QPainter& painter, const std::string& title, QPointF at) const {
+  const QRectF place(at.x(), at.y(), page_.width() - at.x(), line_);
+  const QString shown =
+      QFontMetricsF(bold_, device_).elidedText(QtText(title), Qt::ElideRight, place.width());
+  painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, shown);
+}
+
 void SheetPages::PaintRow(QPainter& painter, const SheetPage& page, int row, double top) const {
   const int fixed = std::min(sheet_.FixedCols, page.first_col - 1);
   const double left = PaintCells(painter, row, 1, fixed, {0.0, top});
@@ -210,8 +220,9 @@ double SheetPages::PaintCells(QPainter& painter, int row, int first, int last, Q
   for (int col = first; col <= last; ++col) {
     const double width = widths_[Index(col)];
     const std::string cell = sheet_.CellText(row, col);
-    const QString text = QtText(TrimBlanks(cell));
-    if (!text.isEmpty()) {
+    if (IsTitle(sheet_, row, col)) {
+      PaintTitle(painter, OneLine(TrimBlanks(cell)), {left + gap_, at.y()});
+    } else if (const QString text = QtText(TrimBlanks(cell)); !text.isEmpty()) {
       const auto side = numbers_[Index(col)] ? Qt::AlignRight : Qt::AlignLeft;
       painter.drawText(QRectF(left + gap_, at.y(), width - 2.0 * gap_, line_),
                        static_cast<int>(side | Qt::AlignVCenter),

@@ -53,6 +53,7 @@ class SheetPages {
   std::vector<SheetPage> ColumnBlocks() const;
   void CutPages();
   void PaintRow(QPainter& painter, const SheetPage& page, int row, double top) const;
+  void PaintTitle(QPainter& painter, const std::string& title, QPointF at) const;
   double PaintCells(QPainter& painter, int row, int first, int last, QPointF at) const;
 
   const Sheet& sheet_;

@@ -94,8 +94,14 @@ TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
     const auto* model = box->findChild<QFileSystemModel*>();
     EXPECT_EQ(model->rowCount(model->index(QtText(folder.Path()))), 2);
     EXPECT_EQ(box->findChild<QComboBox*>("fileTypeCombo")->itemText(1), "All (*.*)");
-    box->findChild<QLineEdit*>("fileNameEdit")->setText("\"lower.sum\" \"UPPER.SUM\"");
+    auto* name = box->findChild<QLineEdit*>("fileNameEdit");
+    name->setText("*.TXT");
     QMetaObject::invokeMethod(box, "accept");
+    EXPECT_TRUE(box->isVisible() && name->text().isEmpty()) << "a pattern is no file";
+    EXPECT_EQ(box->nameFilters().front(), "*.TXT (*.TXT)");
+    name->setText("\"LOWER.sum\" \"UPPER.SUM\"");
+    QMetaObject::invokeMethod(box, "accept");
+    if (box->isVisible()) box->reject();
   });
   const std::vector<std::string> chosen =
       boxes.dialogs.ChooseFilesToOpen({.title = "Select",

@@ -112,6 +112,10 @@ TEST(SheetPages, NoCellIsCutAndNoColumnLeftAlone) {
   sheet.SetCellText(2, 2, std::string(300, 'm'));
   const SheetPages huge(sheet, QFont(), &paper, QSizeF(600, 800), {});
   EXPECT_LE(huge.ColumnWidth(1) + huge.ColumnWidth(2), 600.0);
+  for (int col = 2; col <= sheet.MaxCol; ++col) sheet.SetCellText(1, col, "");
+  sheet.SetCellText(1, 1, std::string(100, 'm'));
+  const SheetPages titled(sheet, QFont(), &paper, QSizeF(2000, 800), {});
+  EXPECT_LT(titled.ColumnWidth(1), 2.0 * heading) << "a title runs on over its row";
 }
 
 TEST(QtOutput, AWideSheetTurnsThePage) {

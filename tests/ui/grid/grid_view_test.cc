@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QScrollBar>
 
@@ -325,6 +326,22 @@ TEST(GridView, PaintsNumbersAtTheRightAndTextsAtTheLeftOnAnyPalette) {
     const auto heading = Ink(world, 1, 3);
     EXPECT_GT(heading.first, 8) << "a heading stands over its numbers";
   }
+}
+
+TEST(GridView, ATitleRunsOnOverItsRowAndIsLaidOutAsFarAsItShows) {
+  GridWorld world;
+  Sheet& sheet = world.table.SheetAt(2);
+  sheet.SetTextColumn(1, {std::string(30'000'000, 'W'), "AAA", "BBB"});
+  for (const int col : {2, 3}) sheet.SetCellText(1, col, "");
+  QElapsedTimer watch;
+  watch.start();
+  world.table.SetActiveSheet(2);
+  EXPECT_LT(Ink(world, 1, 2).first, 8);
+  EXPECT_GT(Ink(world, 1, 3).second, world.area.Geometry().Width(3) / 2);
+  const QPoint border(world.area.Geometry().Left(2) - 1, 5);
+  QTest::mouseDClick(world.area.viewport(), Qt::LeftButton, {}, border);
+  EXPECT_LT(world.area.Geometry().Width(1), 100) << "the column fits what stands below";
+  EXPECT_LT(watch.elapsed(), 5000) << "all of it would take minutes and gigabytes";
 }
 
 TEST(GridView, TellsAssistiveToolsTheCurrentCell) {
