@@ -16,6 +16,8 @@ constexpr double kRoomyLines = 8.0;  // pixels from line to line
 constexpr double kTickPart = 0.3;    // of the spacing: ticks of open and close
 constexpr int kLeastHollow = 3;      // device pixels of a body that has an inside
 constexpr double kHitReach = 2.0;    // beside a thin bar
+constexpr double kLossShade =
+    0.72;  // on light ground, so that bars a pixel wide differ without hue
 
 // One fund's bar of one row.
 struct Bar {
@@ -51,7 +53,12 @@ BarInks InksOf(const ChartView& view, const DrawnSeries& fund, const ChartTheme&
     return {own, own};
   }
   const auto& colors = SettingsOf(view, fund.settings).HiLo;
-  return {InkOn(theme, colors.GainColor), InkOn(theme, colors.LossColor)};
+  const PictureColor loss = InkOn(theme, colors.LossColor);
+  return {InkOn(theme, colors.GainColor), theme.dark ? loss : Shaded(loss, kLossShade)};
+}
+
+bool IsLine(const ChartView& view, const DrawnSeries& fund) {
+  return SettingsOf(view, fund.settings).SeriesType == kSeriesCandleLine;
 }
 
 // Draws the bars of one fund. Works in device pixels, so that edges are sharp at every scale.
@@ -73,9 +80,13 @@ class BarPainter {
 
   void Draw(int row, const Bar& bar) {
     const double center = scale_.X(row) * context_.detail + shift_;
-    left_ = static_cast<int>(std::floor(center - 0.5 * wick_ + 0.5));
+    left_ = WickLeft(center);
+    // Where a body would touch the one before it, its left edge gives way.
+    const int before = WickLeft(center - spacing_) - (body_ - wick_) / 2 + body_;
+    body_left_ = left_ - (body_ - wick_) / 2;
+    if (body_ > wick_) body_left_ = std::max(body_left_, before + 1);
     ink_ = bar.close < bar.open ? inks_.loss : inks_.gain;
-    if (IsLine()) {
+    if (IsLine(context_.view, fund_)) {
       DrawLine(bar);
     } else {
       DrawBody(bar);
@@ -84,14 +95,14 @@ class BarPainter {
   }
 
  private:
-  bool IsLine() const {
-    return SettingsOf(context_.view, fund_.settings).SeriesType == kSeriesCandleLine;
+  int WickLeft(double center) const {
+    return static_cast<int>(std::floor(center - 0.5 * wick_ + 0.5));
   }
 
   // One pixel, grown with the texts; the lines of a line chart are stronger where they have room.
   int WickWidth() const {
     const double pixel = std::max(1.0, std::floor(context_.scale)) * context_.detail;
-    const bool strong = IsLine() && spacing_ >= kRoomyLines * context_.detail;
+    const bool strong = IsLine(context_.view, fund_) && spacing_ >= kRoomyLines * context_.detail;
     const int wanted = static_cast<int>(std::floor(strong ? 2.0 * pixel : pixel));
     return std::clamp(static_cast<int>(spacing_ / 3.0), 1, wanted);
   }
@@ -117,13 +128,18 @@ class BarPainter {
   void DrawBody(const Bar& bar) {
     const int top = Pixel(std::max(bar.open, bar.close));
     const int bottom = std::max(Pixel(std::min(bar.open, bar.close)), top + wick_);
-    const int left = left_ - (body_ - wick_) / 2;
-    const int right = left + body_;
-    Fill(left, top, right, bottom, ink_);
+    const int whole_left = left_ - (body_ - wick_) / 2;
+    const int right = whole_left + body_;
+    Fill(body_left_, top, right, bottom, ink_);
     const bool hollow = bar.close > bar.open && body_ >= kLeastHollow * wick_ &&
                         bottom - top >= kLeastHollow * wick_;
     if (hollow) {
-      Fill(left + wick_, top + wick_, right - wick_, bottom - wick_, context_.theme.background);
+      // A body that gave way is open at its left.
+      Fill(whole_left + wick_,
+           top + wick_,
+           right - wick_,
+           bottom - wick_,
+           context_.theme.background);
     }
     if (Pixel(bar.high) < top) Fill(left_, Pixel(bar.high), left_ + wick_, top, ink_);
     if (Pixel(bar.low) > bottom) Fill(left_, bottom, left_ + wick_, Pixel(bar.low), ink_);
@@ -150,9 +166,34 @@ class BarPainter {
   int wick_ = 1;
   int body_ = 1;
   int left_ = 0;  // of the wick
+  int body_left_ = 0;
   BarInks inks_;
   PictureColor ink_;
 };
+
+// What stands for the weeks that gained, or lost, in the legend; edges on whole units as the box's.
+void AddSwatchLine(
+    const PictureBox& box, double edge, PictureColor ink, bool gain, ChartPicture& picture) {
+  const double left = box.left + std::floor((box.Width() - edge) / 2.0);
+  const double high = box.top + edge;
+  const double low = box.bottom - 2.0 * edge;
+  const double open = gain ? low : high;
+  const double close = gain ? high : low;
+  picture.Add(FillBox{{left, box.top, left + edge, box.bottom}, ink});
+  picture.Add(FillBox{{box.left, open, left, open + edge}, ink});
+  picture.Add(FillBox{{left + edge, close, box.right, close + edge}, ink});
+}
+
+void AddSwatchBody(const PictureBox& box,
+                   double edge,
+                   PictureColor ink,
+                   const PictureColor* inside,
+                   ChartPicture& picture) {
+  picture.Add(FillBox{box, ink});
+  if (inside == nullptr) return;
+  picture.Add(
+      FillBox{{box.left + edge, box.top + edge, box.right - edge, box.bottom - edge}, *inside});
+}
 
 std::string WordsOf(const std::vector<ReadOutValue>& values) {
   constexpr const char* kWords[] = {"open ", " high ", " low ", " close "};
@@ -206,15 +247,15 @@ class CandleKind : public Kind {
     const double half = std::round(box.Height() * 0.28);
     const double middle = std::round((box.top + box.bottom) / 2.0);
     const double width = std::floor(box.Width() * 0.4);
-    const auto body = [&](double left, PictureColor ink, bool hollow) {
-      const PictureBox all{left, middle - half, left + width, middle + half};
-      picture.Add(FillBox{all, ink});
-      if (!hollow) return;
-      picture.Add(FillBox{{all.left + edge, all.top + edge, all.right - edge, all.bottom - edge},
-                          context.theme.background});
-    };
-    body(box.left, inks.gain, true);
-    body(box.right - width, inks.loss, false);
+    const PictureBox gain{box.left, middle - half, box.left + width, middle + half};
+    const PictureBox loss{box.right - width, gain.top, box.right, gain.bottom};
+    if (IsLine(context.view, fund)) {
+      AddSwatchLine(gain, edge, inks.gain, true, picture);
+      AddSwatchLine(loss, edge, inks.loss, false, picture);
+    } else {
+      AddSwatchBody(gain, edge, inks.gain, &context.theme.background, picture);
+      AddSwatchBody(loss, edge, inks.loss, nullptr, picture);
+    }
   }
 
   // Bars stand in the picture's hit regions.

@@ -121,6 +121,11 @@ TEST(Candles, ALineHasItsOpenAtTheLeftAndItsCloseAtTheRight) {
   EXPECT_NEAR(figures[2].box.top, picture.scale.Y(1.1), 1.0);
   const double spacing = picture.scale.X(2.0) - picture.scale.X(1.0);
   EXPECT_NEAR(figures[2].box.Width(), 0.3 * spacing, 1.0);
+  std::vector<FillBox> swatch = ItemsOf<FillBox>(picture);
+  std::erase_if(swatch, [&](const FillBox& box) { return !picture.legend.Overlaps(box.box); });
+  ASSERT_EQ(swatch.size(), 6U) << "two such lines";
+  EXPECT_GT(swatch[1].box.top, swatch[2].box.top) << "a gain closes higher";
+  EXPECT_LT(swatch[4].box.top, swatch[5].box.top);
 }
 
 TEST(Candles, FundsOfAWeekStandSideBySideInTheirOwnHues) {
@@ -145,17 +150,24 @@ TEST(Candles, FundsOfAWeekStandSideBySideInTheirOwnHues) {
   EXPECT_EQ(ReadRow(view, 1, false).entries[1].mark, InkOn(LightTheme(), DefaultSeriesColor(2)));
 }
 
+// Bars of one pixel differ by lightness, as their shape cannot tell gain from loss.
 TEST(Candles, FiveHundredAndTwentyWeeksStayApart) {
-  const std::vector<std::vector<double>> bars(520, {1.0, 1.2, 0.9, 1.1});
-  const ChartPicture picture = LayOut(BarChart(bars), {1280.0, 900.0});
-  std::vector<FillBox> figures = Figures(picture);
-  std::sort(figures.begin(), figures.end(), [](const FillBox& a, const FillBox& b) {
-    return a.box.left < b.box.left;
-  });
-  for (std::size_t i = 1; i < figures.size(); ++i) {
-    const PictureBox& before = figures[i - 1].box;
-    const PictureBox& box = figures[i].box;
-    EXPECT_TRUE(box.left == before.left || before.right <= box.left) << box.left;
+  const std::vector<std::vector<double>> bars(520, {1.1, 1.1, 0.9, 0.9});  // bodies alone
+  for (const PictureSize size : {PictureSize{1280.0, 900.0}, {1920.0, 1080.0}, {2200.0, 900.0}}) {
+    for (const double detail : {1.0, 2.0}) {
+      const ChartPicture picture = LayOut(BarChart(bars), size, {.dark = false, .detail = detail});
+      const std::vector<FillBox> figures = Figures(picture);
+      ASSERT_EQ(figures.size(), 520U);
+      for (std::size_t i = 1; i < figures.size(); ++i) {
+        EXPECT_GE(figures[i].box.left, figures[i - 1].box.right + 0.99 / detail) << size.width;
+      }
+    }
+  }
+  for (const bool dark : {false, true}) {
+    const auto mark = [dark](double close) {
+      return ReadRow(BarChart({{1.0, 1.2, 0.8, close}}), 1, dark).entries[0].mark;
+    };
+    EXPECT_GT(Contrast(mark(1.1), mark(0.9)), 1.8) << dark;
   }
 }
 
