@@ -13,7 +13,7 @@ namespace vistaplot {
 FrmGraph::FrmGraph(const Context& context)
     : Form("frmGraph", "Graph", FormStyle::kScreen, context.host), context_(context) {
   Add({{&VtChart1, "VtChart1", "", At(0, 0, 9600, 6810)},
-       {&lblboxdate, "lblboxdate", "", At(7200, 60, 2280, 255)},
+       {&lblboxdate, "lblboxdate", "", At(90, 45, 4800, 255)},
        {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
   VtChart1.SetDescription("Graph");
   HScroll1.SetDescription("Last day shown");

@@ -242,6 +242,10 @@ TEST(Drawing, BoxesKeepTheBarsDayAndSayWhenTheLastOnesCame) {
   const Label& dates = world.screens.frmGraph.lblboxdate;
   EXPECT_EQ(world.Chart().TitleText, "Point & Figure");
   EXPECT_EQ(dates.Caption(), "Last X: 10/27/01 Last O: ");
+  const Place& chart = world.screens.frmGraph.VtChart1.Where();
+  EXPECT_LE(*dates.Where().Top + *dates.Where().Height,
+            *chart.Height * static_cast<float>(world.Chart().facts.covered_top))
+      << "the plot begins below the dates";
   world.screens.frmGraph.HScroll1.SetValue(200);
   EXPECT_EQ(dates.Caption(), "Last X: 07/19/01 Last O: ");
   world.screens.frmMain.tools.cmdGraph.RaiseClick();

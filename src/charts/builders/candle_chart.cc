@@ -123,7 +123,10 @@ void DrawFunds(const Sheet& prices,
     last_rows = DrawFund(candles, prices, table_column, window.first_day, column, view, span);
   }
   view.SetRowLabel(last_rows + 1, " ");
-  if (!span.has_bar) return;
+  if (!span.has_bar) {
+    view.WhyEmpty = "No week with a price ends in this window";
+    return;
+  }
   auto& scale = view.Plot.Axis[1].ValueScale;
   scale.Auto = false;
   scale.Minimum = static_cast<double>(span.lowest) - 0.01;

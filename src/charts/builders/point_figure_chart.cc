@@ -6,12 +6,15 @@
 #include <string>
 
 #include "base/date.h"
+#include "base/number_text.h"
 #include "base/text.h"
 #include "charts/builders/graph_selection.h"
 #include "charts/builders/time_periods.h"
 
 namespace vistaplot {
 namespace {
+
+constexpr double kDatesPart = 0.05;  // of the chart's height, under lblboxdate
 
 /// What the boxes are drawn from.
 struct Figure {
@@ -54,6 +57,7 @@ void BeginChart(const PointFigureRequest& request, const std::string& symbol, Ch
   view.SetColumnLabel(1, symbol);
   view.facts.kind = FigureKind::kBoxes;
   view.facts.unit = ValueUnit::kPrice;
+  view.facts.covered_top = kDatesPart;
   view.facts.Series(1).name = TrimBlanks(symbol);
   SetAxes(view);
 }
@@ -112,9 +116,22 @@ void DrawBoxes(const Figure& figure, ChartView& view) {
   }
 }
 
-bool HasUsableBoxes(const PointFigureSettings& settings) {
-  return std::all_of(
-      settings.PfBox.begin(), settings.PfBox.end(), [](float box) { return box > 0.0F; });
+// What is wrong with the parameters; empty when nothing is.
+std::string BoxFault(const PointFigureSettings& settings) {
+  for (std::size_t i = 0; i < settings.PfBox.size(); ++i) {
+    if (settings.PfBox[i] > 0.0F) continue;
+    return "The box value of range " + std::to_string(i + 1) + " is " +
+           NumberText(settings.PfBox[i]) + ": point and figure needs values above 0";
+  }
+  return {};
+}
+
+// Why no box is to be seen; empty when one is.
+std::string WhyNoBox(const PointFigure& boxes, const std::string& symbol, std::size_t reversal) {
+  if (!boxes.has_price) return symbol + " has no price in this window";
+  if (boxes.columns > 0) return {};
+  return symbol + " has not moved by " + std::to_string(reversal) +
+         (reversal == 1 ? " box" : " boxes") + " in this window";
 }
 
 }  // namespace
@@ -131,10 +148,8 @@ BuildOutcome DrawPointAndFigure(const PointFigureRequest& request,
   BuildOutcome outcome;
   outcome.end_day = window.end_day;
   if (selection.TimePeriodIndex == kAllDays) outcome.scroll_to = calendar.MaxNumDays;
-  if (!HasUsableBoxes(request.settings)) {
-    outcome.message = "Every box value of the point and figure parameters must be above 0";
-    return outcome;
-  }
+  outcome.message = BoxFault(request.settings);
+  if (!outcome.message.empty()) return outcome;
   const int table_column = selection.ColumnOf(selection.CurrentFund);
   const FundPrices fund(
       prices, table_column, window.first_day, window.end_day - window.first_day + 1);
@@ -148,6 +163,7 @@ BuildOutcome DrawPointAndFigure(const PointFigureRequest& request,
                 boxes.columns);
   BeginChart(request, prices.CellText(1, table_column), view);
   DrawBoxes(figure, view);
+  view.WhyEmpty = WhyNoBox(boxes, view.facts.Series(1).name, request.settings.ReversalBoxes());
   outcome.box_dates =
       "Last X: " + figure.LastDate(boxes.x) + " Last O: " + figure.LastDate(boxes.o);
   outcome.drawn = true;

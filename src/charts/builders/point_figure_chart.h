@@ -21,7 +21,8 @@ struct PointFigureRequest {
 /// Uses SelectedColumns, CurrentFund and TimePeriodIndex of `selection` and leaves FirstDay behind.
 /// A row is a box, X boxes first: its column number and its level; the rows behind stand unseen in
 /// the columns up to 40. The first X box of each day carries its date. Without a priced day the
-/// chart has no points. The outcome's `box_dates` name the days of the last X and the last O.
+/// chart has no points; its WhyEmpty then says so, as it does where no box came. The outcome's
+/// `box_dates` name the days of the last X and the last O.
 ///
 /// Refused with an empty view: more than 40 columns; a box value that is not above 0.
 BuildOutcome DrawPointAndFigure(const PointFigureRequest& request,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <numbers>
 
 #include "base/number_text.h"
@@ -10,10 +11,11 @@
 namespace vistaplot {
 namespace {
 
-constexpr int kColumns = 40;       // of every chart
-constexpr double kFlattest = 2.0;  // width of a figure in its heights, and the reverse
-constexpr double kStroke = 1.4;    // at scale 1
-constexpr int kRoundCorners = 28;  // of an O
+constexpr int kColumns = 40;        // of every chart
+constexpr double kFlattest = 2.0;   // width of a figure in its heights, and the reverse
+constexpr double kStroke = 1.4;     // at scale 1
+constexpr int kRoundCorners = 28;   // of an O
+constexpr double kDateRoom = 0.05;  // of all levels
 
 int BoxCount(const ChartView& view) {
   return std::min(static_cast<int>(view.facts.boxes.size()), view.rowcount());
@@ -87,8 +89,9 @@ PictureColor BoxInk(const ChartView& view, int row, const ChartTheme& theme) {
   return InkOn(theme, rises ? kRising : kFalling);
 }
 
-// Dates below their boxes: those of the first box of a column first, up to a few lines lower, then
-// the others; each where it covers no figure and no other date.
+// The date of each column's first X box below it, moved sideways into the plot and down to where it
+// covers no figure and no other date; a thin line leads to one that stands lower. Further boxes of
+// a column have no room below them, the view keeps their dates.
 class DateLabels {
  public:
   DateLabels(const DrawContext& context, const PlotScale& scale, ChartPicture& picture)
@@ -99,47 +102,55 @@ class DateLabels {
   }
 
   void Write() {
-    for (const bool first_ones : {true, false}) {
-      double column = 0.0;
-      for (const auto& [row, own] : SettingsOf(context_.view, 1).DataPoints.items) {
-        if (!own.DataPointLabel || !IsDrawn(context_.view, row)) continue;
-        const double here = context_.view.DataAt(row, 1);
-        const bool is_first = here != column;
-        column = here;
-        if (is_first == first_ones) Put(row, *own.DataPointLabel, is_first ? kLower : 0);
-      }
+    double column = 0.0;
+    for (const auto& [row, own] : SettingsOf(context_.view, 1).DataPoints.items) {
+      if (!own.DataPointLabel || !IsDrawn(context_.view, row)) continue;
+      const double here = context_.view.DataAt(row, 1);
+      if (here != column) Put(Cell(context_.view, row, scale_), *own.DataPointLabel);
+      column = here;
     }
   }
 
  private:
-  static constexpr int kLower = 4;
-
-  // Below the box, or up to `lower` lines lower.
-  void Put(int row, const ChartPointLabel& label, int lower) {
+  void Put(const PictureBox& cell, const ChartPointLabel& label) {
     const int pixels = context_.FontPixels(label.VtFont.Size);
-    const double half = context_.measure.Width(label.Text, pixels, false) / 2.0;
-    const PictureBox cell = Cell(context_.view, row, scale_);
-    const double x = (cell.left + cell.right) / 2.0;
-    for (int line = 0; line <= lower; ++line) {
-      const double top = cell.bottom + line * pixels;
-      const PictureBox box{x - half - 1.0, top + 1.0, x + half + 1.0, top + pixels};
-      if (!IsFree(box)) continue;
-      taken_.push_back(box);
-      picture_.Add(DrawText{.text = label.Text,
-                            .at = {x, std::round(top + 0.85 * pixels)},
-                            .align = TextAlign::kCenter,
-                            .pixel_size = pixels,
-                            .color = context_.theme.label});
-      return;
+    const double half = context_.measure.Width(label.Text, pixels, false) / 2.0 + 1.0;
+    const double column = (cell.left + cell.right) / 2.0;
+    const double x = std::max(std::min(column, scale_.box.right - half), scale_.box.left + half);
+    const PictureBox place{x - half, cell.bottom + 1.0, x + half, cell.bottom + pixels};
+    const PictureBox box = FirstFree(place);
+    if (box.bottom > scale_.box.bottom) return;
+    if (box.top > place.top) {
+      const double left = std::floor(column * context_.detail) / context_.detail;
+      const PictureBox line{left, place.top, left + 1.0 / context_.detail, box.top};
+      if (FirstFree(line).top > line.top) return;
+      taken_.push_back(line);
+      picture_.Add(FillBox{line, context_.theme.guide_zero});
     }
+    taken_.push_back(box);
+    picture_.Add(DrawText{.text = label.Text,
+                          .at = {x, std::round(box.bottom - 0.15 * pixels)},
+                          .align = TextAlign::kCenter,
+                          .pixel_size = pixels,
+                          .color = context_.theme.label});
   }
 
-  bool IsFree(const PictureBox& box) const {
-    const bool inside = box.left >= scale_.box.left && box.right <= scale_.box.right &&
-                        box.bottom <= scale_.box.bottom;
-    return inside && std::none_of(taken_.begin(), taken_.end(), [&box](const PictureBox& other) {
-             return other.Overlaps(box);
-           });
+  // `box`, or as far below it as nothing else stands.
+  PictureBox FirstFree(PictureBox box) const {
+    std::vector<PictureBox> near;
+    std::copy_if(taken_.begin(), taken_.end(), std::back_inserter(near), [&](const auto& other) {
+      return other.left < box.right && box.left < other.right && box.top < other.bottom;
+    });
+    std::sort(near.begin(), near.end(), [](const PictureBox& a, const PictureBox& b) {
+      return a.top < b.top;
+    });
+    const double height = box.Height();
+    for (const PictureBox& other : near) {
+      if (!box.Overlaps(other)) continue;
+      box.top = other.bottom + 1.0;
+      box.bottom = box.top + height;
+    }
+    return box;
   }
 
   const DrawContext& context_;
@@ -168,7 +179,9 @@ class BoxKind : public Kind {
       box = std::max(box, 2.0 * half);
     }
     if (levels.low > levels.high) return {{0.5, kColumns + 0.5}, FixedOrMargin(view, levels)};
-    return {{0.5, kColumns + 0.5}, {levels.low - box, levels.high + box / 2.0}};
+    // Below the lowest box, room for a date.
+    const double below = std::max(box, kDateRoom * (levels.high - levels.low));
+    return {{0.5, kColumns + 0.5}, {levels.low - below, levels.high + box / 2.0}};
   }
 
   void Draw(const DrawContext& context,

@@ -21,6 +21,18 @@ PictureBox ClipOf(const ChartFrame& frame, double scale) {
           frame.plot.bottom + reach};
 }
 
+// Why there is nothing to see, in the middle of `box`, one line.
+void DrawWhyEmpty(const DrawContext& context, const PictureBox& box, ChartPicture& picture) {
+  constexpr double kPoints = 9.0;
+  const int pixels = context.FontPixels(kPoints);
+  picture.Add(DrawText{
+      .text = ElideText(context, context.view.WhyEmpty, pixels, box.Width()),
+      .at = {std::round((box.left + box.right) / 2.0), std::round((box.top + box.bottom) / 2.0)},
+      .align = TextAlign::kCenter,
+      .pixel_size = pixels,
+      .color = context.theme.label});
+}
+
 }  // namespace
 
 ChartPicture LayoutChart(const ChartView& view,
@@ -36,17 +48,22 @@ ChartPicture LayoutChart(const ChartView& view,
 
   const DrawContext context{
       view, measure, size, theme, TextScale(size), std::max(options.detail, 1.0)};
+  if (view.ColumnCount() == 0 && !view.WhyEmpty.empty()) {
+    DrawWhyEmpty(context, {0.0, 0.0, size.width, size.height}, picture);
+    return picture;
+  }
   const ChartFrame frame = PlaceFrame(context);
   if (frame.scale.box.Width() < 1.0 || frame.scale.box.Height() < 1.0) return picture;
   picture.plot = frame.plot;
   picture.scale = frame.scale;
   DrawTitles(context, frame, picture);
   DrawLegend(context, frame.legend, frame.legend_at, picture);
-  DrawValueAxis(context, frame, picture);
+  if (view.WhyEmpty.empty()) DrawValueAxis(context, frame, picture);
   DrawPositionAxis(context, frame, picture);
   picture.Add(SetClip{ClipOf(frame, context.scale)});
   KindOf(view).Draw(context, frame.scale, picture);
   picture.Add(SetClip{{0.0, 0.0, size.width, size.height}});
+  if (!view.WhyEmpty.empty()) DrawWhyEmpty(context, frame.scale.box, picture);
   return picture;
 }
 

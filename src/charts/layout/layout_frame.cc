@@ -69,8 +69,10 @@ double FootnoteRoom(const DrawContext& context) {
 double TopRoom(const DrawContext& context) {
   const ChartView& view = context.view;
   const double margin = kMargin * context.scale;
-  if (view.TitleText.empty() || AtBottom(view.title)) return margin;
-  return margin + 1.5 * context.FontPixels(view.title.VtFont.Size);
+  const double covered = std::clamp(view.facts.covered_top, 0.0, 0.5) * context.size.height;
+  const bool title = !view.TitleText.empty() && !AtBottom(view.title);
+  const double line = title ? 1.5 * context.FontPixels(view.title.VtFont.Size) : 0.0;
+  return std::max(margin + line, covered);
 }
 
 // The line of labels also holds a title at the bottom.

@@ -111,6 +111,8 @@ struct ChartFacts {
   int last_real_row = 0;
   /// The part of the picture's width at its right where another chart lies over this one.
   double covered_right = 0.0;
+  /// The part of the picture's height at its top where a line of text lies over this one.
+  double covered_top = 0.0;
   /// What a row is where its label alone does not tell: "period". Empty on charts of days.
   std::string row_name;
   /// Element s - 1 belongs to series s as clicks count them (of bars, a fund's four columns are one

@@ -78,7 +78,8 @@ class ChartView {
   ChartText title;
   ChartText Legend;
   ChartText Footnote;
-  std::string WhyEmpty;  ///< what a screen says in place of a refused chart; not part of the dump
+  /// What stands in place of a refused chart, or on one without any value. Not part of the dump.
+  std::string WhyEmpty;
   ChartPlot Plot;
   ChartFacts facts;
 

@@ -72,6 +72,7 @@ TEST(CandleChart, LeavesAFundWithoutBarsUnlabelled) {
   EXPECT_EQ(Legend(world.view), (std::vector<std::string>{"C1", "C2", "C3", "C4"}));
   EXPECT_EQ(world.view.RowLabelAt(1), " ");
   EXPECT_TRUE(world.view.Plot.Axis[1].ValueScale.Auto);
+  EXPECT_EQ(world.view.WhyEmpty, "No week with a price ends in this window");
 }
 
 // Day 45 less 20 days is 25; the last market day on or before a month earlier is day 22.

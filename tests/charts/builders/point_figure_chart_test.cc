@@ -117,11 +117,18 @@ TEST(PointFigureChart, DrawsTheCurrentFundOverThePeriod) {
   EXPECT_EQ(world.selection.FirstDay, 1);
 }
 
-TEST(PointFigureChart, IsEmptyWithoutAPrice) {
+TEST(PointFigureChart, SaysWhyItIsEmpty) {
+  World still({{50.0F, 51.1F, 49.0F}});
+  still.Build();
+  EXPECT_EQ(still.view.WhyEmpty, "F1 has not moved by 3 boxes in this window");
+  World moved({{50.0F, 51.2F}});
+  moved.Build();
+  EXPECT_EQ(moved.view.WhyEmpty, "");
   World world({{-1.0F, -1.0F, -1.0F}});
   const BuildOutcome outcome = world.Build();
   EXPECT_TRUE(outcome.drawn);
   EXPECT_TRUE(outcome.message.empty());
+  EXPECT_EQ(world.view.WhyEmpty, "F1 has no price in this window");
   for (const double y : test::Points(world.view, 2)) EXPECT_EQ(y, test::kEmpty);
 }
 
@@ -135,7 +142,8 @@ TEST(PointFigureChart, RefusesTooManyColumnsAndBoxesOfNoHeight) {
   world.request.settings.PfBox[4] = 0.0F;
   const BuildOutcome refused = world.Build();
   EXPECT_FALSE(refused.drawn);
-  EXPECT_EQ(refused.message, "Every box value of the point and figure parameters must be above 0");
+  EXPECT_EQ(refused.message,
+            "The box value of range 5 is 0: point and figure needs values above 0");
   EXPECT_EQ(refused.scroll_to, 60);
 }
 

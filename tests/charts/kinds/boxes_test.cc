@@ -101,28 +101,32 @@ TEST(Boxes, SmallerBoxesAreFlatterAtTheirTrueLevels) {
   EXPECT_NEAR(picture.regions[2].box.top, picture.scale.Y(39.9), 1e-6);
 }
 
-TEST(Boxes, DatesCoverNothingAndTheFirstOfAColumnIsKeptLongest) {
+// The first box of each column of X has its date, in whatever place is free below it.
+TEST(Boxes, DatesStandBelowTheirColumnsAndCoverNothing) {
   std::vector<Box> boxes;
-  for (int i = 0; i < 12; ++i) {  // one day each: the dates of neighbours cannot all have room
-    boxes.push_back({2 + i % 2 * 20, 10.0 + i / 2, 1.0, true, i % 2 == 0 ? "3/14/23" : "4/14/23"});
+  const std::string dates[] = {"1/11/23", "2/12/23", "3/13/23", "4/14/23"};
+  for (int i = 0; i < 12; ++i) {
+    boxes.push_back({2 * (i / 3) + 1, 20.0 + i % 3, 1.0, true, dates[i / 3].c_str()});
   }
-  std::sort(boxes.begin(), boxes.end(), [](const Box& a, const Box& b) {
-    return a.column != b.column ? a.column < b.column : a.level < b.level;
-  });
-  const std::string dates[] = {"1/1/23", "1/2/23", "1/3/23", "1/4/23", "1/5/23", "1/6/23"};
-  for (std::size_t i = 0; i < boxes.size(); ++i) boxes[i].date = dates[i % 6].c_str();
-  const ChartPicture picture = LayOut(BoxChart(boxes), {1280.0, 900.0});
-  std::vector<DrawText> labels;
+  boxes[1].date = "1/12/23";  // above the box of the day before: no room
+  for (int level = 22; level > 8; --level) boxes.push_back({2, 1.0 * level, 1.0, false, "O"});
+  ChartView view = BoxChart(boxes);
+  view.facts.covered_top = 0.1;
+  const ChartPicture picture = LayOut(view, {1280.0, 900.0});
+  EXPECT_GE(picture.plot.top, 90.0);
+  std::vector<PictureBox> covered;
+  for (const HitRegion& region : picture.regions) covered.push_back(region.box);
+  std::vector<std::string> texts;
   for (const DrawText& text : ItemsOf<DrawText>(picture)) {
-    if (text.text.find("/23") != std::string::npos) labels.push_back(text);
+    if (text.text.find("/23") == std::string::npos) continue;
+    texts.push_back(text.text);
+    const PictureBox box = BoxOf(text);
+    for (const PictureBox& other : covered) EXPECT_FALSE(box.Overlaps(other)) << text.text;
+    covered.push_back(box);
+    EXPECT_GE(box.left, picture.scale.box.left) << "moved in at the left edge";
+    EXPECT_LE(box.bottom, picture.scale.box.bottom);
   }
-  ASSERT_EQ(labels.size(), 2U) << "inside a column no date has room";
-  for (const DrawText& label : labels) {
-    EXPECT_EQ(label.text, "1/1/23");
-    for (const HitRegion& region : picture.regions) {
-      EXPECT_FALSE(BoxOf(label).Overlaps(region.box));
-    }
-  }
+  EXPECT_EQ(texts, std::vector<std::string>(std::begin(dates), std::end(dates)));
 }
 
 TEST(Boxes, ABoxIsReadAndTheCrossHairGoesByColumnsAndLevels) {

@@ -209,8 +209,16 @@ TEST(Layout, AnySizeAndAnEmptyChartAreDrawn) {
       EXPECT_TRUE(picture.items.empty() || Within(picture.plot, WholeOf(picture))) << side;
     }
   }
-  view.ToDefaults();
-  EXPECT_TRUE(ItemsOf<StrokeLine>(LayOut(view)).empty());
+  // A chart without values says why instead of showing a scale of nothing.
+  for (const int columns : {1, 0}) {
+    view.ToDefaults();
+    EXPECT_TRUE(ItemsOf<StrokeLine>(LayOut(view)).empty());
+    view.ColumnCount(columns);
+    view.WhyEmpty = "No price";
+    const std::vector<DrawText> texts = ItemsOf<DrawText>(LayOut(view));
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_EQ(texts[0].text, "No price");
+  }
 }
 
 }  // namespace
