@@ -114,7 +114,7 @@ ParsedOptions ParseOptions(std::span<const char* const> arguments,
   } catch (const CLI::CallForVersion& version) {
     parsed.text = std::string(version.what()) + "\n";
   } catch (const CLI::ParseError& error) {
-    parsed.error = error.what();
+    parsed.error = OneLine(error.what());
   }
   if (!display.empty()) parsed.options.display = SizeFromText(display);
   FillDefaults(parsed.options, environment);

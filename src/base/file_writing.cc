@@ -15,6 +15,7 @@
 #include "base/file_lock.h"
 #include "base/files.h"
 #include "base/number_text.h"
+#include "base/output_file.h"
 
 namespace vistaplot {
 
@@ -47,14 +48,6 @@ std::optional<int> OpenFileNamed(const fs::path& path) {
 bool IsDevice(const std::string& target) {
   struct stat info {};
   return ::stat(target.c_str(), &info) == 0 && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
-}
-
-// 0 or an errno.
-int WriteIntoDevice(const std::string& path, std::string_view content) {
-  Descriptor device(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
-  if (!device.IsOpen()) return errno;
-  if (const int failed = WriteAll(device.Number(), content); failed != 0) return failed;
-  return device.Close();
 }
 
 // Why a file that is there may not be replaced: it is a folder, or protected against writing.
@@ -100,55 +93,36 @@ void RemoveLeftDrafts(const fs::path& target) {
   }
 }
 
-struct Draft {
-  Descriptor file;
-  std::string path;
-};
-
-// A new draft that is locked; 0 or an errno. Between making and locking it another writer may take
-// it for a left-over one: then the next is made.
-int MakeDraft(const fs::path& target, Draft& draft) {
+// A new draft that is locked, its name in `path`; not open, with errno, when it cannot be made.
+// Between making and locking it another writer may take it for a left-over one: then the next is
+// made.
+Descriptor MakeDraft(const fs::path& target, std::string& path) {
   constexpr int kMost = 1000;
   for (int number = 0; number < kMost; ++number) {
     std::string name = DraftStem(target) + std::to_string(::getpid());
     if (number > 0) name.append("-").append(std::to_string(number));
-    draft.path = fs::path(target).replace_filename(name.append(kDraftEnding)).string();
-    draft.file =
-        Descriptor(::open(draft.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    if (!draft.file.IsOpen() && errno == EEXIST) continue;
-    if (!draft.file.IsOpen()) return errno;
-    ::flock(draft.file.Number(), LOCK_EX);  // where there are no locks nobody removes drafts
-    if (IsStillNamed(draft.file, draft.path)) return 0;
+    path = fs::path(target).replace_filename(name.append(kDraftEnding)).string();
+    Descriptor draft(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!draft.IsOpen() && errno == EEXIST) continue;
+    if (!draft.IsOpen()) return draft;
+    ::flock(draft.Number(), LOCK_EX);  // where there are no locks nobody removes drafts
+    if (IsStillNamed(draft, path)) return draft;
   }
-  return EEXIST;
+  errno = EEXIST;
+  return {};
 }
 
-// Writes the content with the rights of the file that it will replace. 0 or an errno.
-int FillDraft(Draft& draft, const std::string& target, std::string_view content) {
+// Gives a draft the rights of the file that it will replace. 0 or an errno.
+int TakeRights(const Descriptor& draft, const std::string& target) {
   struct stat old {};
-  const int file = draft.file.Number();
-  if (::stat(target.c_str(), &old) == 0 && ::fchmod(file, old.st_mode & 07777U) != 0) return errno;
-  if (const int failed = WriteAll(file, content); failed != 0) return failed;
-  return ::fsync(file) == 0 ? 0 : errno;
+  if (::stat(target.c_str(), &old) != 0) return 0;
+  return ::fchmod(draft.Number(), old.st_mode & 07777U) == 0 ? 0 : errno;
 }
 
-// 0 or an errno.
-int WriteBesideAndRename(const std::string& target, std::string_view content) {
-  RemoveLeftDrafts(target);
-  Draft draft;
-  if (const int failed = MakeDraft(target, draft); failed != 0) return failed;
-  int failed = FillDraft(draft, target, content);
-  // Renamed while it is locked, so that no other writer takes it for a left-over one.
-  if (failed == 0 && ::rename(draft.path.c_str(), target.c_str()) != 0) failed = errno;
-  if (failed != 0) ::unlink(draft.path.c_str());
-  return failed;
-}
-
-int WriteTarget(const std::string& target, std::string_view content) {
-  if (const auto open_file = OpenFileNamed(target)) return WriteAll(*open_file, content);
-  if (IsDevice(target)) return WriteIntoDevice(target, content);
-  if (const int failed = ReplaceError(target); failed != 0) return failed;
-  return WriteBesideAndRename(target, content);
+// The folder of the file is missing, not the file.
+RuntimeError WritingError(int host_errno, const std::string& path) {
+  if (host_errno == ENOENT && !path.empty()) return MakeError(kErrorPathNotFound, path);
+  return ErrorFromErrno(host_errno, path);
 }
 
 }  // namespace
@@ -165,11 +139,85 @@ std::string LinkTarget(const std::string& path) {
   return target.string();
 }
 
-Status WriteFileAtomically(const std::string& path, std::string_view content) {
-  const int failed = WriteTarget(LinkTarget(path), content);
-  if (failed == ENOENT) return MakeError(kErrorPathNotFound, path);
-  if (failed != 0) return ErrorFromErrno(failed, path);
+Result<OutputFile> OutputFile::Create(const std::string& path) {
+  OutputFile file;
+  file.path_ = path;
+  file.target_ = LinkTarget(path);
+  int failed = path.empty() ? ENOENT : 0;
+  if (const auto open_file = OpenFileNamed(file.target_)) {
+    file.file_ = Descriptor(::fcntl(*open_file, F_DUPFD_CLOEXEC, 0));
+  } else if (IsDevice(file.target_)) {
+    file.file_ = Descriptor(::open(file.target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+  } else if (failed == 0 && (failed = ReplaceError(file.target_)) == 0) {
+    RemoveLeftDrafts(file.target_);
+    file.file_ = MakeDraft(file.target_, file.draft_);
+    if (file.IsOpen()) failed = TakeRights(file.file_, file.target_);
+  }
+  if (failed == 0 && !file.IsOpen()) failed = errno;
+  if (failed != 0) return WritingError(failed, path);
+  return file;
+}
+
+OutputFile::OutputFile(OutputFile&& other) noexcept {
+  *this = std::move(other);
+}
+
+OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
+  std::swap(file_, other.file_);
+  path_.swap(other.path_);
+  target_.swap(other.target_);
+  draft_.swap(other.draft_);
+  bytes_.swap(other.bytes_);
+  return *this;
+}
+
+OutputFile::~OutputFile() {
+  GiveUp();
+}
+
+Status OutputFile::Spill() {
+  constexpr std::size_t kMuch = std::size_t{1} << 20U;
+  return bytes_.size() >= kMuch ? WriteOut() : Status(Done{});
+}
+
+Status OutputFile::WriteOut() {
+  if (!IsOpen()) return Done{};
+  const int failed = WriteAll(file_.Number(), bytes_);
+  bytes_.clear();
+  if (failed != 0) return ErrorFromErrno(failed, path_);
   return Done{};
+}
+
+Status OutputFile::Finish() {
+  if (!IsOpen()) return Done{};
+  if (Status written = WriteOut(); !written) {
+    GiveUp();
+    return written;
+  }
+  int failed = 0;
+  if (!draft_.empty() && ::fsync(file_.Number()) != 0) failed = errno;
+  // Renamed while it is locked, so that no other writer takes the draft for a left-over one.
+  if (failed == 0 && !draft_.empty() && ::rename(draft_.c_str(), target_.c_str()) != 0) {
+    failed = errno;
+  }
+  if (failed == 0) draft_.clear();
+  if (const int closed = file_.Close(); failed == 0) failed = closed;
+  GiveUp();
+  if (failed != 0) return WritingError(failed, path_);
+  return Done{};
+}
+
+void OutputFile::GiveUp() {
+  if (!draft_.empty()) ::unlink(draft_.c_str());
+  draft_.clear();
+  file_ = Descriptor();
+}
+
+Status WriteFileAtomically(const std::string& path, std::string_view content) {
+  Result<OutputFile> file = OutputFile::Create(path);
+  if (!file) return file.Error();
+  file.Value().Bytes() = content;
+  return file.Value().Finish();
 }
 
 }  // namespace vistaplot

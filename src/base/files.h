@@ -18,13 +18,9 @@ inline constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
 /// is what has more than `most` bytes, "larger than N MiB".
 Result<std::string> ReadWholeFile(const std::string& path, std::size_t most = kLargestFile);
 
-/// Replaces a file's content in one step: written to a draft beside the target, synced, renamed. On
-/// failure the old file is whole and nothing is left behind; drafts of writers that were killed
-/// are removed. Errors 61, 70, 75, 76.
-///
-/// A link stays, the file that it leads to is replaced. What is no regular file (a device, a pipe)
-/// is written into, and so is the open file that "/dev/stdout" or "/dev/fd/N" stands for, behind
-/// what was written there already.
+/// Replaces a file's content in one step, as an OutputFile does: written to a draft beside the
+/// target, synced, renamed. On failure the old file is whole and nothing is left behind. Errors 53,
+/// 61, 70, 75, 76.
 Status WriteFileAtomically(const std::string& path, std::string_view content);
 
 /// The path that the links in the last component of `path` lead to; nothing need be there. Folders

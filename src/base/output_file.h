@@ -4,13 +4,15 @@
 
 #include <string>
 
+#include "base/file_lock.h"
 #include "base/result.h"
 
 namespace vistaplot {
 
-/// Until Finish the old file is whole; a file that is given up leaves nothing behind. What is no
-/// regular file (a device, a pipe) is written into. Not synced to the disk: for what the program
-/// can calculate again.
+/// Until Finish the old file is whole; a file that is given up leaves nothing behind, and drafts of
+/// writers that were killed are removed. A link stays, the file that it leads to is replaced. What
+/// is no regular file (a device, a pipe) is written into, and so is the open file that
+/// "/dev/stdout" or "/dev/fd/N" stands for, behind what was written there already.
 class OutputFile {
  public:
   /// Errors 70, 75, 76 as the host's; 53 for an empty path.
@@ -21,7 +23,7 @@ class OutputFile {
   OutputFile& operator=(OutputFile&& other) noexcept;
   ~OutputFile();
 
-  bool IsOpen() const { return descriptor_ >= 0; }
+  bool IsOpen() const { return file_.IsOpen(); }
 
   /// What is still to be written; append to it.
   std::string& Bytes() { return bytes_; }
@@ -29,14 +31,14 @@ class OutputFile {
   /// Writes out what Bytes holds once that is much. Error 61 and others.
   Status Spill();
 
-  /// Writes the rest and puts the file in its place. On failure the old file stays.
+  /// Writes the rest, syncs it and puts the file in its place. On failure the old file stays.
   Status Finish();
 
  private:
   Status WriteOut();
   void GiveUp();
 
-  int descriptor_ = -1;
+  Descriptor file_;
   std::string path_;    ///< as given
   std::string target_;  ///< behind links
   std::string draft_;   ///< empty: the target itself is written into

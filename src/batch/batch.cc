@@ -7,6 +7,7 @@
 #include "app/program.h"
 #include "base/files.h"
 #include "base/host_path.h"
+#include "base/text.h"
 #include "batch/script_dialogs.h"
 #include "batch/script_runner.h"
 #include "batch/script_world.h"
@@ -54,7 +55,8 @@ int RunBatch(const Options& options, const ChartExporter& exporter, const BatchS
   if (*options.batch_script == "-") return RunProgram(options, exporter, streams.in, streams);
   Result<std::string> content = ReadWholeFile(*options.batch_script);
   if (!content) {
-    streams.err << "vistaplot: cannot read the script " << PlainText(content.Error()) << '\n';
+    const std::string why = OneLine(PlainText(content.Error()));
+    streams.err << "vistaplot: cannot read the script " << why << '\n';
     return kRunWrongUse;
   }
   std::istringstream script(std::move(content.Value()));

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <utility>
 
 #include "quoteline/quoteline.h"
@@ -53,8 +54,18 @@ std::string SizeLimit() {
   return "; files may grow to " + std::to_string(limit.rlim_cur) + " bytes here";
 }
 
+// The file is there, but not the right to make the side files that a change needs.
+bool LacksSideFiles(int result, const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  return (result & 0xFF) == SQLITE_CANTOPEN && ::access(path.c_str(), R_OK) == 0 &&
+         ::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0;
+}
+
 RuntimeError ErrorOf(int result, const std::string& detail, const std::string& path) {
-  const Meaning meaning = MeaningOf(result);
+  const Meaning meaning =
+      LacksSideFiles(result, path)
+          ? Meaning{QL_GENERAL_FAILURE, "you may not write in its folder; nothing was changed"}
+          : MeaningOf(result);
   std::string text = meaning.text;
   if (!detail.empty()) text += " (" + detail + ")";
   if ((result & 0xFF) == SQLITE_IOERR) text += SizeLimit();
@@ -143,8 +154,8 @@ Result<Database> Database::Open(const std::string& path, Access access) {
   };
   OpenSideFilesToOwner(path);
   int result = open(path, FlagsOf(access));
-  if (result == SQLITE_OK && access == Access::kRead &&
-      NeedsSideFilesInVain(database.handle_.get())) {
+  const bool only_reads = access == Access::kRead || access == Access::kTrial;
+  if (result == SQLITE_OK && only_reads && NeedsSideFilesInVain(database.handle_.get())) {
     if (HoldsChanges(path + "-wal")) {
       return RuntimeError{.number = QL_NO_DATABASE,
                           .description =
@@ -158,6 +169,21 @@ Result<Database> Database::Open(const std::string& path, Access access) {
   }
   if (result != SQLITE_OK) return ErrorOf(result, {}, path);
   return database;
+}
+
+void Database::TakeIntoMemory() {
+  std::unique_ptr<sqlite3, Closer> file = std::move(handle_);
+  sqlite3* memory = nullptr;
+  int result = sqlite3_open_v2(":memory:", &memory, FlagsOf(Access::kCreate), nullptr);
+  handle_.reset(memory);
+  if (result == SQLITE_OK) {
+    if (sqlite3_backup* copy = sqlite3_backup_init(memory, "main", file.get(), "main")) {
+      sqlite3_backup_step(copy, -1);
+      sqlite3_backup_finish(copy);
+    }
+    result = sqlite3_errcode(memory);
+  }
+  Note(result);
 }
 
 void Database::Run(const char* sql) {

@@ -18,14 +18,18 @@
 
 namespace vistaplot {
 
-enum class Access { kRead, kWrite, kCreate };
+/// kTrial reads the file into memory: what is changed there changes nothing else.
+enum class Access { kRead, kTrial, kWrite, kCreate };
 
 class Database {
  public:
-  /// Opens the file of that name. kRead asks for no right to write: in a folder that cannot be
-  /// written the file is read as one that never changes, or refused when a log lies there whose
-  /// changes would be missed. kCreate makes the file.
+  /// Opens the file of that name. kRead and kTrial ask for no right to write: in a folder that
+  /// cannot be written the file is read as one that never changes, or refused when a log lies there
+  /// whose changes would be missed. kCreate makes the file.
   static Result<Database> Open(const std::string& path, Access access);
+
+  /// Goes on with a copy in memory of what the file holds now.
+  void TakeIntoMemory();
 
   /// Runs statements that return nothing.
   void Run(const char* sql);

@@ -146,7 +146,7 @@ Status Store(Database& database, Batch& batch, const ImportRequest& request, Imp
 
 ImportReport ImportPrices(const ImportRequest& request) {
   ImportReport report;
-  auto database = OpenStore(request.directory, Access::kWrite);
+  auto database = OpenStore(request.directory, request.dry_run ? Access::kTrial : Access::kWrite);
   if (!database) {
     report.faults.push_back(PlainText(database.Error()));
     return report;

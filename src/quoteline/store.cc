@@ -163,7 +163,8 @@ Result<Database> OpenStore(const std::string& directory, Access access) {
   // A writer empties the log itself, once, after its commit.
   if (access == Access::kWrite) database.Run("PRAGMA wal_autocheckpoint = 0;");
   if (auto known = CheckForm(database); !known) return known.Error();
-  if (access == Access::kWrite) {
+  if (access == Access::kTrial) database.TakeIntoMemory();
+  if (access == Access::kWrite || access == Access::kTrial) {
     if (auto moved = MoveToSecondForm(database); !moved) return moved.Error();
   }
   return opened;

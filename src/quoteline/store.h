@@ -18,8 +18,8 @@ namespace vistaplot {
 std::string DatabasePath(const std::string& directory);
 
 /// Opens a database and checks that it is one of this service, of a form known here; one of the
-/// first form is moved over when it is opened for writing. The error's number is QL_NO_DATABASE or
-/// QL_DATABASE_CORRUPT.
+/// first form is moved over when it is opened for writing or, in memory, for a trial. The error's
+/// number is QL_NO_DATABASE or QL_DATABASE_CORRUPT.
 Result<Database> OpenStore(const std::string& directory, Access access);
 
 /// The calendar, from its copy where its own row is damaged.

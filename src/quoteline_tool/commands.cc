@@ -39,16 +39,11 @@ void PrintLine(std::string text) {
 
 // A line of its own, as programs that read messages expect "FILE:LINE: what is wrong".
 void PrintFault(std::string_view text) {
-  std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
-}
-
-int Complain(std::string_view text) {
-  std::fprintf(stderr, "quoteline: %.*s\n", static_cast<int>(text.size()), text.data());
-  return kFault;
+  std::fprintf(stderr, "%s\n", OneLine(text).c_str());
 }
 
 int Complain(const RuntimeError& error) {
-  return Complain(PlainText(error));
+  return vistaplot::Complain(PlainText(error));
 }
 
 std::string Counted(std::size_t count, std::string_view one) {
@@ -79,6 +74,11 @@ std::string LeftOutText(const ImportReport& report, const std::string& symbol) {
 }
 
 }  // namespace
+
+int Complain(std::string_view text) {
+  PrintFault("quoteline: " + std::string(text));
+  return kFault;
+}
 
 int FinishOutput() {
   if (std::ferror(stdout) != 0 && OutputFailure() == 0) OutputFailure() = EIO;
@@ -146,8 +146,8 @@ int RunRemove(const std::string& directory, const std::vector<std::string>& symb
 
 int RunCheck(const std::string& directory) {
   const CheckReport report = CheckService(directory);
-  for (const std::string& note : report.notes) PrintLine("note: " + note);
-  for (const std::string& fault : report.faults) PrintLine(fault);
+  for (const std::string& note : report.notes) PrintLine("note: " + OneLine(note));
+  for (const std::string& fault : report.faults) PrintLine(OneLine(fault));
   const std::string looked_at =
       Counted(report.issues, "issue") + ", " + Counted(report.days, "market day") + ", " +
       std::to_string(report.fnu_series) + " FNU series, " + std::to_string(report.families) +

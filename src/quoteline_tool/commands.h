@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "quoteline/price_import.h"
@@ -12,6 +13,9 @@ namespace vistaplot {
 /// Closes standard output, when all is printed. 0, or 1 with a message when not all of it was
 /// written: a full disk shows only here, on some file systems only at the close.
 int FinishOutput();
+
+/// Says on one line of standard error what is wrong, control characters as "?"; returns 1.
+int Complain(std::string_view text);
 
 int RunInit(const std::string& directory);
 int RunImport(const ImportRequest& request);

@@ -19,7 +19,6 @@ using vistaplot::FamilyArguments;
 using vistaplot::ImportRequest;
 
 constexpr int kWrongUsage = 2;
-constexpr int kFault = 1;
 
 // What the command line says.
 struct Arguments {
@@ -136,10 +135,15 @@ int Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? vistaplot::FinishOutput() : kWrongUsage;
+    if (error.get_exit_code() != 0) {
+      vistaplot::Complain(error.what() + std::string("; --help tells more"));
+      return kWrongUsage;
+    }
+    app.exit(error);
+    return vistaplot::FinishOutput();
   }
   if (!arguments.run) {
-    std::fputs("quoteline: a command is needed; --help names them\n", stderr);
+    vistaplot::Complain("a command is needed; --help names them");
     return kWrongUsage;
   }
   return arguments.run();
@@ -154,7 +158,6 @@ int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "quoteline: %s\n", error.what());
-    return kFault;
+    return vistaplot::Complain(error.what());
   }
 }

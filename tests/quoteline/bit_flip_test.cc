@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +18,7 @@
 namespace vistaplot {
 namespace {
 
-// In memory where that is to be had: the tests open the database some ninety thousand times.
+// In memory where that is to be had: the tests open the database some sixty thousand times.
 std::filesystem::path FastestFolder() {
   std::error_code ignored;
   const std::filesystem::path memory = "/dev/shm";
@@ -87,12 +88,6 @@ class BitFlips : public testing::Test {
   // Writing takes longer: a bit of every third byte, each place of it in turn.
   std::size_t BitOfByte(std::size_t byte) const { return byte * 8 + byte % 8; }
 
-  // Amid bytes that no page uses: half of them are enough for the check, which takes longer.
-  bool IsInGap(std::size_t byte) const {
-    const std::size_t begin = byte < 16 ? 0 : byte - 16;
-    return intact_.substr(begin, 32).find_first_not_of('\0') == std::string::npos;
-  }
-
   test::TemporaryFolder folder_{FastestFolder()};
   std::string intact_;
   std::vector<Issue> original_;
@@ -113,15 +108,20 @@ class EveryBit : public BitFlips, public testing::WithParamInterface<std::size_t
 
 TEST_P(EveryBit, IsToldByReaderAndCheckOrChangesNothing) {
   ASSERT_LT(intact_.size(), 6000U);
+  std::fstream file(folder_.Path("quoteline.db"), std::ios::in | std::ios::out | std::ios::binary);
+  const auto put = [&file](std::size_t byte, int value) {
+    file.seekp(static_cast<std::streamoff>(byte));
+    file.put(static_cast<char>(value)).flush();
+  };
   std::size_t told = 0;
   for (std::size_t bit = GetParam(); bit < intact_.size() * 8; bit += 4) {
-    Flip(bit);
+    if (bit >= 8) put(bit / 8 - 1, intact_[bit / 8 - 1]);
+    put(bit / 8, intact_[bit / 8] ^ (1 << (bit % 8)));
     const auto read = ReadAll(folder_.Path());
+    if (read == original_) continue;  // then the check may say what it likes
     ASSERT_TRUE(!read || IsOriginalOrTold(*read, original_)) << "bit " << bit;
-    if (bit % 8 > 3 && IsInGap(bit / 8)) continue;
-    const bool is_told = !CheckService(folder_.Path()).faults.empty();
-    ASSERT_TRUE(is_told || read == original_) << "bit " << bit;
-    if (is_told) ++told;
+    ASSERT_FALSE(CheckService(folder_.Path()).faults.empty()) << "bit " << bit;
+    ++told;
   }
   EXPECT_GT(told, 1000U);
 }

@@ -70,9 +70,18 @@ TEST(DatabaseRights, AReaderWithoutThemIsToldOfALogThatItCannotRead) {
     EXPECT_EQ(CheckService(world.folder.Path()).faults.size(), 1U);
   }
   EXPECT_EQ(world.List(), (Lines{"A 2000-01-03 2000-01-03 1 A", "B 2000-01-04 2000-01-04 1 B"}));
+  world.folder.Write("C.csv", "Date,Close\n2000-01-05,3\n");
   {
     const WithoutRights guard(world.folder.Path());
     EXPECT_EQ(world.List().size(), 2U);  // the log is taken up
+    ImportRequest request = test::DryRun();
+    request.directory = world.folder.Path();
+    request.files = {world.folder.Path("C.csv")};
+    EXPECT_EQ(ImportPrices(request).changes.size(), 1U);
+    const Lines told = world.ImportFiles(request.files).faults;
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("quoteline.db: you may not write in its folder"), std::string::npos)
+        << told[0];
   }
 }
 

@@ -50,7 +50,10 @@ class FirstForm : public testing::Test {
   QuotelineWorld world_;
 };
 
-TEST_F(FirstForm, IsReadAsItStands) {
+TEST_F(FirstForm, IsReadAsItStandsAndTriedWithoutBeingMovedOver) {
+  const auto tried = world_.Import("D.csv", "Date,Close\n2000-01-05,3\n", test::DryRun());
+  EXPECT_TRUE(tried.faults.empty());
+  EXPECT_EQ(tried.changes.size(), 1U);
   EXPECT_EQ(world_.List(), Lines(std::begin(kThree), std::end(kThree)));
   EXPECT_EQ(world_.Prices("AAA"), kAaa);
   EXPECT_EQ(Faults(), Lines{});

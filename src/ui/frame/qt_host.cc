@@ -90,7 +90,10 @@ void QtHost::FormHidden(Form& form) {
   if (found == entries_.end()) return;
   const Entry& entry = found->second;
   if (entry.screen != nullptr) return window_->Area().TakeAway(*entry.screen);
+  const bool was_active = entry.window->isActiveWindow();
   entry.window->hide();
+  // Not every manager gives the keys back to the window below.
+  if (was_active) window_->activateWindow();
   if (entry.modal_loop != nullptr) entry.modal_loop->quit();
 }
 
