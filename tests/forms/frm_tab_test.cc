@@ -100,40 +100,6 @@ TEST(FrmTab, ResultTypesOfferTheirParameters) {
   }
 }
 
-// Those that can be seen and stand on the form itself.
-std::vector<const Control*> InSight(const Form& form) {
-  std::vector<const Control*> in_sight;
-  for (const Control* control : form.Controls()) {
-    if (control->Visible() && control->Where().Height && control->Container() == nullptr) {
-      in_sight.push_back(control);
-    }
-  }
-  return in_sight;
-}
-
-bool Overlap(const Place& a, const Place& b) {
-  return *a.Left < *b.Left + *b.Width && *b.Left < *a.Left + *a.Width &&
-         *a.Top < *b.Top + *b.Height && *b.Top < *a.Top + *a.Height;
-}
-
-TEST(FrmTab, NoControlStandsUponAnotherWhateverTheDataAndGraph) {
-  ScreenWorld world;
-  world.Start();
-  FrmTab& frmTab = world.screens.frmTab;
-  for (int type = 0; type < 6; ++type) {
-    frmTab.cboDataType.SetListIndex(type);
-    for (int graph = 0; graph < frmTab.cboGraphType.Count(); ++graph) {
-      frmTab.cboGraphType.SetListIndex(graph);
-      for (const Control* one : InSight(frmTab)) {
-        for (const Control* other : InSight(frmTab)) {
-          EXPECT_TRUE(one >= other || !Overlap(one->Where(), other->Where()))
-              << type << " " << graph << ": " << one->Name() << " " << other->Name();
-        }
-      }
-    }
-  }
-}
-
 TEST(FrmTab, LoadsAFamilyWithItsSummaryAndOneSpareSheetEveryTime) {
   ScreenWorld world;
   world.LoadTrio();
