@@ -56,9 +56,11 @@ std::string SizeLimit() {
 
 // The file is there, but not the right to make the side files that a change needs.
 bool LacksSideFiles(int result, const std::string& path) {
+  const int kind = result & 0xFF;
   const std::string folder = std::filesystem::path(path).parent_path().string();
-  return (result & 0xFF) == SQLITE_CANTOPEN && ::access(path.c_str(), R_OK) == 0 &&
-         ::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0;
+  return (kind == SQLITE_CANTOPEN || kind == SQLITE_READONLY) &&
+         ::eaccess(path.c_str(), R_OK) == 0 &&
+         ::eaccess(folder.empty() ? "." : folder.c_str(), W_OK) != 0;
 }
 
 RuntimeError ErrorOf(int result, const std::string& detail, const std::string& path) {

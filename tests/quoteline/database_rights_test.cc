@@ -71,6 +71,7 @@ TEST(DatabaseRights, AReaderWithoutThemIsToldOfALogThatItCannotRead) {
   }
   EXPECT_EQ(world.List(), (Lines{"A 2000-01-03 2000-01-03 1 A", "B 2000-01-04 2000-01-04 1 B"}));
   world.folder.Write("C.csv", "Date,Close\n2000-01-05,3\n");
+  ::chmod(world.folder.Path("quoteline.db").c_str(), 0666);  // but not the folder
   {
     const WithoutRights guard(world.folder.Path());
     EXPECT_EQ(world.List().size(), 2U);  // the log is taken up
