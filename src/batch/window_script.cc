@@ -31,6 +31,7 @@ class PlayingHost : public ScriptHost {
   void Arrange(WindowArrangement arrangement) override { windows_.Arrange(arrangement); }
   void StepScreen(bool forward) override { windows_.StepScreen(forward); }
   void SwitchFullScreen() override { windows_.SwitchFullScreen(); }
+  bool StopWanted() override { return !playing && windows_.StopWanted(); }
   void ShowKeys() override {
     if (!playing) windows_.ShowKeys();  // nobody would close the list
   }

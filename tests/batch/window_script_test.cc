@@ -18,8 +18,9 @@ struct DesktopWorld {
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  int lines = 0;      ///< that were told to be done
-  int last_line = 0;  ///< the desktop wants no more after it; 0: all
+  int lines = 0;                ///< that were told to be done
+  int last_line = 0;            ///< the desktop wants no more after it; 0: all
+  std::vector<bool> esc_stops;  ///< a run: after each line, and once the script is over
   BatchStreams streams{.in = in, .out = out, .err = err};
 
   // Plays `script` to its end in a program of its own; null when its file cannot be read.
@@ -27,15 +28,21 @@ struct DesktopWorld {
     world.folder.Write("script.vps", script);
     auto player = MakeWindowScript(world.folder.Path("script.vps"), {}, streams);
     ASSERT_TRUE(player);
+    FormHost& host = player.Value()->Over(world.host);
     Program program({.quoteline = world.quoteline,
                      .settings = world.settings,
                      .dialogs = player.Value()->Over(world.dialogs),
-                     .host = player.Value()->Over(world.host),
+                     .host = host,
                      .output = player.Value()->Over(world.output),
                      .program_dir = world.folder.Path(),
                      .roots = {}});
     program.Start();
-    player.Value()->Play(program, [this] { return ++lines != last_line; });
+    world.host.stop_wanted = true;
+    player.Value()->Play(program, [&] {
+      esc_stops.push_back(host.StopWanted());
+      return ++lines != last_line;
+    });
+    esc_stops.push_back(host.StopWanted());
     program.AllScreens().frmMain.mnuHelpAbout_Click();  // by now the boxes are the desktop's
   }
 };
@@ -71,6 +78,7 @@ TEST(WindowScript, StopsWithoutAWordAboutWhatIsLeft) {
   desktop.last_line = 2;
   desktop.Play("answer ok\nclick FrmMain.cmdShowData\nclick FrmMain.cmdShowGraph\n");
   EXPECT_EQ(desktop.lines, 2);
+  EXPECT_EQ(desktop.esc_stops, (std::vector<bool>{false, false, true}));
   EXPECT_EQ(desktop.err.str(), "");
   EXPECT_EQ(desktop.world.dialogs.Texts(), std::vector<std::string>{"Vistaplot version 3.4.1"});
 }
