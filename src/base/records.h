@@ -58,6 +58,13 @@ inline std::string_view FieldBytes(std::string_view record, const FixedField& fi
   return record.substr(field.offset, field.width);
 }
 
+/// The field as text (UTF-8), blanks included; zero bytes count as blanks. As short as FieldBytes.
+inline std::string FieldText(std::string_view record, const FixedField& field) {
+  std::string bytes(FieldBytes(record, field));
+  std::replace(bytes.begin(), bytes.end(), '\0', ' ');
+  return Utf8FromWindows1252(bytes);
+}
+
 /// Writes `bytes` into the field, cut or padded with blanks to its width. `record` must hold it.
 inline void SetFieldBytes(std::string& record, const FixedField& field, std::string_view bytes) {
   const std::size_t used = std::min(bytes.size(), field.width);

@@ -1,6 +1,5 @@
 #include "formats/family_file.h"
 
-#include <algorithm>
 #include <limits>
 
 #include "base/text.h"
@@ -8,12 +7,9 @@
 namespace vistaplot {
 namespace {
 
-// A field as text of its full width; zero bytes and what the record lacks are blanks.
+// A field as text of its full width; what the record lacks are blanks.
 std::string TextOf(std::string_view record, const FixedField& field) {
-  std::string bytes(FieldBytes(record, field));
-  std::replace(bytes.begin(), bytes.end(), '\0', ' ');
-  bytes.resize(field.width, ' ');
-  return Utf8FromWindows1252(bytes);
+  return PadRight(FieldText(record, field), field.width);
 }
 
 }  // namespace

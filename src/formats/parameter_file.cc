@@ -1,5 +1,7 @@
 #include "formats/parameter_file.h"
 
+#include <utility>
+
 #include "base/text.h"
 
 namespace vistaplot {
@@ -21,8 +23,8 @@ struct FieldReader {
     if (HasNumber()) parameters.*member = FieldInt16(bytes, field);
   }
   void operator()(std::string SignalParameters::*member) const {
-    const std::string_view text = FieldBytes(bytes, field);
-    if (!text.empty()) parameters.*member = Utf8FromWindows1252(text);
+    std::string text = FieldText(bytes, field);
+    if (!text.empty()) parameters.*member = std::move(text);
   }
 };
 

@@ -83,6 +83,7 @@ TEST(ParameterFile, AFileCutAnywhereLeavesWhatItLacks) {
   };
   EXPECT_EQ(read(0).in_fund, "KEPT");
   EXPECT_EQ(read(257).in_fund, "FN");
+  EXPECT_EQ(ReadParameters(std::string(260, '\0'), current).in_fund, "     ");
   EXPECT_EQ(read(272).sell_to, 9);
   EXPECT_EQ(read(273).sell_to, 12);
   for (const std::size_t length : {0U, 323U, 324U}) {
