@@ -66,7 +66,9 @@ QString SpreadCaption(const QString& caption, const QFontMetrics& font, int widt
   static const QRegularExpression runs(QStringLiteral(" {2,}"));
   const QStringList parts = caption.split(runs);
   if (parts.size() < 2) return caption;
-  const int gaps = static_cast<int>(parts.size()) - 1;
+  // Blanks ahead of a lone text are there to centre it.
+  const bool is_centred = parts.size() == 2 && parts.first().isEmpty();
+  const int gaps = is_centred ? 2 : static_cast<int>(parts.size()) - 1;
   const int room = width - font.horizontalAdvance(parts.join(QString()));
   const int blank = std::max(font.horizontalAdvance(u' '), 1);
   const int blanks = std::max(room / gaps / blank, 1);

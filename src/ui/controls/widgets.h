@@ -16,7 +16,7 @@ namespace vistaplot {
 
 /// `caption` with its runs of two and more blanks as long as `width` pixels want them, one blank at
 /// least, so that its parts stand at the beginning, at the end and evenly between, over or beside
-/// what they name. A caption without such runs stays as it is.
+/// what they name. One run alone ahead of a text centres it. A caption without runs stays as it is.
 QString SpreadCaption(const QString& caption, const QFontMetrics& font, int width);
 
 /// A caption that never runs out of its place unseen: in as many lines as the place has room for,
