@@ -2,13 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
+#include <cmath>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "base/date.h"
 #include "base/files.h"
+#include "base/number_text.h"
 #include "base/text.h"
 #include "batch/batch.h"
 #include "quoteline/sample.h"
@@ -27,10 +28,10 @@ class SampleResults : public testing::Test {
     for (const SampleFile& file : MakeSampleResults()) service_.folder.Write(file.path, file.bytes);
   }
 
-  /// Runs a script; its standard output.
-  std::string Run(const std::string& script) {
+  /// Runs a script on a service directory, this one's when none is named; its standard output.
+  std::string Run(const std::string& script, const std::string& directory = {}) {
     Options options;
-    options.quoteline_dir = service_.folder.Path();
+    options.quoteline_dir = directory.empty() ? service_.folder.Path() : directory;
     options.settings_file = folder_.Path("settings.ini");
     options.batch_script = folder_.Write("script.vps", script);
     std::istringstream in;
@@ -38,6 +39,19 @@ class SampleResults : public testing::Test {
     std::ostringstream err;
     EXPECT_EQ(RunBatch(options, {}, {in, out, err}), 0) << err.str() << out.str();
     return out.str();
+  }
+
+  /// A script of the examples that draws no picture and writes `files` into the test's folder.
+  std::string Example(const std::string& name, const std::vector<std::string>& files) const {
+    std::string script;
+    for (const std::string_view line :
+         Split(ReadWholeFile(kRoot + "/examples/" + name).Value(), '\n')) {
+      if (!line.starts_with("export")) script.append(line).append("\n");
+    }
+    for (const std::string& file : files) {
+      script.replace(script.rfind(file), file.size(), folder_.Path(file));
+    }
+    return script;
   }
 
   std::vector<std::string> Lines(const std::string& name) const {
@@ -85,12 +99,7 @@ TEST_F(SampleResults, TheFolderIsAskedForBeforeTheFile) {
 }
 
 TEST_F(SampleResults, TheExampleSortsCasesAndTrades) {
-  std::ifstream in(kRoot + "/examples/results.vps");
-  std::string script{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  for (const char* name : {"best-cases.csv", "best-trades.csv"}) {
-    script.replace(script.find(name), std::string(name).size(), folder_.Path(name));
-  }
-  Run(script);
+  Run(Example("results.vps", {"best-cases.csv", "best-trades.csv"}));
   const std::vector<std::string> cases = Lines("best-cases.csv");
   ASSERT_EQ(cases.size(), 103U);
   EXPECT_EQ(cases[0], ",  BUY  , SELL  ,  AVG  ,,,  MDD  ,,,   %  \r");
@@ -102,6 +111,30 @@ TEST_F(SampleResults, TheExampleSortsCasesAndTrades) {
   // Gains are 0.31 n - 5.2 percent, n from 0 to 49.
   EXPECT_TRUE(trades[2].ends_with(",9.990   \r")) << trades[2];
   EXPECT_TRUE(trades[61].ends_with(",-5.200  \r")) << trades[61];
+}
+
+TEST_F(SampleResults, TheSignalExampleEndsWithTheTradesOfTheBestPair) {
+  const std::string demo = folder_.Path("demo");
+  ASSERT_TRUE(FillWithSample(demo));
+  const std::string out =
+      Run(Example("signals.vps", {"signals.SSM", "signals.csv", "best-pair.csv"}), demo);
+  EXPECT_EQ(out.find("\"message\""), std::string::npos) << out;
+  const std::vector<std::string> cases = Lines("signals.csv");
+  ASSERT_EQ(cases.size(), 67U) << "8 x 8 pairs below two rows of headings";
+  const auto best = Split(cases[2], ',');
+  for (std::size_t i = 3; i < 66; ++i) {
+    EXPECT_GE(LeadingNumber(best[3]), LeadingNumber(Split(cases[i], ',')[3])) << cases[i];
+  }
+  const std::vector<std::string> rows = Lines("best-pair.csv");
+  const auto trade = Split(rows[2], ',');
+  EXPECT_EQ(trade[0], best[1]);
+  EXPECT_EQ(trade[1], best[2]);
+  // The equity line's end, a year at a time, is the case's annual gain.
+  const auto end = Split(rows[rows.size() - 2], ',');
+  ASSERT_EQ(end[5], "12/29/2023");
+  const double years = (SerialFromDate({2023, 12, 29}) - SerialFromDate({1999, 1, 4})) / 365.0;
+  const double annual = std::pow(1.0 + LeadingNumber(end[6]) / 100.0, 1.0 / years) - 1.0;
+  EXPECT_NEAR(annual * 100.0, LeadingNumber(best[3]), 0.001);
 }
 
 }  // namespace
