@@ -18,6 +18,8 @@ const char* Description(int number) {
       return "Type mismatch";
     case kErrorFileNotFound:
       return "File not found";
+    case kErrorFileAlreadyOpen:
+      return "File already open";
     case kErrorDiskFull:
       return "Disk full";
     case kErrorInputPastEnd:

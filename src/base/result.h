@@ -21,6 +21,7 @@ inline constexpr int kErrorSubscriptOutOfRange = 9;
 inline constexpr int kErrorDivisionByZero = 11;
 inline constexpr int kErrorTypeMismatch = 13;
 inline constexpr int kErrorFileNotFound = 53;
+inline constexpr int kErrorFileAlreadyOpen = 55;
 inline constexpr int kErrorDiskFull = 61;
 inline constexpr int kErrorInputPastEnd = 62;
 inline constexpr int kErrorPermissionDenied = 70;

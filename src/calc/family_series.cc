@@ -48,7 +48,9 @@ std::optional<FamilySeriesFailure> WriteFamilySeries(const FamilySeriesTarget& t
       {FamilySeriesStep::kDecliners, target.decliners_path, kDeclinersSymbol, kDeclinersTitle},
   }};
   for (SeriesFile& entry : files) {
-    Result<OutputFile> created = OutputFile::Create(entry.path);
+    const bool is_line = entry.step != FamilySeriesStep::kLine && entry.path == target.line_path;
+    Result<OutputFile> created =
+        is_line ? MakeError(kErrorFileAlreadyOpen, entry.path) : OutputFile::Create(entry.path);
     if (!created) {
       static_cast<void>(Finish(files));
       return FamilySeriesFailure{entry.step, created.Error()};

@@ -57,7 +57,8 @@ struct FamilySeriesFailure {
 
 /// Makes the line's file, then those of the advancers and of the decliners, each with its two
 /// texts, then writes the days: the line from day 1 on, the other two from day 2 on. A file that
-/// cannot be made stops it; those before it then hold their texts alone.
+/// cannot be made stops it (error 55 where it is the line's own); those before it then hold their
+/// texts alone.
 std::optional<FamilySeriesFailure> WriteFamilySeries(const FamilySeriesTarget& target,
                                                      const MarketCalendar& calendar,
                                                      const FamilyBreadth& breadth);

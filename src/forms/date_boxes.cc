@@ -12,16 +12,17 @@
 
 namespace vistaplot {
 
-namespace {
-
-/// A typed text as a note quotes it, cut where it is long.
-std::string Quoted(const std::string& text) {
+std::string Quoted(std::string_view text) {
   constexpr std::size_t kShown = 16;
   const bool cut = CharacterCount(text) > kShown;
   return '"' + std::string(LeftCharacters(text, kShown)) + (cut ? "...\"" : "\"");
 }
 
-}  // namespace
+std::string NoteOfWord(const TextBox& box) {
+  if (WholeNumber(box.Text())) return {};
+  return Quoted(box.Text()) + " counts as " +
+         NumberText(static_cast<float>(LeadingNumber(box.Text())));
+}
 
 void CheckDateEntry(TextBox& date_box,
                     TextBox& day_box,

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/dialogs.h"
@@ -11,6 +12,13 @@
 #include "marketdata/market_calendar.h"
 
 namespace vistaplot {
+
+/// A typed text as a note beside its box quotes it, cut where it is long.
+std::string Quoted(std::string_view text);
+
+/// What a note says of a box whose text is not a number as a whole: "abc" counts as 0. Empty for a
+/// number.
+std::string NoteOfWord(const TextBox& box);
 
 /// Makes a typed date valid: the date box becomes a market day's date ("mm/dd/yyyy") unless it is
 /// one already, the day box its number. A text that is no date is ordered among the dates as text,

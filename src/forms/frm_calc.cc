@@ -1,6 +1,7 @@
 #include "forms/frm_calc.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "base/files.h"
@@ -62,6 +63,7 @@ void FrmCalc::ConnectSeries() {
   beta.cmdFnuFile.Click = [this] { cmdFnuFile_Click(); };
   beta.CmdBetaFnu.Click = [this] { CmdBetaFnu_Click(); };
   beta.txtBeta.LostFocus = [this] { txtBeta_LostFocus(); };
+  beta.txtFnuNav.LostFocus = [this] { txtFnuNav_LostFocus(); };
 }
 
 void FrmCalc::ConnectSignals() {
@@ -154,7 +156,7 @@ void FrmCalc::ChooseFnuFile(const FnuBoxes& boxes) {
   context_.dialogs.EndProgram(true);
 }
 
-void FrmCalc::TellSeries(Label& note, const TextBox& symbol) {
+void FrmCalc::TellSeries(Label& note, const TextBox& symbol, float newest) {
   const std::string_view name = TrimBlanks(symbol.Text());
   note.SetCaption(std::to_string(context_.state.market.calendar.MaxNumDays) + " days written");
   if (!IsServiceSymbol(name)) {
@@ -164,8 +166,24 @@ void FrmCalc::TellSeries(Label& note, const TextBox& symbol) {
         symbol.Text() + "\" is written, but it is no issue");
   } else if (context_.quoteline.QLisQLIssue(ServiceSymbol(name).c_str()) != -1) {
     note.SetCaption(note.Caption() + " outside the service");
+  } else if (!ServiceShows(name, newest)) {
+    note.SetCaption(note.Caption() + ", hidden by another issue " + UpperCase(name));
   }
   context_.screens.frmTab.RelistIssues();
+}
+
+/// True when the service's history of an issue ends with the value that was written last.
+bool FrmCalc::ServiceShows(std::string_view symbol, float newest) {
+  constexpr float kFileDigits = 1e-6F;  // what a value loses as text of seven digits
+  MarketData& market = context_.state.market;
+  std::vector<float> prices(static_cast<std::size_t>(market.calendar.MaxNumDays) + 1);
+  FetchHistory(context_.quoteline, market, symbol, prices);
+  return std::abs(prices.back() - newest) <= kFileDigits * std::abs(newest);
+}
+
+void FrmCalc::SayNotWritten(Label& note, const RuntimeError& error, const std::string& text) {
+  note.SetCaption("Not written: " + error.subject);
+  context_.dialogs.Say(text);
 }
 
 // Parameter files: all inputs of the signal summary, saved and loaded.
@@ -194,6 +212,19 @@ bool Holds(std::size_t size, std::int16_t SignalParameters::*member) {
     const auto* number = std::get_if<std::int16_t SignalParameters::*>(&entry.member);
     return number != nullptr && *number == member && size >= FieldEnd(entry.field);
   });
+}
+
+/// What a file of `size` bytes did not give as it was meant; empty for a whole one.
+std::string NoteOfParameters(std::size_t size,
+                             const SignalParameters& parameters,
+                             const std::string& start_day) {
+  if (size == kOldParameterSize) return "An older file: start day and delay are 1";
+  if (size != kParameterRecordSize) {
+    return "The file has " + std::to_string(size) + " bytes, a parameter file " +
+           std::to_string(kParameterRecordSize) + ": check what the boxes hold";
+  }
+  const std::string stored = std::to_string(parameters.start_day);
+  return stored == start_day ? "" : "There is no market day " + stored + ": it became " + start_day;
 }
 
 }  // namespace
@@ -240,6 +271,7 @@ void FrmCalc::cmdSaveParms_Click() {
   if (!chosen) return context_.dialogs.Say("Parameter file not saved");
   const Status saved = WriteFileAtomically(HostPath(*chosen, context_.state.roots), bytes);
   if (!saved) return SayError(saved.Error());
+  summary.lblSigNote.SetCaption("Parameters saved");
   for (const std::string_view field : too_long) {
     context_.dialogs.Say("Saved, but the " + std::string(field) +
                          " did not fit into the parameter file and was cut");
@@ -259,7 +291,12 @@ void FrmCalc::cmdLoadParms_Click() {
   // What the file lacks stays as the boxes have it, also a number that no file could hold.
   const SignalParameters current =
       CurrentParameters().Ok() ? CurrentParameters().Value() : SignalParameters{};
-  FillParameters(ReadParameters(bytes.Value(), current), bytes.Value().size());
+  const SignalParameters parameters = ReadParameters(bytes.Value(), current);
+  summary.lblSigNote.SetCaption("");
+  FillParameters(parameters, bytes.Value().size());
+  const std::string told =
+      NoteOfParameters(bytes.Value().size(), parameters, summary.txtStartDate2.Text());
+  if (!told.empty()) summary.lblSigNote.SetCaption(told);
 }
 
 // The order matters: a box that becomes cleared empties the texts that stand before it here.

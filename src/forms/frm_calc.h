@@ -38,6 +38,7 @@ class FrmCalc : public Form {
   void cmdFnuFile_Click();
   void CmdBetaFnu_Click();
   void txtBeta_LostFocus();
+  void txtFnuNav_LostFocus();
 
   void CmdAddSig_Click();
   void cmdRemSig_Click();
@@ -76,13 +77,19 @@ class FrmCalc : public Form {
   bool AskForFnuFile(const FnuBoxes& boxes, std::optional<RuntimeError>& failure);
   std::string HostPathOf(const TextBox& box) const;
   void SayError(const RuntimeError& error);
-  void TellSeries(Label& note, const TextBox& symbol);
+  /// `note` says that the series was written, and whether the service shows it under its symbol;
+  /// `newest` is its last value.
+  void TellSeries(Label& note, const TextBox& symbol, float newest);
+  bool ServiceShows(std::string_view symbol, float newest);
+  /// `text` in a box, and beside it in `note` the file or cell that failed.
+  void SayNotWritten(Label& note, const RuntimeError& error, const std::string& text);
 
   bool ReadBreadthIssue(std::string_view symbol, std::vector<float>& series);
   std::optional<std::vector<std::string>> ReadMembers();
   std::string PathToRetry() const;
   void CalculateFamily(const std::vector<std::string>& symbols);
-  Status MakeBetaSeries(int source);
+  /// The newest value of the series made.
+  Result<float> MakeBetaSeries(int source);
 
   void LoadSignalFamily(const std::string& name);
   void ReadSignalFamily();

@@ -79,6 +79,8 @@ void FrmCalc::LoadSignalFamily(const std::string& name) {
 
 void FrmCalc::ReadSignalFamily() {
   const auto bytes = ReadWholeFile(HostPathOf(summary.txtSigFamFile));
+  summary.lblSigNote.SetCaption(
+      bytes ? "" : "The list stays: " + bytes.Error().subject + ": " + bytes.Error().description);
   if (!bytes) return;
   const bool overlays =
       summary.lstSigFam.Count() == 0 ||
@@ -97,7 +99,8 @@ void FrmCalc::CmdSaveSigFam_Click() {
   }
   const Status saved = WriteFileAtomically(HostPathOf(summary.txtSigFamFile),
                                            SignalFamilyBytes(summary.lstSigFam.Entries()));
-  if (!saved) SayError(saved.Error());
+  if (!saved) return SayError(saved.Error());
+  summary.lblSigNote.SetCaption(std::to_string(summary.lstSigFam.Count()) + " signal files saved");
 }
 
 void FrmCalc::CheckFund(TextBox& box) {
@@ -153,20 +156,24 @@ void FrmCalc::txtSigRange_LostFocus(int index) {
   TextBox& box = summary.txtSigRange[static_cast<std::size_t>(index)];
   TextBox& from = summary.txtSigRange[0];
   TextBox& to = summary.txtSigRange[1];
-  const std::string typed = box.Text();
   const int count = summary.lstSigFam.Count();
-  if (NumberIn(box) < 0.0) box.SetText("0");
-  if (NumberIn(box) > count) box.SetText(std::to_string(count));
-  if (index == 0) {
-    if (NumberIn(from) > NumberIn(to)) from.SetText(to.Text());
-  } else {
-    if (NumberIn(to) == 0.0) from.SetText("0");
-    if (NumberIn(from) > NumberIn(to)) to.SetText(from.Text());
+  std::string told = NoteOfWord(box);
+  const auto correct = [&told](TextBox& wrong, const std::string& text, const std::string& why) {
+    if (wrong.Text() == text) return;
+    told = Quoted(wrong.Text()) + " became " + text + ": " + why;
+    wrong.SetText(text);
+  };
+  if (NumberIn(box) < 0.0) correct(box, "0", "a threshold is 0 or more");
+  if (NumberIn(box) > count) {
+    correct(box, std::to_string(count), std::to_string(count) + " signal files are combined");
   }
-  summary.lblSigNote.SetCaption(box.Text() == typed
-                                    ? std::string()
-                                    : typed + " became " + box.Text() + ": " +
-                                          std::to_string(count) + " signal files are combined");
+  if (index == 0) {
+    if (NumberIn(from) > NumberIn(to)) correct(from, to.Text(), "the range ends there");
+  } else {
+    if (NumberIn(to) == 0.0) correct(from, "0", "the buy range ends at 0");
+    if (NumberIn(from) > NumberIn(to)) correct(to, from.Text(), "the range begins there");
+  }
+  summary.lblSigNote.SetCaption(told);
 }
 
 void FrmCalc::CheckOutput(CheckBox& check, TextBox& file, const FileRequest& request) {

@@ -10,6 +10,7 @@
 #include "calc/fnu_series.h"
 #include "charts/builders/graph_selection.h"
 #include "forms/busy_scope.h"
+#include "forms/date_boxes.h"
 #include "forms/frm_calc.h"
 #include "forms/screens.h"
 #include "import/family_records.h"
@@ -113,13 +114,17 @@ void FrmCalc::cmdAD_Click() {
   std::vector<float> advancers;
   std::vector<float> decliners;
   if (!ReadBreadthIssue("$NADV", advancers) || !ReadBreadthIssue("$DECL", decliners)) return;
+  const std::vector<float> line = AdvanceDeclineLine(advancers, decliners);
   const Status written = WriteFnuSeries(HostPathOf(exchange.txtADFile),
                                         exchange.txtADSymbol.Text(),
                                         exchange.txtADTitle.Text(),
                                         context_.state.market.calendar,
-                                        AdvanceDeclineLine(advancers, decliners));
-  if (!written) return SayError(written.Error());
-  TellSeries(exchange.lblADNote, exchange.txtADSymbol);
+                                        line);
+  if (!written) {
+    return SayNotWritten(
+        exchange.lblADNote, written.Error(), "error: " + NumberedText(written.Error()));
+  }
+  TellSeries(exchange.lblADNote, exchange.txtADSymbol, line.empty() ? 0.0F : line.back());
 }
 
 void FrmCalc::cmdADFam_Click() {
@@ -162,7 +167,7 @@ std::optional<std::vector<std::string>> FrmCalc::ReadMembers() {
   }
   if (read && read.Value().cut_off) read = MakeError(kErrorInputPastEnd, path);
   if (!read) {
-    family.lblADFamNote.SetCaption("");
+    family.lblADFamNote.SetCaption("Not read: " + path);
     context_.dialogs.Say("Error AD family: " + NumberedText(read.Error()) + told);
     return std::nullopt;
   }
@@ -184,27 +189,38 @@ void FrmCalc::CalculateFamily(const std::vector<std::string>& symbols) {
                                   .title = family.txtADFamTitle.Text(),
                                   .advancers_path = HostPath(kAdvancersPath, state.roots),
                                   .decliners_path = HostPath(kDeclinersPath, state.roots)};
-  const auto failure =
-      WriteFamilySeries(target, state.market.calendar, CountFamilyBreadth(state.family_records));
+  const FamilyBreadth breadth = CountFamilyBreadth(state.family_records);
+  const auto failure = WriteFamilySeries(target, state.market.calendar, breadth);
   if (!failure) {
     const std::string instead = family.lblADFamNote.Caption();
-    TellSeries(family.lblADFamNote, family.txtADFamSymbol);
+    TellSeries(family.lblADFamNote,
+               family.txtADFamSymbol,
+               breadth.line.empty() ? 0.0F : breadth.line.back());
     if (!instead.empty()) family.lblADFamNote.SetCaption(instead);
     return;
   }
-  const std::string text = NumberedText(failure->error);
+  std::string text = NumberedText(failure->error);
   if (failure->step == FamilySeriesStep::kLine) {
-    return context_.dialogs.Say("Error AD family: " + text);
+    text = "Error AD family: " + text;
+  } else {
+    const bool is_adv = failure->step == FamilySeriesStep::kAdvancers;
+    text = "advdec err: " + text + (is_adv ? " adv " : " dec ") + std::string(kOpenFiles);
   }
-  const bool is_adv = failure->step == FamilySeriesStep::kAdvancers;
-  context_.dialogs.Say("advdec err: " + text + (is_adv ? " adv " : " dec ") +
-                       std::string(kOpenFiles));
+  SayNotWritten(family.lblADFamNote, failure->error, text);
 }
 
 void FrmCalc::txtBeta_LostFocus() {
-  const double typed = LeadingNumber(beta.txtBeta.Text());
+  const std::string text = beta.txtBeta.Text();
+  const double typed = LeadingNumber(text);
   if (typed > kHighestBeta) beta.txtBeta.SetText("5");
   if (typed < -kHighestBeta) beta.txtBeta.SetText("-5");
+  beta.lblFnuNote.SetCaption(beta.txtBeta.Text() == text
+                                 ? NoteOfWord(beta.txtBeta)
+                                 : Quoted(text) + ": beta lies between -5 and 5");
+}
+
+void FrmCalc::txtFnuNav_LostFocus() {
+  beta.lblFnuNote.SetCaption(NoteOfWord(beta.txtFnuNav));
 }
 
 void FrmCalc::CmdBetaFnu_Click() {
@@ -222,18 +238,19 @@ void FrmCalc::CmdBetaFnu_Click() {
   if (state.table.SheetAt(kPriceSheet).MaxCol >= kMaxColumns) {
     return context_.dialogs.Say("The data table is full: it holds 255 funds");
   }
-  const Status made = MakeBetaSeries(state.selection.ColumnOf(1));
+  const Result<float> made = MakeBetaSeries(state.selection.ColumnOf(1));
   state.table.NotifyContent(kPriceSheet);
   if (!made) {
-    const std::string where = made.Error().subject;
     const bool is_cell = made.Error().number == kErrorTypeMismatch;
-    return context_.dialogs.Say("error: " + NumberedText(made.Error()) +
-                                (is_cell ? ": " + where : ""));
+    return SayNotWritten(
+        beta.lblFnuNote,
+        made.Error(),
+        "error: " + NumberedText(made.Error()) + (is_cell ? ": " + made.Error().subject : ""));
   }
-  TellSeries(beta.lblFnuNote, beta.txtFnuSymbol);
+  TellSeries(beta.lblFnuNote, beta.txtFnuSymbol, made.Value());
 }
 
-Status FrmCalc::MakeBetaSeries(int source) {
+Result<float> FrmCalc::MakeBetaSeries(int source) {
   Sheet& sheet = context_.state.table.SheetAt(kPriceSheet);
   NewColumn column(sheet);
   const int days = context_.state.market.calendar.MaxNumDays;
@@ -249,10 +266,11 @@ Status FrmCalc::MakeBetaSeries(int source) {
                                         beta.txtFnuTitle.Text(),
                                         calendar.Value(),
                                         series);
-  if (!written) return written;
+  if (!written) return written.Error();
+  const float newest = series.empty() ? nav : series.back();
   sheet.SetPriceColumn(column.Number(), beta.txtFnuSymbol.Text(), std::move(series));
   column.Keep();
-  return Done{};
+  return newest;
 }
 
 }  // namespace vistaplot

@@ -145,6 +145,8 @@ void FrmCalc::RunSummary(const SignalTest& test) {
   if (!OpenFiles(files, outputs)) return;
   Progress& progress = context_.screens.frmMain.progress;
   progress.ShowMeter(0.0);
+  summary.lblSigNote.SetCaption("Esc stops the run");
+  summary.lblSigNote.Refresh();
   last_run_ = LastRun{std::move(data.Value()), test};
   const SignalOutcome outcome = RunSignalTest(
       last_run_->data, test, {state.table, files, outputs.detail.has_value()}, progress);

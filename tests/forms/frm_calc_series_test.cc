@@ -78,6 +78,17 @@ TEST(FrmCalc, TheExchangeLineAddsAdvancersLessDecliners) {
             "\"01/03/2001\",-6,0|\"01/04/2001\",-12,0|\"01/05/2001\",-10,0");
   EXPECT_EQ(world.screens.frmMain.pnlAction.Caption(), "");
   EXPECT_EQ(world.calc.exchange.lblADNote.Caption(), "300 days written outside the service");
+  // The database's issue of a symbol wins over the file's.
+  for (const auto& [newest, told] :
+       {std::pair(580.0F, ""), std::pair(581.0F, ", hidden by another issue NYADL")}) {
+    world.quoteline.AddIssue("NYADL", {newest}, kWorldDays);
+    world.calc.cmdAD_Click();
+    EXPECT_EQ(world.calc.exchange.lblADNote.Caption(), std::string("300 days written") + told);
+  }
+  world.calc.exchange.txtADFile.SetText(world.Path("no/x.fnu"));
+  world.calc.cmdAD_Click();
+  EXPECT_EQ(world.NewMessages(), (Texts{"error: 76 Path not found"}));
+  EXPECT_EQ(world.calc.exchange.lblADNote.Caption(), "Not written: " + world.Path("no/x.fnu"));
 }
 
 TEST(FrmCalc, AMissingBreadthIssueStopsBeforeTheFile) {
@@ -141,6 +152,10 @@ TEST(FrmCalc, ASideFileThatCannotBeMadeLeavesTheFilesAsFarAsTheyGot) {
   world.calc.family.txtADFamFile.SetText(world.Path("no/trio.fnu"));
   world.calc.cmdADFam_Click();
   EXPECT_EQ(world.NewMessages(), (Texts{"Error AD family: 76 Path not found"}));
+  EXPECT_EQ(world.calc.family.lblADFamNote.Caption(), "Not written: " + world.Path("no/trio.fnu"));
+  world.calc.family.txtADFamFile.SetText("c:\\ql\\f_adv.fnu");
+  world.calc.cmdADFam_Click();
+  EXPECT_EQ(world.NewMessages(), (Texts{"advdec err: 55 File already open adv 123"}));
 }
 
 TEST(FrmCalc, ABetaSeriesIsAFileAndAColumn) {
@@ -184,12 +199,20 @@ TEST(FrmCalc, ARefusedBetaSeriesLeavesTheTableAsItWas) {
 
 TEST(FrmCalc, BetaStaysWithinFive) {
   CalcWorld world;
-  for (const auto& [typed, kept] : std::vector<std::pair<std::string, std::string>>{
-           {"7", "5"}, {"-5.1", "-5"}, {"-5", "-5"}, {"0.5", "0.5"}}) {
-    world.calc.beta.txtBeta.SetText(typed);
-    world.calc.beta.txtBeta.RaiseLostFocus();
-    EXPECT_EQ(world.calc.beta.txtBeta.Text(), kept);
+  BetaFrame& beta = world.calc.beta;
+  for (const auto& [typed, told] : std::vector<std::pair<std::string, std::string>>{
+           {"7", "5 \"7\": beta lies between -5 and 5"},
+           {"-5.1", "-5 \"-5.1\": beta lies between -5 and 5"},
+           {"-5", "-5 "},
+           {"2x", "2x \"2x\" counts as 2"},
+           {"0.5", "0.5 "}}) {
+    beta.txtBeta.SetText(typed);
+    beta.txtBeta.RaiseLostFocus();
+    EXPECT_EQ(beta.txtBeta.Text() + " " + beta.lblFnuNote.Caption(), told);
   }
+  beta.txtFnuNav.SetText("");
+  beta.txtFnuNav.RaiseLostFocus();
+  EXPECT_EQ(beta.lblFnuNote.Caption(), "\"\" counts as 0");
 }
 
 TEST(FrmCalc, ANewSeriesIsListedAndTheSelectionStays) {

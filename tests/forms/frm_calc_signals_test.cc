@@ -73,21 +73,20 @@ TEST(FrmCalcSignals, AddKeepsTheSourceAndSetsTheUpperBounds) {
 TEST(FrmCalcSignals, ThresholdsStayWithinTheChosenFiles) {
   SignalWorld world;
   auto& box = world.frame.txtSigRange;
-  world.Type(box[1], "12");
-  EXPECT_EQ(box[1].Text(), "2");
-  EXPECT_EQ(world.frame.lblSigNote.Caption(), "12 became 2: 2 signal files are combined");
-  world.Type(box[0], "-3");
-  EXPECT_EQ(box[0].Text(), "0");
-  world.Type(box[1], "1");
-  world.Type(box[0], "2");
-  EXPECT_EQ(box[0].Text(), "1") << "from does not pass to";
-  world.Type(box[1], "0");
-  EXPECT_EQ(box[0].Text(), "0");
+  const auto typed = [&](std::size_t i, const std::string& text) {
+    world.Type(box[i], text);
+    return box[0].Text() + "-" + box[1].Text() + " " + box[2].Text() + "-" + box[3].Text() + " " +
+           world.frame.lblSigNote.Caption();
+  };
+  EXPECT_EQ(typed(1, "12"), "1-2 1-2 \"12\" became 2: 2 signal files are combined");
+  EXPECT_EQ(typed(0, "-3"), "0-2 1-2 \"-3\" became 0: a threshold is 0 or more");
+  EXPECT_EQ(typed(1, "1"), "0-1 1-2 ");
+  EXPECT_EQ(typed(0, "2"), "1-1 1-2 \"2\" became 1: the range ends there");
+  EXPECT_EQ(typed(1, "0"), "0-0 1-2 \"1\" became 0: the buy range ends at 0");
   box[0].SetText("2");
-  world.Type(box[1], "1");
-  EXPECT_EQ(box[1].Text(), "2") << "to does not fall below from";
-  world.Type(box[3], "9");
-  EXPECT_EQ(box[3].Text(), "2");
+  EXPECT_EQ(typed(1, "1"), "2-2 1-2 \"1\" became 2: the range begins there");
+  EXPECT_EQ(typed(3, "9"), "2-2 1-2 \"9\" became 2: 2 signal files are combined");
+  EXPECT_EQ(typed(2, "one"), "2-2 one-2 \"one\" counts as 0");
 }
 
 TEST(FrmCalcSignals, TheOtherBoxesAreCheckedAsTheyAreLeft) {
@@ -128,7 +127,11 @@ TEST(FrmCalcSignals, ASignalFamilyLoadsBackAndAsksBeforeItOverlays) {
   EXPECT_EQ(world.NewMessages(),
             (Texts{kNoFile, "Please select a Signal Family File Name before saving"}));
   world.dialogs.save_answers = {world.Path("A.SFM")};
+  world.calc.cmdSigFamFile_Click();
+  EXPECT_EQ(world.frame.lblSigNote.Caption(),
+            "The list stays: " + world.Path("A.SFM") + ": File not found");
   world.calc.CmdSaveSigFam_Click();
+  EXPECT_EQ(world.frame.lblSigNote.Caption(), "2 signal files saved");
   EXPECT_EQ(world.File("A.SFM"), "\"ONE     \"\r\n\"TWO     \"\r\n");
   world.frame.lstSigFam.SetEntries({"LATE    "});
   world.dialogs.save_answers = {world.Path("A.SFM"), world.Path("A.SFM")};
@@ -183,14 +186,24 @@ TEST(FrmCalcSignals, ABoxThatParametersClearEmptiesWhatWasJustLoaded) {
   std::vector<std::string_view> too_long;
   const SignalParameters stored{
       .fnu_symbol = "SYM", .fnu_title = "Title", .detail_path = "d.sdt", .start_day = 0};
-  world.folder.Write("A.SPA", ParameterBytes(stored, too_long).substr(0, 323));
-  world.dialogs.open_answers = {{world.Path("A.SPA")}};
+  const std::string bytes = ParameterBytes(stored, too_long);
+  world.folder.Write("A.SPA", bytes.substr(0, 323));
+  world.folder.Write("B.SPA", bytes.substr(0, 300));
+  world.folder.Write("C.SPA", bytes);
+  world.dialogs.open_answers = {
+      {world.Path("A.SPA")}, {world.Path("B.SPA")}, {world.Path("C.SPA")}};
   world.Type(world.frame.txtStartDate, "02/01/2001");
   world.calc.cmdLoadParms_Click();
   EXPECT_EQ(world.frame.txtCompSymbol.Text(), "");
   EXPECT_EQ(world.frame.txtSigDetFile.Text(), "");
   EXPECT_EQ(world.frame.txtStartDate2.Text(), "1") << "an older file starts on day 1";
   EXPECT_EQ(world.frame.txtDelay.Text(), "1");
+  EXPECT_EQ(world.frame.lblSigNote.Caption(), "An older file: start day and delay are 1");
+  world.calc.cmdLoadParms_Click();
+  EXPECT_EQ(world.frame.lblSigNote.Caption(),
+            "The file has 300 bytes, a parameter file 327: check what the boxes hold");
+  world.calc.cmdLoadParms_Click();
+  EXPECT_EQ(world.frame.lblSigNote.Caption(), "There is no market day 0: it became 1");
   world.calc.cmdLoadParms_Click();
   world.calc.cmdSaveParms_Click();
   world.frame.txtSigRange[0].SetText("40000");
