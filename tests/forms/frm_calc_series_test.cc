@@ -10,11 +10,9 @@ namespace vistaplot {
 namespace {
 
 using test::CalcWorld;
+using test::kNoFile;
 using test::kWorldDays;
 using Texts = std::vector<std::string>;
-
-constexpr const char* kNoFile =
-    "No file selected, press OK to continue. Press cancel to select a file";
 
 TEST(FrmCalc, StartsWithAllDaysAndTheSettingsOfTheExchangeLine) {
   CalcWorld world;

@@ -10,11 +10,9 @@ namespace vistaplot {
 namespace {
 
 using test::CalcWorld;
+using test::kNoFile;
 using test::kWorldDays;
 using Texts = std::vector<std::string>;
-
-constexpr const char* kNoFile =
-    "No file selected, press OK to continue. Press cancel to select a file";
 
 /// Three signal files: ONE buys on day 11, TWO on day 21, both sell on day 31; LATE buys day 41.
 struct SignalWorld : CalcWorld {

@@ -9,6 +9,9 @@
 
 namespace vistaplot::test {
 
+inline constexpr const char* kNoFile =
+    "No file selected, press OK to continue. Press cancel to select a file";
+
 struct CalcWorld : ScreenWorld {
   FrmCalc& calc = screens.frmCalc;
 
