@@ -43,9 +43,9 @@ class SampleResults : public testing::Test {
 
   /// A script of the examples that draws no picture and writes `files` into the test's folder.
   std::string Example(const std::string& name, const std::vector<std::string>& files) const {
+    const std::string text = ReadWholeFile(kRoot + "/examples/" + name).Value();
     std::string script;
-    for (const std::string_view line :
-         Split(ReadWholeFile(kRoot + "/examples/" + name).Value(), '\n')) {
+    for (const std::string_view line : Split(text, '\n')) {
       if (!line.starts_with("export")) script.append(line).append("\n");
     }
     for (const std::string& file : files) {
