@@ -41,32 +41,6 @@ TEST(Correlation, EndsTwoDaysBefore) {
   EXPECT_GT(ComputeCorrelation(first.Chart(), second.Chart(), 4)[1], -0.99F);
 }
 
-TEST(Correlation, WithoutSpreadIsOne) {
-  const PriceHistory still{.prices = std::vector<float>(60, 5.0F), .history = 50};
-  const PriceHistory walk{.prices = test::CentWalk(60), .history = 50};
-  EXPECT_EQ(ComputeCorrelation(still.Chart(), walk.Chart(), 20)[5], 1.0F);
-}
-
-TEST(Correlation, HasNoValueWhereAReturnIsMissing) {
-  PriceHistory gap{.prices = test::CentWalk(70), .history = 50};
-  gap.prices[52] = -1.0F;  // chart day 3: missing in the returns of days 3 and 4
-  const PriceHistory walk{.prices = test::CentWalk(70), .history = 50};
-  const auto values = ComputeCorrelation(gap.Chart(), walk.Chart(), 10);
-  EXPECT_FALSE(std::isnan(values[3]));  // day 4 ends at the return of day 2
-  for (std::size_t i = 4; i <= 14; ++i) EXPECT_TRUE(std::isnan(values[i])) << i + 1;
-  EXPECT_FALSE(std::isnan(values[15]));
-}
-
-// Of 20 returns that end two days before, the first one from day 19 on lies in the history; the
-// oldest of them has no price before it.
-TEST(Correlation, WaitsForItsHistory) {
-  const PriceHistory world{.prices = test::CentWalk(40), .history = 3};
-  const auto values = ComputeCorrelation(world.Chart(), world.Chart(), 20);
-  for (std::size_t i = 0; i < 18; ++i) EXPECT_EQ(values[i], 0.0F) << i + 1;
-  EXPECT_TRUE(std::isnan(values[18]));
-  EXPECT_NEAR(values[19], 1.0F, 1e-5F);
-}
-
 TEST(Hurst, OfOneSeparateProgram) {
   const auto values = ComputeHurst(HundredDays().Chart(), {}, 0.0F).values;
   EXPECT_FLOAT_EQ(values[1], 0.42794928F);
@@ -86,15 +60,6 @@ TEST(Hurst, OfEqualReturnsIsZeroAndKeepsTheLastRange) {
   const auto series = ComputeHurst(still.Chart(), {}, 0.75F);
   for (const float value : series.values) EXPECT_NEAR(value, 0.0F, 1e-4F);
   EXPECT_EQ(series.last_y, 0.75F);
-}
-
-TEST(Hurst, IsZeroWhereTheWindowBeginsWithAMissingReturn) {
-  PriceHistory world{.prices = test::CentWalk(150), .history = 120};
-  world.prices[20] = -1.0F;  // chart day -99: the oldest return of days 1 and 2
-  const auto values = ComputeHurst(world.Chart(), {}, 0.0F).values;
-  EXPECT_EQ(values[0], 0.0F);
-  EXPECT_EQ(values[1], 0.0F);
-  EXPECT_NE(values[2], 0.0F);
 }
 
 TEST(Analyses, HaveNoValueForSettingsThatMakeNoSense) {

@@ -84,14 +84,6 @@ TEST(Spectrum, FindsTheCyclesOfADay) {
   EXPECT_EQ(spectrum.Power(7, 21), 0.0F);
 }
 
-TEST(Spectrum, OfTheFirstDayIsNotKept) {
-  const PriceHistory world = Cycles(24.0, 11.0, 130, 100);
-  const DailySpectrum spectrum = ComputeSpectrum(world.Chart(), 80, 5);
-  EXPECT_NEAR(spectrum.dominant[0], 24.0F, kLineTolerance);
-  for (int p = 1; p <= 80; ++p) EXPECT_EQ(spectrum.Power(p, 1), 0.0F);
-  EXPECT_EQ(spectrum.peaks[0][0], 0);
-}
-
 // Day 1 looks back on a constant, so that every day has order 1; a chart that begins a day later
 // does not.
 TEST(Spectrum, KeepsAnOrderOnceLowered) {
@@ -104,13 +96,6 @@ TEST(Spectrum, KeepsAnOrderOnceLowered) {
   const DailySpectrum whole = ComputeSpectrum(later.Chart(), 30, 15);
   EXPECT_EQ(lowered.Power(20, 100), first_order.Power(20, 99));
   EXPECT_NE(lowered.Power(20, 100), whole.Power(20, 99));
-}
-
-TEST(Spectrum, WithoutPolesIsFlat) {
-  const DailySpectrum spectrum = ComputeSpectrum(HundredDays().Chart(), 20, 0);
-  EXPECT_EQ(spectrum.dominant[5], 8.0F);
-  EXPECT_EQ(spectrum.Power(8, 5), spectrum.Power(20, 5));
-  EXPECT_EQ(spectrum.peaks[5][0], 0);
 }
 
 TEST(Spectrum, OfOneSeparateProgram) {

@@ -111,14 +111,5 @@ TEST(Bollinger, OfOneSeparateProgram) {
   EXPECT_EQ(ThreeDays(bands.lower), (std::vector<float>{45.2056427F, 45.7528534F, 53.050209F}));
 }
 
-// The sum of a fund that starts in the history is never complete: day -1 alone goes into it, day 0
-// enters when nothing leaves yet.
-TEST(Bollinger, KeepsTheSumOfAFundThatStartsLate) {
-  const PriceHistory world{.prices = {-1, -1, 12, 12, 12, 12, 12}, .history = 4};
-  const BollingerBands bands = ComputeBollinger(world.Chart(), 3);
-  ExpectSeries(bands.middle, {0.0F, 0.0F, 4.0F});
-  ExpectSeries(bands.upper, {0.0F, 0.0F, 4.0F + 16.0F});
-}
-
 }  // namespace
 }  // namespace vistaplot

@@ -45,54 +45,32 @@ TEST(IniSettings, ValuesReadBackLiterally) {
   EXPECT_EQ(again.Get("never", "fallback"), "fallback");
 }
 
-TEST(IniSettings, ALineBreakDoesNotBreakTheFile) {
+TEST(IniSettings, ALineBreakDoesNotBreakTheFileAndTwoProgramsKeepEachOthersLines) {
   const TemporaryFolder folder;
-  IniSettings settings(folder.Path("s.ini"));
-  ASSERT_TRUE(settings.Save("a", "1\r\n[other]\nb=2"));
-  ASSERT_TRUE(settings.Save("c", "3"));
-  const IniSettings again(folder.Path("s.ini"));
-  EXPECT_EQ(again.Get("a"), "1  [other] b=2");
-  EXPECT_EQ(again.Get("b", "none"), "none");
-  EXPECT_EQ(again.Get("c"), "3");
+  IniSettings one(folder.Path("s.ini"));
+  IniSettings two(folder.Path("s.ini"));
+  ASSERT_TRUE(one.Save("a", "1\r\n[other]\nb=2"));
+  ASSERT_TRUE(two.Save("c", "3"));
+  EXPECT_EQ(folder.Read("s.ini"), "[startup]\na=1  [other] b=2\nc=3\n");
+  EXPECT_EQ(two.Get("a"), "1  [other] b=2");
 }
 
 TEST(IniSettings, WhatOthersWroteStays) {
   const std::string before =
-      "; my notes\r\n"
-      "stray\r\n"
-      "[window]\r\n"
-      "qldir=not ours\r\n"
-      "\r\n"
-      "[Startup]\r\n"
-      "# the service\r\n"
-      "QLDir = /old\r\n"
-      "unknown=kept\r\n"
-      "\r\n"
-      "[later]\r\n"
-      "x=y";
+      "; my notes\r\nstray\r\n[window]\r\nqldir=not ours\r\n\r\n[Startup]\r\n# the service\r\n"
+      "QLDir = /old\r\nunknown=kept\r\n\r\n[later]\r\nx=y";
   const TemporaryFolder folder;
   const std::string path = folder.Write("s.ini", before);
   IniSettings settings(path);
   EXPECT_EQ(settings.Get("qldir"), "/old");
-
   ASSERT_TRUE(settings.Save("qldir", "/old"));
   EXPECT_EQ(folder.Read("s.ini"), before) << "nothing to write";
-
   std::string after = before;
   after.replace(after.find("QLDir = /old"), 12, "qldir=/new");
   after.insert(after.find("\r\n[later]"), "gain1=5\r\n");
   ASSERT_TRUE(settings.Save("qldir", "/new"));
   ASSERT_TRUE(settings.Save("gain1", "5"));
   EXPECT_EQ(folder.Read("s.ini"), after);
-}
-
-TEST(IniSettings, SaveKeepsWhatAnotherProgramWroteMeanwhile) {
-  const TemporaryFolder folder;
-  IniSettings one(folder.Path("s.ini"));
-  IniSettings two(folder.Path("s.ini"));
-  ASSERT_TRUE(one.Save("a", "1"));
-  ASSERT_TRUE(two.Save("b", "2"));
-  EXPECT_EQ(folder.Read("s.ini"), "[startup]\na=1\nb=2\n");
 }
 
 TEST(IniSettings, WhatBelongsTogetherIsStoredTogetherOrNotAtAll) {
@@ -137,8 +115,11 @@ TEST(IniSettings, TwoProgramsNeverMixTheirs) {
   EXPECT_EQ(ListFiles(folder.Path(), "*").Value(), std::vector<std::string>{"s.ini"});
 }
 
-TEST(IniSettings, ADeviceHoldsNothingAndStaysADevice) {
+TEST(IniSettings, ADeviceHoldsNothingAndStaysADeviceAndAFolderIsAnError) {
   const TemporaryFolder folder;
+  const std::string path = folder.MakeFolder("s.ini");
+  EXPECT_EQ(IniSettings(path).Save("a", "1").Error().subject, path);
+  EXPECT_TRUE(std::filesystem::is_directory(path));
   const std::string null = folder.NullDevice();
   if (null.empty()) return;
   IniSettings settings(null);
@@ -174,16 +155,6 @@ TEST(IniSettings, AFileThatIsNoTextIsKeptBesideTheNewOne) {
   EXPECT_EQ(folder.Read("s.ini.damaged"), "an earlier one");
   EXPECT_EQ(folder.Read("s.ini.damaged2"), binary);
   EXPECT_EQ(folder.Read("s.ini"), "[startup]\nb=2\n");
-}
-
-TEST(IniSettings, AFolderInItsPlaceIsAnErrorAndStays) {
-  const TemporaryFolder folder;
-  const std::string path = folder.MakeFolder("s.ini");
-  IniSettings settings(path);
-  const Status saved = settings.Save("a", "1");
-  ASSERT_FALSE(saved);
-  EXPECT_EQ(saved.Error().subject, path);
-  EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
+
 namespace vistaplot {
 namespace {
 
@@ -19,45 +21,22 @@ ParsedOptions Parse(const std::vector<const char*>& arguments, const Variables& 
 }
 
 TEST(Options, AbsentOnesComeFromTheEnvironment) {
-  struct Case {
-    Variables variables;
-    std::string quoteline;
-    std::string settings;
+  const auto folders = [](const Variables& variables) {
+    const Options options = Parse({}, variables).options;
+    return options.quoteline_dir + " " + options.settings_file;
   };
-  const std::vector<Case> cases = {
-      {{{"HOME", "/home/u"}},
-       "/home/u/.local/share/quoteline",
-       "/home/u/.config/vistaplot/settings.ini"},
-      {{{"HOME", "/home/u"}, {"XDG_DATA_HOME", "/data"}, {"XDG_CONFIG_HOME", "/conf"}},
-       "/data/quoteline",
-       "/conf/vistaplot/settings.ini"},
-      {{{"HOME", "/home/u"}, {"XDG_DATA_HOME", "/data"}, {"QUOTELINE_DIR", "/ql"}},
-       "/ql",
-       "/home/u/.config/vistaplot/settings.ini"},
-      {{{"HOME", "/home/u"}, {"XDG_DATA_HOME", ""}, {"XDG_CONFIG_HOME", ""}, {"QUOTELINE_DIR", ""}},
-       "/home/u/.local/share/quoteline",
-       "/home/u/.config/vistaplot/settings.ini"},
-      {{{"HOME", "/home/u"}, {"XDG_DATA_HOME", "data"}, {"XDG_CONFIG_HOME", "conf"}},
-       "/home/u/.local/share/quoteline",
-       "/home/u/.config/vistaplot/settings.ini"},
-  };
-  for (const Case& each : cases) {
-    const ParsedOptions parsed = Parse({}, each.variables);
-    EXPECT_EQ(parsed.options.quoteline_dir, each.quoteline);
-    EXPECT_EQ(parsed.options.settings_file, each.settings);
-  }
+  EXPECT_EQ(folders({{"HOME", "/home/u"}, {"XDG_DATA_HOME", ""}, {"XDG_CONFIG_HOME", "conf"}}),
+            "/home/u/.local/share/quoteline /home/u/.config/vistaplot/settings.ini");
+  EXPECT_EQ(folders({{"HOME", "/u"}, {"XDG_DATA_HOME", "/data"}, {"XDG_CONFIG_HOME", "/conf"}}),
+            "/data/quoteline /conf/vistaplot/settings.ini");
+  EXPECT_EQ(folders({{"HOME", "/u"}, {"XDG_DATA_HOME", "/data"}, {"QUOTELINE_DIR", "/ql"}}),
+            "/ql /u/.config/vistaplot/settings.ini");
 }
 
 TEST(Options, ValuesFollowOrStandBehindAnEqualsSign) {
-  const ParsedOptions parsed = Parse({"--quoteline=/a=b",
-                                      "--settings",
-                                      "s.ini",
-                                      "--display=640x480",
-                                      "--display",
-                                      "1920X1080",
-                                      "--batch",
-                                      "-"},
-                                     {{"QUOTELINE_DIR", "/other"}});
+  std::vector<const char*> words{"--quoteline=/a=b", "--settings", "s.ini", "--display=640x480"};
+  words.insert(words.end(), {"--display", "1920X1080", "--batch", "-"});
+  const ParsedOptions parsed = Parse(words, {{"QUOTELINE_DIR", "/other"}});
   ASSERT_TRUE(parsed.Ok()) << parsed.error;
   EXPECT_EQ(parsed.options.quoteline_dir, "/a=b");
   EXPECT_EQ(parsed.options.settings_file, "s.ini");
@@ -80,24 +59,20 @@ TEST(Options, WrongUseIsNamed) {
       {{"--settings", ""}, "--settings: a value is needed"},
       {{"--quoteline", "--batch", "x"}, "--quoteline: a value is needed"},
       {{"--batch", "a", "--script", "b"}, "--batch excludes --script"},
-      {{"--display", "640"}, "--display: \"640\" is no size in pixels such as 1280x960"},
-      {{"--display", "0x480"}, "--display: \"0x480\" is no size in pixels such as 1280x960"},
-      {{"--display", "640x-480"}, "--display: \"640x-480\" is no size in pixels such as 1280x960"},
-      {{"--display", "640x99999999999999999999"},
-       "--display: \"640x99999999999999999999\" is no size in pixels such as 1280x960"},
   };
   for (const auto& [arguments, error] : cases) EXPECT_EQ(Parse(arguments).error, error);
+  for (const std::string size : {"640", "0x480", "640x-480", "640x99999999999999999999"}) {
+    EXPECT_EQ(Parse({"--display", size.c_str()}).error,
+              "--display: \"" + size + "\" is no size in pixels such as 1280x960");
+  }
 }
 
 TEST(Options, HelpAndVersionAreTexts) {
   EXPECT_EQ(Parse({"--version"}).text, "Vistaplot 3.4.1\n");
   const std::string help = Parse({"--batch", "x", "--help"}).text;
-  for (const char* part : {"--quoteline DIR",
-                           "--settings FILE",
-                           "--display WxH",
-                           "--batch SCRIPT",
-                           "--script FILE",
-                           "1 a script error"}) {
+  for (const auto part : Split("--quoteline DIR|--settings FILE|--display WxH|--batch SCRIPT|"
+                               "--script FILE|1 a script error",
+                               '|')) {
     EXPECT_NE(help.find(part), std::string::npos) << part << help;
   }
 }

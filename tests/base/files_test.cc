@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/file_lock.h"
+#include "base/output_file.h"
 #include "support/child_process.h"
 #include "support/temporary_folder.h"
 
@@ -162,23 +163,39 @@ TEST(ListFiles, TakesRegularFilesInOrderWithCaseIgnored) {
 }
 
 TEST(MatchesPattern, ReadsStarsAndQuestionMarks) {
-  struct Case {
-    const char* name;
-    const char* pattern;
-    bool matches;
-  };
-  const std::vector<Case> cases = {{"growth.fam", "G*.FAM", true},
-                                   {"growth.fam.bak", "*.fam", false},
-                                   {"a.b.fam", "*.fam", true},
-                                   {"abcabd", "*ab?", true},
-                                   {"ab", "ab?", false},
-                                   {"\xC3\xBC.sig", "?.sig", true},
-                                   {"", "*", true},
-                                   {"a", "", false},
-                                   {"aaaaaaaaaaaaaaaaaaaaaaaaaaaaab", "*a*a*a*a*a*a*c", false}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(MatchesPattern(c.name, c.pattern), c.matches) << c.name << " " << c.pattern;
+  for (const auto& [name, pattern] :
+       std::vector<std::pair<const char*, const char*>>{{"growth.fam", "G*.FAM"},
+                                                        {"a.b.fam", "*.fam"},
+                                                        {"abcabd", "*ab?"},
+                                                        {"\xC3\xBC.sig", "?.sig"},
+                                                        {"", "*"}}) {
+    EXPECT_TRUE(MatchesPattern(name, pattern)) << name << " " << pattern;
   }
+  EXPECT_FALSE(MatchesPattern("growth.fam.bak", "*.fam"));
+  EXPECT_FALSE(MatchesPattern("ab", "ab?"));
+  EXPECT_FALSE(MatchesPattern("a", ""));
+  EXPECT_FALSE(MatchesPattern("aaaaaaaaaaaaaaaaaaaaaaaaaaaaab", "*a*a*a*a*a*a*c"));
+}
+
+TEST(OutputFile, TheOldFileIsWholeUntilTheNewOneIsDone) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old");
+  {
+    OutputFile file = std::move(OutputFile::Create(path).Value());
+    file.Bytes() = std::string(std::size_t{3} << 20U, 'x');
+    ASSERT_TRUE(file.Spill());
+    EXPECT_EQ(file.Bytes(), "") << "much is written out";
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+  }
+  EXPECT_EQ(folder.Read("a.txt"), "old") << "given up";
+  OutputFile file = std::move(OutputFile::Create(path).Value());
+  file.Bytes() = "new";
+  ASSERT_TRUE(file.Spill() && file.Finish());
+  EXPECT_EQ(folder.Read("a.txt"), "new");
+  EXPECT_EQ(ListFiles(folder.Path(), "*").Value().size(), 1U) << "nothing is left behind";
+  EXPECT_EQ(OutputFile::Create("").Error().number, kErrorFileNotFound);
+  EXPECT_EQ(OutputFile::Create(folder.Path("no/a")).Error().number, kErrorPathNotFound);
+  EXPECT_EQ(OutputFile::Create(folder.Path()).Error().number, kErrorPathFileAccess);
 }
 
 }  // namespace

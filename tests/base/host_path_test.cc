@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -70,18 +71,68 @@ TEST_F(HostPathTest, LeavesATextOfNoDriveAlone) {
 }
 
 TEST(RootsFromEnvironment, PrefersTheFolderOfDrivesThatIsNamed) {
-  const auto set = [](const char* name, const char* value) { ::setenv(name, value, 1); };
-  set("HOME", "/home/u");
-  set("VISTAPLOT_DRIVES", "");
-  set("XDG_DATA_HOME", "");
-  EXPECT_EQ(RootsFromEnvironment().drives_dir, "/home/u/.local/share/vistaplot/drives");
+  const auto drives_with = [](const char* name, const char* value) {
+    ::setenv(name, value, 1);
+    return RootsFromEnvironment().drives_dir;
+  };
+  ::setenv("HOME", "/home/u", 1);
+  ::setenv("VISTAPLOT_DRIVES", "", 1);
+  EXPECT_EQ(drives_with("XDG_DATA_HOME", ""), "/home/u/.local/share/vistaplot/drives");
   EXPECT_EQ(RootsFromEnvironment().wine_devices_dir, "/home/u/.wine/dosdevices");
-  set("XDG_DATA_HOME", "/data");
-  EXPECT_EQ(RootsFromEnvironment().drives_dir, "/data/vistaplot/drives");
-  set("XDG_DATA_HOME", "relative");
-  EXPECT_EQ(RootsFromEnvironment().drives_dir, "/home/u/.local/share/vistaplot/drives");
-  set("VISTAPLOT_DRIVES", "/drives");
-  EXPECT_EQ(RootsFromEnvironment().drives_dir, "/drives");
+  EXPECT_EQ(drives_with("XDG_DATA_HOME", "/data"), "/data/vistaplot/drives");
+  EXPECT_EQ(drives_with("XDG_DATA_HOME", "relative"), "/home/u/.local/share/vistaplot/drives");
+  EXPECT_EQ(drives_with("VISTAPLOT_DRIVES", "/drives"), "/drives");
+}
+
+using Variables = std::map<std::string, std::string>;
+
+TEST(UserFolders, AnUnsetEmptyOrRelativeVariableGivesTheSameAnswer) {
+  const Variables cases[] = {
+      {{"HOME", "/home/u"}},
+      {{"HOME", "/home/u"}, {"XDG_DATA_HOME", ""}, {"XDG_CONFIG_HOME", ""}, {"QUOTELINE_DIR", ""}},
+      {{"HOME", "/home/u"}, {"XDG_DATA_HOME", "data"}, {"XDG_CONFIG_HOME", "./conf"}}};
+  for (const Variables& variables : cases) {
+    const auto lookup = [&variables](const char* name) {
+      const auto found = variables.find(name);
+      return found == variables.end() ? nullptr : found->second.c_str();
+    };
+    EXPECT_EQ(DataFolder(lookup), "/home/u/.local/share");
+    EXPECT_EQ(ConfigFolder(lookup), "/home/u/.config");
+    EXPECT_EQ(DefaultServiceFolder(lookup), "/home/u/.local/share/quoteline");
+  }
+}
+
+TEST(UserFolders, WithoutAHomeTheAccountsOwnCounts) {
+  const std::string account = HomeFolder([](const char*) { return nullptr; });
+  EXPECT_TRUE(account.starts_with('/')) << account;
+  for (const char* home : {"", "here", "../u"}) {
+    EXPECT_EQ(HomeFolder([home](const char*) { return home; }), account) << home;
+  }
+}
+
+TEST(AbsolutePath, KeepsTheWayThroughLinks) {
+  const std::string here = std::filesystem::current_path().string();
+  EXPECT_EQ(AbsolutePath("/a/link/../b//./c/"), "/a/link/../b/c");
+  EXPECT_EQ(AbsolutePath("./x/.."), here + "/x/..");
+  EXPECT_EQ(AbsolutePath("/"), "/");
+}
+
+TEST(UserFolders, DocumentsLieWhereTheDesktopSaysElseInTheirUsualFolderElseAtHome) {
+  const test::TemporaryFolder home;
+  const std::string root = home.Path();
+  const auto lookup = [&root](std::string_view name) {
+    return name == "HOME" ? root.c_str() : nullptr;
+  };
+  EXPECT_EQ(DocumentsFolder(lookup), root);
+  home.MakeFolder("Documents");
+  EXPECT_EQ(DocumentsFolder(lookup), root + "/Documents");
+  home.MakeFolder("Texte");
+  home.MakeFolder(".config");
+  home.Write(".config/user-dirs.dirs",
+             "# written by the desktop\nXDG_DOCUMENTS_DIR=\"$HOME/Texte\"\n");
+  EXPECT_EQ(DocumentsFolder(lookup), root + "/Texte");
+  home.Write(".config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/gone\"\n");
+  EXPECT_EQ(DocumentsFolder(lookup), root + "/Documents");
 }
 
 }  // namespace

@@ -8,37 +8,35 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace vistaplot {
 namespace {
 
 TEST(NumberText, ShowsSevenDigitsWithoutExponent) {
-  struct Case {
-    float value;
-    const char* text;
-  };
-  const std::vector<Case> cases = {{0.0F, "0"},
-                                   {-0.0F, "0"},
-                                   {0.5F, "0.5"},
-                                   {-0.25F, "-0.25"},
-                                   {23.6F, "23.6"},
-                                   {100.0F, "100"},
-                                   {1.0F / 3.0F, "0.3333333"},
-                                   {1234567.0F, "1234567"},
-                                   {9999999.0F, "9999999"},
-                                   {12345678.0F, "12345680"},
-                                   {1e10F, "10000000000"},
-                                   {0.99999994F, "0.9999999"},
-                                   {1.00000012F, "1"},
-                                   {1e-5F, "0.00001"},
-                                   {1.5e-7F, "0.00000015"},
-                                   // Exactly halves of the seventh digit: to the even digit.
-                                   {262144.25F, "262144.2"},
-                                   {262144.75F, "262144.8"},
-                                   {16777215.0F, "16777220"},
-                                   {std::numeric_limits<float>::infinity(), "Infinity"}};
-  for (const Case& c : cases) EXPECT_EQ(NumberText(c.value), c.text);
+  const std::vector<std::pair<float, const char*>> cases = {
+      {0.0F, "0"},
+      {-0.0F, "0"},
+      {0.5F, "0.5"},
+      {-0.25F, "-0.25"},
+      {23.6F, "23.6"},
+      {100.0F, "100"},
+      {1.0F / 3.0F, "0.3333333"},
+      {1234567.0F, "1234567"},
+      {12345678.0F, "12345680"},
+      {1e10F, "10000000000"},
+      {0.99999994F, "0.9999999"},
+      {1.00000012F, "1"},
+      {1e-5F, "0.00001"},
+      {1.5e-7F, "0.00000015"},
+      // Exactly halves of the seventh digit: to the even digit.
+      {262144.25F, "262144.2"},
+      {262144.75F, "262144.8"},
+      {16777215.0F, "16777220"},
+      {std::numeric_limits<float>::infinity(), "Infinity"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value), text);
 }
 
 // The number of a cell must be what its text reads back as, to the last bit, in and around the
@@ -68,57 +66,47 @@ TEST(NumberText, SevenDigitValueIsWhatTheTextReadsBackAs) {
 }
 
 TEST(FixedText, RoundsTheExactValueHalfAwayFromZero) {
-  struct Case {
-    double value;
-    int decimals;
-    const char* text;
-  };
-  const std::vector<Case> cases = {{0.125, 2, "0.13"},
-                                   {-0.125, 2, "-0.13"},
-                                   {2.5, 0, "3"},
-                                   {0.5, 0, "1"},
-                                   {-0.4, 0, "0"},
-                                   {9.5, 0, "10"},
-                                   {99.9375, 3, "99.938"},
-                                   {1.005, 2, "1.00"},  // the binary value lies below 1.005
-                                   {-0.004, 2, "0.00"},
-                                   {999.995, 2, "1000.00"},  // above it
-                                   {4503599627370495.5, 0, "4503599627370496"},
-                                   {1234567.0, 2, "1234567.00"},
-                                   {1e22, 1, "10000000000000000000000.0"}};
-  for (const Case& c : cases) EXPECT_EQ(FixedText(c.value, c.decimals), c.text);
+  const std::vector<std::tuple<double, int, const char*>> cases = {
+      {0.125, 2, "0.13"},
+      {-0.125, 2, "-0.13"},
+      {2.5, 0, "3"},
+      {0.5, 0, "1"},
+      {-0.4, 0, "0"},
+      {9.5, 0, "10"},
+      {99.9375, 3, "99.938"},
+      {1.005, 2, "1.00"},  // the binary value lies below 1.005
+      {-0.004, 2, "0.00"},
+      {999.995, 2, "1000.00"},  // above it
+      {4503599627370495.5, 0, "4503599627370496"},
+      {1234567.0, 2, "1234567.00"},
+      {1e22, 1, "10000000000000000000000.0"}};
+  for (const auto& [value, decimals, text] : cases) EXPECT_EQ(FixedText(value, decimals), text);
 }
 
 TEST(LeadingNumber, ReadsTheNumberThatTheTextBeginsWith) {
-  struct Case {
-    const char* text;
-    double number;
-    bool is_whole;
-  };
-  const std::vector<Case> cases = {{"12 days", 12, false},
-                                   {"  -3.25 ", -3.25, true},
-                                   {"+7", 7, true},
-                                   {".5", 0.5, true},
-                                   {"5.", 5, true},
-                                   {"-.5", -0.5, true},
-                                   {"1e3", 1000, true},
-                                   {"1E+2x", 100, false},
-                                   {"2e", 2, false},
-                                   {"1,5", 1, false},
-                                   {"", 0, false},
-                                   {".", 0, false},
-                                   {"-", 0, false},
-                                   {"+-1", 0, false},
-                                   {"abc", 0, false},
-                                   {"nan", 0, false},
-                                   {"0x10", 0, false},
-                                   {"9007199254740993", 9007199254740992.0, true},
-                                   {"0.1000000000000000055511151231257827", 0.1, true},
-                                   {"1e-999", 0, true},
-                                   {"-1e999", -std::numeric_limits<double>::infinity(), true}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(LeadingNumber(c.text), c.number) << c.text;
-    EXPECT_EQ(WholeNumber(c.text).has_value(), c.is_whole) << c.text;
+  const std::vector<std::pair<const char*, double>> whole = {
+      {"  -3.25 ", -3.25},
+      {"+7", 7},
+      {".5", 0.5},
+      {"5.", 5},
+      {"-.5", -0.5},
+      {"1e3", 1000},
+      {"9007199254740993", 9007199254740992.0},
+      {"0.1000000000000000055511151231257827", 0.1},
+      {"1e-999", 0},
+      {"-1e999", -std::numeric_limits<double>::infinity()}};
+  for (const auto& [text, number] : whole) {
+    EXPECT_EQ(LeadingNumber(text), number) << text;
+    EXPECT_EQ(WholeNumber(text), number) << text;
+  }
+  for (const auto& [text, number] : std::vector<std::pair<const char*, double>>{
+           {"12 days", 12}, {"1E+2x", 100}, {"2e", 2}, {"1,5", 1}}) {
+    EXPECT_EQ(LeadingNumber(text), number) << text;
+    EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
+  }
+  for (const char* text : {"", ".", "-", "+-1", "abc", "nan", "0x10"}) {
+    EXPECT_EQ(LeadingNumber(text), 0) << text;
+    EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
   }
 }
 

@@ -8,65 +8,43 @@
 #include <vector>
 
 #include "app/program.h"
+#include "batch/script_commands.h"
 #include "batch/script_dialogs.h"
 #include "batch/script_runner.h"
 #include "batch/state_dump.h"
-#include "formats/family_file.h"
-#include "support/fake_quoteline.h"
-#include "support/memory_settings.h"
-#include "support/recording_output.h"
-#include "support/temporary_folder.h"
+#include "support/screen_world.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
 
-using test::TemporaryFolder;
-
-constexpr int kDays = 60;
-
-// The whole program over three issues of 60 days from 1 January 2001, one family "TRIO".
+// The whole program under scripts, over the service of the test world.
 struct ScriptedProgram {
-  TemporaryFolder folder;
-  test::FakeQuoteline quoteline;
-  test::MemorySettings settings;
+  ScreenWorld world;
   std::ostringstream out;
   std::ostringstream err;
   AnswerQueue answers;
   ScriptDialogs dialogs{answers, out};
   ScriptHost host{DisplayInTwips(kBatchDisplay)};
-  test::RecordingOutput output;
-  Program program{{.quoteline = quoteline,
-                   .settings = settings,
+  Program program{{.quoteline = world.quoteline,
+                   .settings = world.settings,
                    .dialogs = dialogs,
                    .host = host,
-                   .output = output,
+                   .output = world.output,
                    .program_dir = "/opt/vistaplot",
                    .roots = {}}};
-  ScriptWorld world{program.Forms(),
-                    program.State().table,
-                    host,
-                    answers,
-                    [this] { return StateJson(program.State()); },
-                    {},
-                    out,
-                    err};
-
-  ScriptedProgram() {
-    quoteline.directory = folder.Path();
-    quoteline.SetDays(SerialFromDate({2001, 1, 1}), kDays);
-    const std::vector<std::string> symbols{"AAA", "BBB", "CCC"};
-    for (const std::string& symbol : symbols) {
-      quoteline.AddIssue(symbol, std::vector<float>(kDays, 10.0F));
-    }
-    for (const char* name : {"QLDEF", "QL4WIN/SQLDEF", "USERDEF"}) folder.MakeFolder(name);
-    const FamilyHeader header{.name = "TRIO", .title = "Three", .count = 0, .rest = {}};
-    folder.Write("USERDEF/TRIO.FAM", FamilyFileBytes(header, symbols).Value());
-  }
+  ScriptWorld script_world{program.Forms(),
+                           program.State().table,
+                           host,
+                           answers,
+                           [this] { return StateJson(program.State()); },
+                           {},
+                           out,
+                           err};
 
   int Run(const std::string& lines) {
     out.str("");
     std::istringstream script(lines);
-    return ScriptRunner(world, "s").Run(script, [this] { program.Start(); });
+    return ScriptRunner(script_world, "s").Run(script, [this] { program.Start(); });
   }
 };
 
@@ -77,7 +55,7 @@ TEST(Batch, AScriptLoadsAFamilyAndChartsTwoFunds) {
                       "select frmTab.lstIndex =TRIO\n"
                       "click frmTab.cmdLoadData\n"
                       "sheet 1\n"
-                      "cells 1 2 61 3\n"
+                      "cells 1 2 301 3\n"
                       "click frmMain.mnuFileGraph\n"
                       "dump state\n"
                       "dump sheet 1 -\n"),
@@ -87,11 +65,11 @@ TEST(Batch, AScriptLoadsAFamilyAndChartsTwoFunds) {
   EXPECT_TRUE(
       text.starts_with("{\"message\": {\"title\": \"\", \"text\": \"Please load a Zephyrine"))
       << text;
-  EXPECT_NE(text.find("\r\n03/01/2001,10,10,10\r\n"), std::string::npos);
+  EXPECT_NE(text.find("\r\n10/27/2001,399,12.625,110\r\n"), std::string::npos);
   const std::size_t state = text.find("{\"MaxDays\"");
   const auto parsed = nlohmann::json::parse(text.substr(state, text.find('\n', state) - state));
-  EXPECT_EQ(parsed["MaxNumDays"], kDays);
-  EXPECT_EQ(parsed["QuotelineDir"], batch.folder.Path());
+  EXPECT_EQ(parsed["MaxNumDays"], kWorldDays);
+  EXPECT_EQ(parsed["QuotelineDir"], batch.world.folder.Path());
   ASSERT_EQ(parsed["SelectedColumns"].size(), 2U);
   EXPECT_EQ(parsed["SelectedColumns"][1], 3);
   EXPECT_EQ(parsed["ResultFileLoaded"], true);
@@ -108,11 +86,9 @@ TEST(Batch, ScreensFillTheDisplayOfTheRun) {
   ScriptedProgram batch;
   ASSERT_EQ(batch.Run("dump frmTab.cboDataType"), 0);
   const auto half = nlohmann::json::parse(batch.out.str());
-  ScriptedProgram design;
-  ScriptHost host(DisplayInTwips({640, 480}));
-  Program program({design.quoteline, design.settings, design.dialogs, host, design.output, "", {}});
-  program.Start();
-  const Place& place = program.FindForm("frmTab")->Find("cboDataType")->Where();
+  ScreenWorld design;
+  design.Start();
+  const Place& place = design.screens.frmTab.cboDataType.Where();
   EXPECT_EQ(half["left"].get<double>(), static_cast<double>(2.0F * *place.Left));
   EXPECT_EQ(half["width"].get<double>(), static_cast<double>(2.0F * *place.Width));
 }
@@ -142,5 +118,83 @@ TEST(Batch, AServiceThatIsNotThereEndsTheRunWithStatus3) {
             "vistaplot: cannot read the script " + folder.Path("no.txt") + ": File not found\n");
 }
 
+/// The desktop's side is recorded; the script is in a file.
+struct DesktopWorld {
+  ScreenWorld world;
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  int lines = 0;                ///< that were told to be done
+  int last_line = 0;            ///< the desktop wants no more after it; 0: all
+  std::vector<bool> esc_stops;  ///< a run: after each line, and once the script is over
+  BatchStreams streams{.in = in, .out = out, .err = err};
+
+  // Plays `script` to its end in a program of its own; null when its file cannot be read.
+  void Play(const std::string& script) {
+    world.folder.Write("script.vps", script);
+    auto player = MakeWindowScript(world.folder.Path("script.vps"), {}, streams);
+    ASSERT_TRUE(player);
+    FormHost& host = player.Value()->Over(world.host);
+    Program program({.quoteline = world.quoteline,
+                     .settings = world.settings,
+                     .dialogs = player.Value()->Over(world.dialogs),
+                     .host = host,
+                     .output = player.Value()->Over(world.output),
+                     .program_dir = world.folder.Path(),
+                     .roots = {}});
+    program.Start();
+    world.host.stop_wanted = true;
+    player.Value()->Play(program, [&] {
+      esc_stops.push_back(host.StopWanted());
+      return ++lines != last_line;
+    });
+    esc_stops.push_back(host.StopWanted());
+    program.AllScreens().frmMain.mnuHelpAbout_Click();  // by now the boxes are the desktop's
+  }
+};
+
+TEST(WindowScript, AnErrorIsToldInABoxAndTheProgramGoesOn) {
+  DesktopWorld desktop;
+  desktop.Play("click FrmMain.mnuHelpAbout\nset frmTab.cboDataType\n");
+  const std::vector<std::string> texts = desktop.world.dialogs.Texts();
+  ASSERT_EQ(texts.size(), 2U);
+  EXPECT_NE(texts[0].find("script.vps:2: "), std::string::npos) << texts[0];
+  EXPECT_EQ(desktop.err.str(), texts[0] + "\n");
+  EXPECT_NE(desktop.out.str().find("Vistaplot version 3.4.1"), std::string::npos);
+  EXPECT_EQ(texts[1], "Vistaplot version 3.4.1");
+}
+
+TEST(WindowScript, PrintsNothingWhileItPlays) {
+  DesktopWorld desktop;
+  desktop.Play(
+      "set frmTab.cboDataType 1\n"
+      "select frmTab.lstIndex 0\n"
+      "click frmTab.cmdLoadData\n"
+      "click FrmMain.cmdShowData\n"
+      "click FrmMain.mnuFilePrint\n");
+  EXPECT_EQ(desktop.lines, 5);
+  EXPECT_TRUE(desktop.world.output.calls.empty());
+  EXPECT_NE(desktop.out.str().find("The sheet was not printed: a script has no printer"),
+            std::string::npos)
+      << desktop.out.str() << desktop.err.str();
+}
+
+TEST(WindowScript, StopsWithoutAWordAboutWhatIsLeft) {
+  DesktopWorld desktop;
+  desktop.last_line = 2;
+  desktop.Play("answer ok\nclick FrmMain.cmdShowData\nclick FrmMain.cmdShowGraph\n");
+  EXPECT_EQ(desktop.lines, 2);
+  EXPECT_EQ(desktop.esc_stops, (std::vector<bool>{false, false, true}));
+  EXPECT_EQ(desktop.err.str(), "");
+  EXPECT_EQ(desktop.world.dialogs.Texts(), std::vector<std::string>{"Vistaplot version 3.4.1"});
+}
+
+TEST(WindowScript, AFileThatCannotBeReadIsRefusedAtOnce) {
+  DesktopWorld desktop;
+  const auto player = MakeWindowScript(desktop.world.folder.Path("none.vps"), {}, desktop.streams);
+  ASSERT_FALSE(player);
+  EXPECT_NE(PlainText(player.Error()).find("none.vps: File not found"), std::string::npos);
+}
+
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -7,15 +7,13 @@
 #include <vector>
 
 #include "batch/comparison.h"
+#include "batch/json_writer.h"
 #include "batch/script_commands.h"
 #include "support/script_screen.h"
 #include "support/temporary_folder.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
-
-using test::ScriptStage;
-using test::TemporaryFolder;
 
 void FillSheet(Sheet& sheet) {
   sheet.SheetName = "Funds";
@@ -54,9 +52,8 @@ TEST(Dump, AReadingIsWhatTheReadOutLineSays) {
   FillChart(view);
   view.facts.unit = ValueUnit::kChange;
   view.facts.Series(1) = {.name = {}, .role = {}, .parent = 0, .base = 50.0, .last_price_row = {}};
-  EXPECT_EQ(stage.Run("dump reading frmTest.VtChart1 1"), 0) << stage.err.str();
   EXPECT_EQ(
-      stage.out.str(),
+      stage.Output("dump reading frmTest.VtChart1 1"),
       "{\"reading\": {\"at\": \"1/5/90\", \"row\": 1, \"series\": [{\"name\": \"C1\", \"text\": "
       "\"55 +10.00%\", \"value\": 55, \"percent\": 10}]}}\n");
   EXPECT_EQ(stage.Run("dump reading frmTest.VtChart1 4"), 1);
@@ -66,10 +63,9 @@ TEST(Dump, AReadingIsWhatTheReadOutLineSays) {
 TEST(Dump, ASheetIsCsvAsItStands) {
   ScriptStage stage;
   FillSheet(stage.table.SheetAt(1));
-  EXPECT_EQ(stage.Run("dump sheet 1 -"), 0) << stage.err.str();
-  EXPECT_EQ(stage.out.str(), "\"Name, \"\"full\"\"\",ABC\r\n\" x\r\ny\",12.34\r\n,-1\r\n");
-  EXPECT_EQ(stage.Run("dump sheets"), 0);
-  EXPECT_EQ(stage.out.str(),
+  EXPECT_EQ(stage.Output("dump sheet 1 -"),
+            "\"Name, \"\"full\"\"\",ABC\r\n\" x\r\ny\",12.34\r\n,-1\r\n");
+  EXPECT_EQ(stage.Output("dump sheets"),
             "{\"sheets\": [{\"number\": 1, \"name\": \"Funds\", \"MaxRow\": 3, \"MaxCol\": 2, "
             "\"FixedRows\": 1, \"FixedCols\": 0}], \"active\": 1}\n");
 }
@@ -121,55 +117,47 @@ TEST(Dump, AControlTellsWhatItsKindHas) {
        R"("visible": true, "enabled": true, "left": 0, "top": 0, "width": 15, "height": 15})"},
   };
   for (const auto& [name, json] : cases) {
-    EXPECT_EQ(stage.Run("dump " + name), 0) << stage.err.str();
-    EXPECT_EQ(stage.out.str(), json + "\n");
+    EXPECT_EQ(stage.Output("dump " + name), json + "\n");
   }
-}
-
-TEST(Dump, AFileThatCannotBeWrittenIsNamed) {
-  const TemporaryFolder folder;
-  ScriptStage stage;
-  EXPECT_EQ(stage.Run("dump sheet 1 " + folder.Path("none/a.csv")), 1);
-  EXPECT_EQ(stage.err.str(),
-            "s:1: cannot write " + folder.Path("none/a.csv") + ": Path not found\n");
 }
 
 TEST(Expect, AnEarlierDumpHoldsUntilSomethingChanges) {
   const TemporaryFolder folder;
   ScriptStage stage;
-  FillSheet(stage.table.SheetAt(1));
-  FillChart(stage.frmTest.VtChart1.view);
+  Sheet& cells = stage.table.SheetAt(1);
+  ChartView& view = stage.frmTest.VtChart1.view;
+  FillSheet(cells);
+  FillChart(view);
   const std::string sheet = " sheet 1 " + folder.Path("a.csv");
   const std::string chart = " chart frmTest.VtChart1 " + folder.Path("a.json");
-  EXPECT_EQ(stage.Run("dump" + sheet + "\ndump" + chart), 0) << stage.err.str();
-  EXPECT_EQ(stage.Run("expect" + sheet + "\nexpect" + chart), 0) << stage.err.str();
-
-  stage.table.SheetAt(1).SetCellText(2, 2, "12.35");
-  stage.frmTest.VtChart1.view.SetData(1, 1, 0.101, false);
-  EXPECT_EQ(stage.Run("expect" + sheet), 1);
-  EXPECT_EQ(stage.err.str(),
+  EXPECT_EQ(stage.Output("dump" + sheet + "\ndump" + chart), "");
+  EXPECT_EQ(stage.Output("expect" + sheet + "\nexpect" + chart), "");
+  cells.SetCellText(2, 2, "12.35");
+  view.SetData(1, 1, 0.101, false);
+  EXPECT_EQ(stage.Refusal("expect" + sheet),
             "sheet 1, row 2, column 2: \"12.34\" expected, \"12.35\" found\n"
             "s:1: sheet 1 differs in 1 place\n");
-  EXPECT_EQ(stage.Run("expect" + chart), 1);
-  EXPECT_EQ(stage.err.str(),
+  EXPECT_EQ(stage.Refusal("expect" + chart),
             "chart frmTest.VtChart1, data[1][1]: 0.1 expected, 0.101 found\n"
             "s:1: chart frmTest.VtChart1 differs in 1 place\n");
   EXPECT_EQ(stage.Run("expect" + sheet + " within 0.001\nexpect" + chart + " within 0.01"), 0);
-
-  stage.table.SheetAt(1).MaxRow = 2;
-  EXPECT_EQ(stage.Run("expect" + sheet + " within 1"), 1);
-  EXPECT_EQ(stage.err.str(),
-            "sheet 1, 3 rows expected, 2 found\ns:1: sheet 1 differs in 1 place\n");
-  stage.table.SheetAt(1).MaxRow = 4;
-  EXPECT_EQ(stage.Run("expect" + sheet + " within 1"), 1);
-  EXPECT_EQ(stage.err.str(),
-            "sheet 1, 3 rows expected, 4 found\ns:1: sheet 1 differs in 1 place\n");
-  stage.frmTest.VtChart1.view.Footnote.Text = "G";
-  stage.frmTest.VtChart1.view.rowcount(2);
-  EXPECT_EQ(stage.Run("expect" + chart + " within 0.01"), 1);
-  EXPECT_NE(stage.err.str().find("Footnote: \"F\" expected, \"G\" found\n"), std::string::npos);
-  EXPECT_NE(stage.err.str().find("data: a list of 3 expected, a list of 2 found\n"),
+  for (const int rows : {2, 4}) {
+    cells.MaxRow = rows;
+    EXPECT_EQ(stage.Refusal("expect" + sheet + " within 1"),
+              "sheet 1, 3 rows expected, " + std::to_string(rows) +
+                  " found\ns:1: sheet 1 differs in 1 place\n");
+  }
+  cells.MaxCol = 1;
+  EXPECT_NE(stage.Refusal("expect" + sheet + " within 1")
+                .find("sheet 1, row 1: 2 columns expected, 1 found\n"),
             std::string::npos);
+  view.Footnote.Text = "G";
+  view.rowcount(2);
+  const std::string told = stage.Refusal("expect" + chart + " within 0.01");
+  EXPECT_NE(told.find("Footnote: \"F\" expected, \"G\" found\n"), std::string::npos);
+  EXPECT_NE(told.find("data: a list of 3 expected, a list of 2 found\n"), std::string::npos);
+  EXPECT_EQ(stage.Refusal("dump sheet 1 " + folder.Path("none/a.csv")),
+            "s:1: cannot write " + folder.Path("none/a.csv") + ": Path not found\n");
 }
 
 TEST(Expect, OnlyTheFirstDifferencesAreTold) {
@@ -187,25 +175,65 @@ TEST(Expect, WhatIsNoDumpIsRefused) {
   const TemporaryFolder folder;
   ScriptStage stage;
   const std::string path = folder.Write("a.json", "{\"a\": ");
-  EXPECT_EQ(stage.Run("expect chart frmTest.VtChart1 " + path), 1);
-  EXPECT_EQ(stage.err.str(),
+  EXPECT_EQ(stage.Refusal("expect chart frmTest.VtChart1 " + path),
             "s:1: " + path +
                 " is no dump: line 1, column 7: syntax error while parsing value - unexpected "
                 "end of input; expected '[', '{', or a literal\n");
-  EXPECT_EQ(stage.Run("expect sheet 1 " + path + " within -1"), 1);
-  EXPECT_EQ(stage.err.str(), "s:1: within: \"-1\" is no relative tolerance such as 1e-6\n");
-  EXPECT_EQ(stage.Run("expect sheet 1 " + folder.Path("none.csv")), 1);
-  EXPECT_EQ(stage.err.str(), "s:1: cannot read " + folder.Path("none.csv") + ": File not found\n");
+  EXPECT_EQ(stage.Refusal("expect sheet 1 " + path + " within -1"),
+            "s:1: within: \"-1\" is no relative tolerance such as 1e-6\n");
+  EXPECT_EQ(stage.Refusal("expect sheet 1 " + folder.Path("none.csv")),
+            "s:1: cannot read " + folder.Path("none.csv") + ": File not found\n");
 }
 
 TEST(Export, SizeIsTheChartsOwnUnlessItIsGiven) {
   ScriptStage stage;
-  EXPECT_EQ(stage.Run("export chart frmTest.VtChart1 a.png"), 0) << stage.err.str();
-  EXPECT_EQ(stage.exported, "a.png 100x50");
-  EXPECT_EQ(stage.Run("export chart frmTest.VtChart1 a.svg size 640 480"), 0);
-  EXPECT_EQ(stage.exported, "a.svg 640x480");
-  EXPECT_EQ(stage.Run("export chart frmTest.VtChart1 a.svg size 640"), 1);
+  const std::string line = "export chart frmTest.VtChart1 a.";
+  EXPECT_EQ(stage.Output(line + "png") + stage.exported, "a.png 100x50");
+  EXPECT_EQ(stage.Output(line + "svg size 640 480") + stage.exported, "a.svg 640x480");
+  EXPECT_EQ(stage.Run(line + "svg size 640"), 1);
+}
+
+TEST(Json, WritesOneLineThatReadsBackExactly) {
+  JsonWriter json;
+  json.BeginObject().Key("a").Number(0.1F).Key("b").BeginArray().Number(0.1).Null();
+  json.Number(std::numeric_limits<double>::quiet_NaN()).Bool(true).BeginObject().EndObject();
+  const std::string line = json.EndArray().Key("t\"").Text("x\r\n\xE4").EndObject().Take();
+  EXPECT_EQ(line,
+            "{\"a\": 0.1, \"b\": [0.1, null, null, true, {}], \"t\\\"\": \"x\\r\\n\xC3\xA4\"}");
+  const auto parsed = nlohmann::json::parse(line);
+  EXPECT_EQ(parsed["b"][0].get<double>(), 0.1);
+  EXPECT_EQ(parsed["t\""], "x\r\n\xC3\xA4");
+}
+
+TEST(Json, DifferencesAreNamedByTheirPath) {
+  const auto compared = CompareJson(R"({"a": [1, 2.0, "x"], "b": null, "c": {"d": true}})",
+                                    R"({"c": {"d": 1}, "a": [1.0, 2.1, "y\n"], "e": []})",
+                                    0.01);
+  ASSERT_TRUE(compared.Ok());
+  EXPECT_EQ(compared.Value().told,
+            (std::vector<std::string>{"a[2]: 2 expected, 2.1 found",
+                                      "a[3]: \"x\" expected, \"y\n\" found",
+                                      "b: null expected, nothing found",
+                                      "c.d: true expected, 1 found",
+                                      "e: nothing expected, a list of 0 found"}));
+  EXPECT_EQ(CompareJson("[1, 2.1]", "[1.0, 2.1000001]", 1e-6).Value().count, 0);
+}
+
+TEST(Json, WhatIsNoDumpIsNamedWithItsPlaceOnOneShortLine) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"", "line 1, column 1: "},
+      {"{\"a\": 1,\n \"b\" 2}", "line 2, column 6: "},
+      {"[1, 2", "line 1, column 6: "},
+      {std::string(1'000'000, '['), "line 1, column 1000001: "},
+      {"\"" + std::string(1'000'000, 'x') + "\n", "line 2, column 0: "},
+  };
+  for (const auto& [text, error] : cases) {
+    const auto compared = CompareJson(text, "1", 0.0);
+    ASSERT_FALSE(compared.Ok());
+    EXPECT_TRUE(compared.Error().description.starts_with(error)) << compared.Error().description;
+    EXPECT_LT(compared.Error().description.size(), 200U);
+  }
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -66,24 +66,18 @@ class SampleResults : public testing::Test {
 };
 
 TEST_F(SampleResults, EveryKindIsImported) {
-  struct Case {
-    const char* type;
-    const char* file;
-    const char* extent;
-  };
-  const Case cases[] = {{"0", "SAMPLE.SUM", "\"MaxRow\": 102, \"MaxCol\": 17, \"FixedRows\": 2"},
-                        {"2", "SAMPLE.VX1", "\"MaxRow\": 101, \"MaxCol\": 8, \"FixedRows\": 1"},
-                        {"3", "sample.txt", "\"MaxRow\": 102, \"MaxCol\": 9, \"FixedRows\": 2"},
-                        {"4", "SAMPLE.SSM", "\"MaxRow\": 102, \"MaxCol\": 10, \"FixedRows\": 2"},
-                        {"5", "SAMPLE.SDT", "\"MaxRow\": 62, \"MaxCol\": 5, \"FixedRows\": 2"}};
-  folder_.Write(
-      "settings.ini",
-      "[startup]\nzpdir=C:\\QL\\RESULTS\nvxdir=C:\\QL\\RESULTS\nkestrldir=C:\\QL\\RESULTS\n");
-  for (const Case& c : cases) {
+  const std::pair<std::string, const char*> cases[] = {
+      {"0 SAMPLE.SUM", "\"MaxRow\": 102, \"MaxCol\": 17, \"FixedRows\": 2"},
+      {"2 SAMPLE.VX1", "\"MaxRow\": 101, \"MaxCol\": 8, \"FixedRows\": 1"},
+      {"3 sample.txt", "\"MaxRow\": 102, \"MaxCol\": 9, \"FixedRows\": 2"},
+      {"4 SAMPLE.SSM", "\"MaxRow\": 102, \"MaxCol\": 10, \"FixedRows\": 2"},
+      {"5 SAMPLE.SDT", "\"MaxRow\": 62, \"MaxCol\": 5, \"FixedRows\": 2"}};
+  folder_.Write("settings.ini", "[startup]\nzpdir=C:\\QL\nvxdir=C:\\QL\nkestrldir=C:\\QL\n");
+  for (const auto& [file, extent] : cases) {
     const std::string out =
-        Run(std::string("set frmTab.cboDataType ") + c.type + "\nanswer open C:\\QL\\RESULTS\\" +
-            c.file + "\nclick frmTab.cmdFileName\ndump sheets\n");
-    EXPECT_NE(out.find(c.extent), std::string::npos) << out;
+        Run("set frmTab.cboDataType " + file.substr(0, 1) + "\nanswer open C:\\QL\\RESULTS\\" +
+            file.substr(2) + "\nclick frmTab.cmdFileName\ndump sheets\n");
+    EXPECT_NE(out.find(extent), std::string::npos) << out;
     EXPECT_EQ(out.find("\"message\""), std::string::npos) << out;
   }
 }

@@ -5,15 +5,16 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "batch/script_commands.h"
 #include "batch/script_dialogs.h"
 #include "batch/script_line.h"
 #include "support/script_screen.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
-
-using test::ScriptStage;
 
 TEST(ScriptRunner, AModalFormTakesTheLinesUntilItIsClosed) {
   ScriptStage stage;
@@ -29,8 +30,7 @@ TEST(ScriptRunner, AModalFormTakesTheLinesUntilItIsClosed) {
             0);
   EXPECT_EQ(stage.frmTest.log, "before\nafter yes\nchecked\n");
 
-  EXPECT_EQ(stage.Run("click frmTest.cmdGo\nset frmTest.chkMem 0\n"), 1);
-  EXPECT_EQ(stage.err.str(),
+  EXPECT_EQ(stage.Refusal("click frmTest.cmdGo\nset frmTest.chkMem 0\n"),
             "s:2: frmTest.chkMem cannot be used while frmAsk is open: close it first\n");
   EXPECT_EQ(stage.frmTest.log, "before\n") << "the handler was left where it was";
 }
@@ -50,18 +50,18 @@ TEST(ScriptRunner, AWordWithoutMeasureIsRefusedInOneShortLine) {
   }
 }
 
-TEST(ScriptRunner, TheEndInsideAModalFormIsAnError) {
+TEST(ScriptRunner, WhatIsLeftOpenOrUnansweredAtTheEndIsAnError) {
   ScriptStage stage;
   stage.frmTest.cmdGo.Click = [&stage] { stage.frmAsk.ShowModal(); };
-  EXPECT_EQ(stage.Run("click frmTest.cmdGo\nset frmAsk.txtAnswer x\n"), 1);
-  EXPECT_EQ(stage.err.str(), "s:2: the script ends while frmAsk is open\n");
-}
-
-TEST(ScriptRunner, LeftOverAnswersAreAnErrorOfTheirLine) {
-  ScriptStage stage;
-  EXPECT_EQ(stage.Run("\nanswer open a.SUM b.SUM\nanswer ok\n"), 1);
-  EXPECT_EQ(stage.err.str(),
+  EXPECT_EQ(stage.Refusal("click frmTest.cmdGo\nset frmAsk.txtAnswer x\n"),
+            "s:2: the script ends while frmAsk is open\n");
+  ScriptStage other;
+  EXPECT_EQ(other.Refusal("\nanswer open a.SUM b.SUM\nanswer ok\n"),
             "s:2: nothing asked for this answer: open \"a.SUM\", nor for 1 more\n");
+  other.answers = {};
+  other.frmTest.cmdGo.Click = [] { throw std::runtime_error("no memory"); };
+  EXPECT_EQ(other.Refusal("set frmTest.chkMem 1\nclick frmTest.cmdGo\n"),
+            "s:2: the program failed: no memory\n");
 }
 
 TEST(ScriptRunner, ExitEndsTheRunAndAFatalErrorSaysSo) {
@@ -75,13 +75,6 @@ TEST(ScriptRunner, ExitEndsTheRunAndAFatalErrorSaysSo) {
   }
 }
 
-TEST(ScriptRunner, AFailureInsideTheProgramNamesItsLine) {
-  ScriptStage stage;
-  stage.frmTest.cmdGo.Click = [] { throw std::runtime_error("no memory"); };
-  EXPECT_EQ(stage.Run("set frmTest.chkMem 1\nclick frmTest.cmdGo\n"), 1);
-  EXPECT_EQ(stage.err.str(), "s:2: the program failed: no memory\n");
-}
-
 TEST(ScriptRunner, GridCommandsReachTheTable) {
   ScriptStage stage;
   stage.table.SetSheetCount(2);
@@ -92,11 +85,91 @@ TEST(ScriptRunner, GridCommandsReachTheTable) {
   EXPECT_EQ(stage.frmData.clicked, (std::vector<int>{'r', 4, 0}));
   EXPECT_EQ(stage.Run("lclick 1 2"), 0);
   EXPECT_EQ(stage.frmData.clicked, (std::vector<int>{'l', 1, 2}));
-  EXPECT_EQ(stage.Run("sheet 3"), 1);
-  EXPECT_EQ(stage.err.str(), "s:1: sheet: \"3\" is no whole number from 1 to 2\n");
-  EXPECT_EQ(stage.Run("cells 1 2 3"), 1);
-  EXPECT_EQ(stage.err.str(), "s:1: say cells R1 C1 R2 C2 ..., four numbers a range\n");
+  EXPECT_EQ(stage.Refusal("sheet 3"), "s:1: sheet: \"3\" is no whole number from 1 to 2\n");
+  EXPECT_EQ(stage.Refusal("cells 1 2 3"), "s:1: say cells R1 C1 R2 C2 ..., four numbers a range\n");
+}
+
+TEST(ControlCommands, RaiseWhatTheUserWouldRaise) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"set frmTest.txtName \"a b\"", "Change a b\nLostFocus\n"},
+      {"set FRMTEST.TXTNAME \"\"", "LostFocus\n"},
+      {"set frmTest.chkMem 1", "checked\n"},
+      {"set frmTest.chkMem 0", ""},
+      {"set frmTest.cboType 1", "type 1\n"},
+      {"set frmTest.cboType scatter", "type 1\n"},
+      {"set frmTest.cboType 10", "type 2\n"},
+      {"set frmTest.lstOne b", "one 1\n"},
+      {"set frmTest.OptSelect Funds", "option 1\n"},
+      {"click frmTest.OptSelect(0)", "option 0\n"},
+      {"set frmTest.HScroll1 7", "scroll 7\n"},
+      {"set frmTest.HScroll1 0", ""},
+      {"click frmTest.mnuFileGo", "menu\n"},
+      {"select frmTest.lstMany 2 1", "many 1 2\n"},
+      {"select frmTest.lstMany =fid", "many 0 2\n"},
+      {"select frmTest.lstMany \"=VANG \" 0", "many 0 1\n"},
+      {"select frmTest.lstMany all", "many 0 1 2\n"},
+      {"select frmTest.lstMany none", "many\n"},
+  };
+  for (const auto& [line, log] : cases) {
+    ScriptStage stage;
+    EXPECT_EQ(stage.Run(line), 0) << stage.err.str();
+    EXPECT_EQ(stage.frmTest.log, log) << line;
+  }
+}
+
+TEST(ControlCommands, RefusalsSayWhatIsWrong) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"set txtName 1", "\"txtName\" is no form.control or form.control(index)"},
+      {"set frmTset.txtName 1", "there is no screen frmTset (did you mean frmTest?)"},
+      {"set frmTest.txtNam 1", "frmTest has no control txtNam (did you mean txtName?)"},
+      {"set frmTest.txtDays 1", "frmTest.txtDays is an array: say frmTest.txtDays(0) to (1)"},
+      {"set frmTest.txtDays(2) 1", "frmTest.txtDays is an array: say frmTest.txtDays(0) to (1)"},
+      {"set frmTest.txtName(0) 1", "frmTest.txtName has no index"},
+      {"click frmTest.OptSelect(2)", "frmTest.OptSelect has the options 0 to 1"},
+      {"set frmTest.chkMem 2", "frmTest.chkMem: \"2\" is no whole number from 0 to 1"},
+      {"set frmTest.HScroll1 11", "frmTest.HScroll1: \"11\" is no whole number from 0 to 10"},
+      {"set frmTest.cboType Lime",
+       "frmTest.cboType has no entry \"Lime\"; its positions are 0 to 2 (did you mean Line?)"},
+      {"set frmTest.lstOne -1", "frmTest.lstOne has no entry \"-1\"; its positions are 0 to 1"},
+      {"set frmTest.lstMany 1", "frmTest.lstMany takes several entries: use select"},
+      {"set frmTest.cmdGo 1", "frmTest.cmdGo is a Button: it holds no value to set"},
+      {"set frmTest.chkMem", "say set NAME VALUE"},
+      {"click frmTest.chkMem",
+       "frmTest.chkMem is a CheckBox: click takes buttons and menu items; use set or select"},
+      {"click frmTest.mnuFile", "frmTest.mnuFile is a menu: click one of its items"},
+      {"select frmTest.lstMany =XX", "frmTest.lstMany has no entry that begins with \"XX\""},
+      {"select frmTest.lstMany 3",
+       "frmTest.lstMany: \"3\" is no position, =TEXT, all or none; its positions are 0 to 2"},
+      {"select frmTest.lstOne 0", "frmTest.lstOne takes one entry: use set"},
+      {"point frmTest.VtChart1 1 1", "frmTest.VtChart1 shows no points"},
+      {"click frmAsk.cmdOK", "frmAsk.cmdOK cannot be used: frmAsk is not shown"},
+      {"clik frmAsk.cmdOK", "there is no command \"clik\" (did you mean click?)"},
+  };
+  for (const auto& [line, error] : cases) {
+    ScriptStage stage;
+    EXPECT_EQ(stage.Refusal("# a comment\n" + line), "s:2: " + error + "\n");
+  }
+}
+
+TEST(ControlCommands, HiddenAndDisabledControlsAreRefused) {
+  ScriptStage stage;
+  stage.frmTest.fraBox.SetVisible(false);
+  EXPECT_EQ(stage.Refusal("set frmTest.txtName x"),
+            "s:1: frmTest.txtName stands in fraBox, which is hidden\n");
+  stage.frmTest.cmdGo.SetEnabled(false);
+  EXPECT_EQ(stage.Refusal("click frmTest.cmdGo"), "s:1: frmTest.cmdGo is disabled\n");
+  EXPECT_EQ(stage.Run("dump frmTest.txtName"), 0) << "looking is allowed";
+}
+
+TEST(ControlCommands, PointsAreCheckedAgainstTheChart) {
+  ScriptStage stage;
+  stage.frmTest.VtChart1.view.rowcount(3);
+  stage.frmTest.VtChart1.view.ColumnCount(2);
+  EXPECT_EQ(stage.Run("point frmTest.VtChart1 2 3"), 0);
+  EXPECT_EQ(stage.frmTest.log, "point 2 3\n");
+  EXPECT_EQ(stage.Refusal("point frmTest.VtChart1 3 1"),
+            "s:1: SERIES: \"3\" is no whole number from 1 to 2\n");
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -7,20 +7,20 @@
 #include "support/result_bytes.h"
 #include "support/screen_world.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-struct ImportWorld : test::ScreenWorld {
+struct ImportWorld : ScreenWorld {
   explicit ImportWorld(DataType type = DataType::kSummary) {
     state.roots.drives_dir = folder.MakeFolder("drives");
-    state.directories.ProgramDir = "/opt/vistaplot";
+    state.directories.ProgramDir = "/opt/v";
     state.directories.ZephyrineDir = state.directories.VornaxilDir = "C:\\DATA";
     state.directories.KestrelixDir = "C:\\DATA";
     settings.values = {{"zpdir", "C:\\DATA"}, {"vxdir", "C:\\DATA"}, {"kestrldir", "C:\\DATA"}};
-    screens.frmMain.Load();
-    screens.frmTab.cboDataType.SetListIndex(static_cast<int>(type));
+    frmMain.Load();
+    frmTab.cboDataType.SetListIndex(static_cast<int>(type));
   }
 
   std::string Drive(const std::string& name, const std::string& bytes) const {
@@ -30,149 +30,122 @@ struct ImportWorld : test::ScreenWorld {
   /// Chooses these files in the dialog.
   void Import(const Texts& paths) {
     dialogs.open_answers.push_back(paths);
-    screens.frmTab.cmdFileName.RaiseClick();
-  }
-
-  Texts SheetNames() const {
-    Texts names;
-    for (int i = 1; i <= state.table.SheetCount(); ++i) {
-      names.push_back(state.table.SheetAt(i).SheetName);
-    }
-    return names;
-  }
-
-  std::string Cell(int sheet, int row, int col) const {
-    return state.table.SheetAt(sheet).CellText(row, col);
+    frmTab.cmdFileName.RaiseClick();
   }
 };
 
-TEST(FileImport, EveryTypeAsksForItsFilesInItsFolder) {
+struct FileImport : testing::Test, ImportWorld {};
+
+TEST(FileImports, EveryTypeAsksForItsFilesInItsFolder) {
+  const std::string all = "|All (*.*)|*.*";
   struct Case {
     DataType type;
-    const char* title;
-    const char* filter;
-    const char* name;
-    const char* folder;
+    std::string title, filter;
+    const char *name, *folder;
   };
-  const Case cases[] = {{DataType::kZephyrine,
-                         "Select Zephyrine Summary File",
-                         "Summary (*.SUM)|*.SUM|All (*.*)|*.*",
-                         "*.SUM",
-                         "C:\\DATA"},
-                        {DataType::kVornaxil,
-                         "Select Vornaxil File",
-                         "Vornaxil (*.VX1)|*.VX1|All (*.*)|*.*",
-                         "*.VX1",
-                         "C:\\DATA"},
-                        {DataType::kKestrelix,
-                         "Select Kestrelix File",
-                         "Kestrelix (*.TXT)|*.TXT|All (*.*)|*.*",
-                         "*.TXT",
-                         "C:\\DATA"},
-                        {DataType::kSummary,
-                         "Select Vistaplot Summary File",
-                         "VP Summary (*.SSM)|*.SSM|All (*.*)|*.*",
-                         "*.SSM",
-                         "/opt/vistaplot"},
-                        {DataType::kDetail,
-                         "Select Vistaplot Detail File",
-                         "VP Detail (*.SDT)|*.SDT|All (*.*)|*.*",
-                         "*.SDT",
-                         "/opt/vistaplot"}};
-  for (const Case& c : cases) {
+  for (const Case& c :
+       {Case{DataType::kZephyrine,
+             "Zephyrine Summary",
+             "Summary (*.SUM)|*.SUM",
+             "*.SUM",
+             "C:\\DATA"},
+        Case{DataType::kVornaxil, "Vornaxil", "Vornaxil (*.VX1)|*.VX1", "*.VX1", "C:\\DATA"},
+        Case{DataType::kKestrelix, "Kestrelix", "Kestrelix (*.TXT)|*.TXT", "*.TXT", "C:\\DATA"},
+        Case{
+            DataType::kSummary, "Vistaplot Summary", "VP Summary (*.SSM)|*.SSM", "*.SSM", "/opt/v"},
+        Case{
+            DataType::kDetail, "Vistaplot Detail", "VP Detail (*.SDT)|*.SDT", "*.SDT", "/opt/v"}}) {
     ImportWorld world(c.type);
     world.Import({});
     ASSERT_EQ(world.dialogs.open_requests.size(), 1U);
     const FileRequest& request = world.dialogs.open_requests[0];
-    EXPECT_EQ(request.title, c.title);
-    EXPECT_EQ(request.filter, c.filter);
+    EXPECT_EQ(request.title, "Select " + c.title + " File");
+    EXPECT_EQ(request.filter, c.filter + all);
     EXPECT_EQ(request.file_name, c.name);
     EXPECT_EQ(request.initial_folder, c.folder);
-    EXPECT_TRUE(request.multiple);
-    EXPECT_TRUE(request.must_exist);
-    EXPECT_EQ(world.SheetNames(), Texts{"Sheet1"}) << "a cancelled dialog changes nothing";
+    EXPECT_TRUE(request.multiple && request.must_exist);
+    EXPECT_EQ(world.SheetNames(), "Sheet1") << "a cancelled dialog changes nothing";
     EXPECT_FALSE(world.state.flags.ResultFileLoaded);
   }
 }
 
-TEST(FileImport, SeveralFilesBecomeSheetsInTheirOrderAndASpare) {
-  ImportWorld world;
-  world.Drive("c/data/b.two.SSM", test::Ssm("2", "7"));
-  world.Drive("c/data/\xC3\xA4 1.ssm", test::Ssm("1", "5") + test::Ssm("2", "6"));
-  FrmMain& frmMain = world.screens.frmMain;
+TEST_F(FileImport, SeveralFilesBecomeSheetsInTheirOrderAndASpare) {
+  Drive("c/data/b.two.SSM", Ssm("2", "7"));
+  Drive("c/data/\xC3\xA4 1.ssm", Ssm("1", "5") + Ssm("2", "6"));
   EXPECT_FALSE(frmMain.mnuEditSort.Enabled());
-  world.Import({"C:\\DATA\\B.TWO.SSM", "C:\\DATA\\\xC3\xA4 1.ssm"});
-  EXPECT_TRUE(world.dialogs.messages.empty());
-  EXPECT_EQ(world.SheetNames(), (Texts{"B", "\xC3\xA4 1", "Sheet3"}));
-  EXPECT_EQ(world.state.table.ActiveSheet(), 2);
-  EXPECT_EQ(world.Cell(1, 3, 4), "7       ");
-  EXPECT_EQ(world.Cell(2, 4, 4), "6       ");
-  EXPECT_EQ(world.Cell(3, 1, 1), "");
-  EXPECT_EQ(world.screens.frmTab.lblFileName.Caption(), "C:\\DATA B.TWO.SSM \xC3\xA4 1.ssm");
-  EXPECT_TRUE(world.state.flags.ResultFileLoaded);
+  Import({"C:\\DATA\\B.TWO.SSM", "C:\\DATA\\\xC3\xA4 1.ssm"});
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(SheetNames(), "B|\xC3\xA4 1|Sheet3");
+  EXPECT_EQ(state.table.ActiveSheet(), 2);
+  EXPECT_EQ(Cell(1, 3, 4), "7       ");
+  EXPECT_EQ(Cell(2, 4, 4), "6       ");
+  EXPECT_EQ(Cell(3, 1, 1), "");
+  EXPECT_EQ(frmTab.lblFileName.Caption(), "C:\\DATA B.TWO.SSM \xC3\xA4 1.ssm");
+  EXPECT_TRUE(state.flags.ResultFileLoaded);
   EXPECT_TRUE(frmMain.mnuEditSort.Enabled() && frmMain.mnuEditSortAll.Enabled());
   EXPECT_TRUE(frmMain.tools.cmdSort.Enabled() && frmMain.tools.cmdSortAll.Enabled());
   EXPECT_EQ(frmMain.pnlStatus.Caption(), "2 files, the last \xC3\xA4 1: 2 rows");
-  EXPECT_EQ(world.screens.frmTab.Pointer(), MousePointer::kDefault);
+  EXPECT_EQ(frmTab.Pointer(), MousePointer::kDefault);
   EXPECT_FALSE(frmMain.pnlAction.Visible() || frmMain.pnlMeter.Visible());
 }
 
-TEST(FileImport, OverlayGoesWhereTheUserSays) {
-  ImportWorld world;
-  const std::string a = world.Drive("c/A.SSM", test::Ssm("1", "1"));
-  const std::string b = world.Drive("c/B.SSM", test::Ssm("1", "2"));
-  const std::string c = world.Drive("c/C.SSM", test::Ssm("1", "3"));
-  world.Import({a});
-  EXPECT_EQ(world.screens.frmTab.lblFileName.Caption(), a);
-  ASSERT_TRUE(world.dialogs.messages.empty()) << "nothing to overlay yet";
+TEST_F(FileImport, OverlayGoesWhereTheUserSays) {
+  const std::string a = Drive("c/A.SSM", Ssm("1", "1"));
+  const std::string b = Drive("c/B.SSM", Ssm("1", "2"));
+  const std::string c = Drive("c/C.SSM", Ssm("1", "3"));
+  Import({a});
+  EXPECT_EQ(frmTab.lblFileName.Caption(), a);
+  EXPECT_EQ(frmMain.pnlStatus.Caption(), "A: 1 row");
+  ASSERT_TRUE(dialogs.messages.empty()) << "nothing to overlay yet";
 
-  world.dialogs.answers = {Answer::kCancel};
-  world.Import({b});
-  EXPECT_EQ(world.SheetNames(), (Texts{"A", "Sheet2"}));
-  EXPECT_EQ(world.screens.frmTab.lblFileName.Caption(), a) << "cancelled: nothing changes";
-  const MessageRequest& asked = world.dialogs.messages.at(0);
+  dialogs.answers = {Answer::kCancel};
+  Import({b});
+  EXPECT_EQ(SheetNames(), "A|Sheet2");
+  EXPECT_EQ(frmTab.lblFileName.Caption(), a) << "cancelled: nothing changes";
+  const MessageRequest& asked = dialogs.messages.at(0);
   EXPECT_EQ(asked.text, "Do you want to overlay a current spreadsheet?");
   EXPECT_EQ(asked.title, "Vistaplot - Overlay spreadsheet");
   EXPECT_EQ(asked.buttons, Buttons::kYesNoCancel);
   EXPECT_EQ(asked.icon, Icon::kQuestion);
   EXPECT_EQ(asked.default_answer, Answer::kNo);
 
-  world.dialogs.answers = {Answer::kYes};  // one loaded sheet: no sheet is asked for
-  world.host.on_modal = [](Form& form) { ADD_FAILURE() << form.Name(); };
-  world.Import({b});
-  EXPECT_EQ(world.SheetNames(), (Texts{"B", "Sheet2"}));
-  EXPECT_EQ(world.Cell(1, 3, 4), "2       ");
+  dialogs.answers = {Answer::kYes};  // one loaded sheet: no sheet is asked for
+  host.on_modal = [](Form& form) { ADD_FAILURE() << form.Name(); };
+  Import({b});
+  EXPECT_EQ(SheetNames(), "B|Sheet2");
+  EXPECT_EQ(Cell(1, 3, 4), "2       ");
 
-  world.dialogs.answers = {Answer::kNo};
-  world.Import({c});
-  EXPECT_EQ(world.SheetNames(), (Texts{"B", "C", "Sheet3"}));
+  dialogs.answers = {Answer::kNo};
+  Import({c});
+  EXPECT_EQ(SheetNames(), "B|C|Sheet3");
 
   Texts offered;
-  world.host.on_modal = [&](Form& form) {
-    ASSERT_EQ(&form, &world.screens.frmSheet);
-    offered = world.screens.frmSheet.cboSheet.Entries();
-    EXPECT_EQ(world.screens.frmSheet.cboSheet.ListIndex(), 0);
-    world.screens.frmSheet.cboSheet.SetListIndex(1);
-    world.screens.frmSheet.cmdOK.RaiseClick();
+  host.on_modal = [&](Form& form) {
+    ASSERT_EQ(&form, &screens.frmSheet);
+    offered = screens.frmSheet.cboSheet.Entries();
+    EXPECT_EQ(screens.frmSheet.cboSheet.ListIndex(), 0);
+    screens.frmSheet.cboSheet.SetListIndex(1);
+    screens.frmSheet.cmdOK.RaiseClick();
   };
-  world.dialogs.answers = {Answer::kYes};
-  world.Import({a, b});  // only the first one overlays
+  dialogs.answers = {Answer::kYes};
+  Import({a, b});  // only the first one overlays
   EXPECT_EQ(offered, (Texts{"B", "C"}));
-  EXPECT_EQ(world.SheetNames(), (Texts{"B", "A", "B", "Sheet4"}));
+  EXPECT_EQ(SheetNames(), "B|A|B|Sheet4");
 
   for (const bool by_button : {true, false}) {
-    world.host.on_modal = [&](Form& form) {
-      if (by_button) world.screens.frmSheet.cmdCancel.RaiseClick();
+    host.on_modal = [&](Form& form) {
+      if (by_button) screens.frmSheet.cmdCancel.RaiseClick();
       form.Unload();
     };
-    world.dialogs.answers = {Answer::kYes};
-    world.Import({c});
-    EXPECT_EQ(world.SheetNames().rbegin()[1], "C") << "a cancelled chooser means new sheets";
+    dialogs.answers = {Answer::kYes};
+    Import({c});
+    EXPECT_TRUE(SheetNames().ends_with("|C|Sheet" + std::to_string(state.table.SheetCount())))
+        << "a cancelled chooser means new sheets";
   }
-  EXPECT_EQ(world.state.table.SheetCount(), 6);
+  EXPECT_EQ(state.table.SheetCount(), 6);
 }
 
-TEST(FileImport, UnreadableFilesAreToldAndTheNextOnesFollow) {
+TEST(FileImports, UnreadableFilesAreToldAndTheNextOnesFollow) {
   ImportWorld world(DataType::kKestrelix);
   world.folder.MakeFolder("drives/c/FOLDER.TXT");
   const std::string good = world.Drive("c/GOOD.TXT", "Title\n\nabcname   \n001row\nlast\n");
@@ -180,40 +153,39 @@ TEST(FileImport, UnreadableFilesAreToldAndTheNextOnesFollow) {
   EXPECT_EQ(world.dialogs.Texts(),
             (Texts{"Unable to read C:\\GONE.TXT\rerror: 53 File not found",
                    "Unable to read C:\\FOLDER.TXT\rerror: 75 Path/File access error"}));
-  EXPECT_EQ(world.SheetNames(), (Texts{"GONE", "FOLDER", "GOOD", "Sheet4"}));
+  EXPECT_EQ(world.SheetNames(), "GONE|FOLDER|GOOD|Sheet4");
   EXPECT_EQ(world.Cell(1, 1, 1), "");
   EXPECT_EQ(world.Cell(3, 3, 2), "row");
   EXPECT_TRUE(world.state.flags.KestrelixLoaded);
   EXPECT_EQ(world.screens.frmTab.cboYParm.CurrentText(), "name") << "the lists follow the sheet";
 }
 
-TEST(FileImport, VornaxilFilesSetTheKindAndTheLists) {
+TEST(FileImports, VornaxilFilesSetTheKindAndTheLists) {
   ImportWorld world(DataType::kVornaxil);
-  world.Import({world.Drive("c/A.VX1", test::Vx1("XX", {"  1", "last"}))});
+  world.Import({world.Drive("c/A.VX1", Vx1("XX", {"  1", "last"}))});
   EXPECT_EQ(world.state.flags.VornaxilKind, "APM");
   EXPECT_EQ(world.screens.frmTab.cboDataField.CurrentText(), "Mr");
   EXPECT_EQ(world.Cell(1, 2, 1), "1");
   ImportWorld summaries(DataType::kZephyrine);
-  summaries.Import({summaries.Drive("c/A.SUM", test::LongSum("1", "2"))});
+  summaries.Import({summaries.Drive("c/A.SUM", LongSum("1", "2"))});
   EXPECT_EQ(summaries.Cell(1, 3, 17), " -1.25");
   ImportWorld details(DataType::kDetail);
-  details.Import({details.Drive("c/A.SDT", test::Sdt("01/04/99", "2"))});
+  details.Import({details.Drive("c/A.SDT", Sdt("01/04/99", "2"))});
   EXPECT_EQ(details.Cell(1, 3, 3), "01/04/99");
 }
 
-TEST(FileImport, AComputedSummaryGivesWayOnlyToChosenFiles) {
-  ImportWorld world;
-  world.state.table.SetSheetCount(3);
-  world.state.table.SheetAt(1).SetCellText(5, 5, "left");
-  world.state.flags.ComputedSummaryShown = true;
-  world.Import({});
-  EXPECT_TRUE(world.state.flags.ComputedSummaryShown);
-  EXPECT_EQ(world.state.table.SheetCount(), 3);
-  world.Import({world.Drive("c/A.SSM", test::Ssm("1", "1"))});
-  EXPECT_FALSE(world.state.flags.ComputedSummaryShown);
-  EXPECT_TRUE(world.dialogs.messages.empty()) << "nothing is left to overlay";
-  EXPECT_EQ(world.SheetNames(), (Texts{"A", "Sheet2"}));
-  EXPECT_EQ(world.Cell(1, 5, 5), "");
+TEST_F(FileImport, AComputedSummaryGivesWayOnlyToChosenFiles) {
+  state.table.SetSheetCount(3);
+  SheetAt(1).SetCellText(5, 5, "left");
+  state.flags.ComputedSummaryShown = true;
+  Import({});
+  EXPECT_TRUE(state.flags.ComputedSummaryShown);
+  EXPECT_EQ(state.table.SheetCount(), 3);
+  Import({Drive("c/A.SSM", Ssm("1", "1"))});
+  EXPECT_FALSE(state.flags.ComputedSummaryShown);
+  EXPECT_TRUE(dialogs.messages.empty()) << "nothing is left to overlay";
+  EXPECT_EQ(SheetNames(), "A|Sheet2");
+  EXPECT_EQ(Cell(1, 5, 5), "");
 }
 
 TEST(ProductDirectory, IsTheFirstUsualFolderThatHoldsFiles) {
@@ -270,4 +242,4 @@ TEST(ProductDirectory, AnErrorWhileLookingIsSilent) {
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

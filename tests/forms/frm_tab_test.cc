@@ -7,63 +7,54 @@
 
 #include "support/screen_world.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
 
-using test::ScreenWorld;
 using Texts = std::vector<std::string>;
 
-TEST(FrmTab, StartReadsSettingsAndSetsTheFirstDataTypeUp) {
-  ScreenWorld world;
-  world.settings.values = {
+struct ParameterScreen : testing::Test, ScreenWorld {};
+
+struct LoadedParameterScreen : ParameterScreen {
+  LoadedParameterScreen() { LoadTrio(); }
+};
+
+TEST_F(ParameterScreen, StartReadsSettingsAndSetsTheFirstDataTypeUp) {
+  settings.values = {
       {"zpdir", "C:\\ZEPHYR"}, {"pfrange2", "88.5"}, {"pfbox1", "much"}, {"pfrev", "3"}};
-  world.screens.frmMain.Load();
-  EXPECT_TRUE(world.dialogs.messages.empty());
-  EXPECT_EQ(world.state.directories.ZephyrineDir, "C:\\ZEPHYR");
-  EXPECT_EQ(world.settings.values["qldir"], world.folder.Path());
-  EXPECT_EQ(world.state.point_and_figure.PfRange[0], 100.0F);
-  EXPECT_EQ(world.state.point_and_figure.PfRange[1], 88.5F);
-  EXPECT_EQ(world.state.point_and_figure.PfBox[0], 1.0F);
-  EXPECT_EQ(world.state.point_and_figure.PfReversal, 2);
-  EXPECT_EQ(world.state.market.calendar.MaxNumDays, test::kWorldDays);
-  EXPECT_EQ(world.screens.frmTab.cboDataType.ListIndex(), 0);
-  EXPECT_TRUE(world.screens.frmTab.cmdFileName.Visible());
-  EXPECT_FALSE(world.screens.frmTab.lists.cmdLoadData.Visible());
-  EXPECT_FALSE(world.screens.frmMain.periods.mnuTimePeriod[3].Usable());
+  frmMain.Load();
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(state.directories.ZephyrineDir, "C:\\ZEPHYR");
+  EXPECT_EQ(settings.values["qldir"], folder.Path());
+  EXPECT_EQ(state.point_and_figure.PfRange[0], 100.0F);
+  EXPECT_EQ(state.point_and_figure.PfRange[1], 88.5F);
+  EXPECT_EQ(state.point_and_figure.PfBox[0], 1.0F);
+  EXPECT_EQ(state.point_and_figure.PfReversal, 2);
+  EXPECT_EQ(state.market.calendar.MaxNumDays, kWorldDays);
+  EXPECT_EQ(frmTab.cboDataType.ListIndex(), 0);
+  EXPECT_TRUE(frmTab.cmdFileName.Visible());
+  EXPECT_FALSE(frmTab.lists.cmdLoadData.Visible());
+  EXPECT_FALSE(frmMain.periods.mnuTimePeriod[3].Usable());
 }
 
-TEST(FrmTab, ServiceThatDoesNotOpenEndsTheProgramAfterItsBox) {
-  ScreenWorld world;
-  world.quoteline.open_status = -1;
-  world.screens.frmMain.Load();
-  EXPECT_EQ(world.dialogs.Texts(),
-            (Texts{"Unable to open Quoteline DLL\runable to open database file\r(error -1)"}));
-  EXPECT_TRUE(world.dialogs.ended_fatally);
-  EXPECT_EQ(world.screens.frmTab.cboDataType.Count(), 0);
+TEST_F(ParameterScreen, SettingsThatCannotBeWrittenAreToldAndDoNotStopTheStart) {
+  settings.refuses = true;
+  frmMain.Load();
+  EXPECT_EQ(dialogs.Texts(), (Texts{"Settings not saved: settings.ini: Disk full"}));
+  EXPECT_EQ(frmTab.cboDataType.Count(), 6);
 }
 
-TEST(FrmTab, SettingsThatCannotBeWrittenAreToldAndDoNotStopTheStart) {
-  ScreenWorld world;
-  world.settings.refuses = true;
-  world.screens.frmMain.Load();
-  EXPECT_EQ(world.dialogs.Texts(), (Texts{"Settings not saved: settings.ini: Disk full"}));
-  EXPECT_EQ(world.screens.frmTab.cboDataType.Count(), 6);
-}
-
-TEST(FrmTab, PricesShowFamiliesAndTheirGraphTypes) {
-  ScreenWorld world;
-  world.Start();
-  FrmTab& frmTab = world.screens.frmTab;
+TEST_F(ParameterScreen, PricesShowFamiliesAndTheirGraphTypes) {
+  Start();
   ASSERT_EQ(frmTab.lists.lstIndex.Count(), 1);
   EXPECT_EQ(frmTab.lists.lstIndex.Entries()[0].substr(0, 20), "TRIO     Three funds");
   EXPECT_EQ(
       frmTab.cboGraphType.Entries(),
       (Texts{"XY Line", "Scatter", "Candlestick line", "Candlestick Bar", "Point and Figure"}));
   EXPECT_EQ(frmTab.cboXParm.CurrentText(), "Date");
-  EXPECT_EQ(world.state.selection.TimePeriodIndex, 3);
-  EXPECT_TRUE(world.screens.frmMain.periods.mnuTimePeriod[3].Checked());
-  EXPECT_FALSE(world.screens.frmMain.periods.mnuTimePeriod[0].Checked());
-  EXPECT_EQ(world.state.table.SheetCount(), 2);
+  EXPECT_EQ(state.selection.TimePeriodIndex, 3);
+  EXPECT_TRUE(frmMain.periods.mnuTimePeriod[3].Checked());
+  EXPECT_FALSE(frmMain.periods.mnuTimePeriod[0].Checked());
+  EXPECT_EQ(state.table.SheetCount(), 2);
   frmTab.cboGraphType.SetListIndex(4);
   EXPECT_FALSE(frmTab.optOneAll.Visible());
   frmTab.lists.OptSelect.SetListIndex(1);
@@ -100,136 +91,127 @@ TEST(FrmTab, ResultTypesOfferTheirParameters) {
   }
 }
 
-TEST(FrmTab, LoadsAFamilyWithItsSummaryAndOneSpareSheetEveryTime) {
-  ScreenWorld world;
-  world.LoadTrio();
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  const DataTable& table = world.state.table;
-  EXPECT_TRUE(world.dialogs.messages.empty());
-  ASSERT_EQ(table.SheetCount(), 3);
-  EXPECT_EQ(table.ActiveSheet(), 1);
-  EXPECT_EQ(table.SheetAt(1).SheetName, "TRIO");
-  EXPECT_EQ(table.SheetAt(1).MaxRow, 301);
-  EXPECT_EQ(table.SheetAt(1).MaxCol, 4);
-  EXPECT_EQ(table.SheetAt(1).CellText(2, 1), "01/01/2001");
-  EXPECT_EQ(table.SheetAt(1).CellText(100, 4), "-1");
-  EXPECT_EQ(table.SheetAt(1).CellText(101, 4), "10");
-  EXPECT_EQ(table.SheetAt(2).SheetName, "Summary");
-  EXPECT_EQ(table.SheetAt(2).MaxRow, 4);
-  EXPECT_EQ(table.SheetAt(2).CellText(1, 13), "50 day");
-  EXPECT_TRUE(world.state.flags.ResultFileLoaded);
-  EXPECT_FALSE(world.screens.frmFam.Loaded());
-  EXPECT_EQ(world.screens.frmTab.Pointer(), MousePointer::kDefault);
-  EXPECT_FALSE(world.screens.frmMain.pnlAction.Visible());
+TEST_F(LoadedParameterScreen, LoadsAFamilyWithItsSummaryAndOneSpareSheetEveryTime) {
+  Load();
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(SheetNames(), "TRIO|Summary|Sheet3");
+  EXPECT_EQ(state.table.ActiveSheet(), 1);
+  EXPECT_EQ(SheetAt(1).MaxRow, 301);
+  EXPECT_EQ(SheetAt(1).MaxCol, 4);
+  EXPECT_EQ(Cell(1, 2, 1), "01/01/2001");
+  EXPECT_EQ(Cell(1, 100, 4) + " " + Cell(1, 101, 4), "-1 10");
+  EXPECT_EQ(SheetAt(2).MaxRow, 4);
+  EXPECT_EQ(Cell(2, 1, 13), "50 day");
+  EXPECT_TRUE(state.flags.ResultFileLoaded);
+  EXPECT_FALSE(frmFam.Loaded());
+  EXPECT_EQ(frmTab.Pointer(), MousePointer::kDefault);
+  EXPECT_FALSE(frmMain.pnlAction.Visible());
 }
 
-TEST(FrmTab, LoadWithoutASelectionSaysWhatToSelect) {
-  ScreenWorld world;
-  world.Start();
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  world.screens.frmTab.lists.OptSelect.SetListIndex(1);
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  EXPECT_EQ(world.dialogs.Texts(),
-            (Texts{"Please select a Family", "Please select one or more funds or stocks"}));
-  EXPECT_FALSE(world.state.flags.ResultFileLoaded);
+TEST_F(ParameterScreen, OpenedFamilyAnalysisRulesOneLoadOnly) {
+  settings.values["gain6"] = "77";
+  Start();
+  frmMain.mnuFamilySelect.RaiseClick();
+  frmFam.txtDays[5].SetText("20");
+  frmFam.cmdOK.RaiseClick();
+  frmTab.lists.lstIndex.Select({0});
+  Load();
+  EXPECT_EQ(Cell(2, 1, 13), "20 day");
+  Load();
+  EXPECT_EQ(Cell(2, 1, 13), "77 day");
 }
 
-TEST(FrmTab, OpenedFamilyAnalysisRulesOneLoadOnly) {
-  ScreenWorld world;
-  world.settings.values["gain6"] = "77";
-  world.Start();
-  world.screens.frmMain.mnuFamilySelect.RaiseClick();
-  world.screens.frmFam.txtDays[5].SetText("20");
-  world.screens.frmFam.cmdOK.RaiseClick();
-  world.screens.frmTab.lists.lstIndex.Select({0});
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  EXPECT_EQ(world.state.table.SheetAt(2).CellText(1, 13), "20 day");
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  EXPECT_EQ(world.state.table.SheetAt(2).CellText(1, 13), "77 day");
-}
-
-TEST(FrmTab, DateTypedLastCountsAlsoWhenItsBoxWasNotLeft) {
-  ScreenWorld world;
-  world.Start();
-  world.screens.frmMain.mnuFamilySelect.RaiseClick();
-  world.screens.frmFam.txtEndDate.SetText("01/31/2001");
-  world.screens.frmTab.lists.lstIndex.Select({0});
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
+TEST_F(ParameterScreen, DateTypedLastCountsAlsoWhenItsBoxWasNotLeft) {
+  Start();
+  frmMain.mnuFamilySelect.RaiseClick();
+  frmFam.txtEndDate.SetText("01/31/2001");
+  frmTab.lists.lstIndex.Select({0});
+  Load();
   // AAA rises by 1 a day from 100: 130 on 31 January, 129 the day before.
-  EXPECT_EQ(world.state.table.SheetAt(2).CellText(2, 8), "0.775");
+  EXPECT_EQ(Cell(2, 2, 8), "0.775");
 }
 
-TEST(FrmTab, LoadWithoutASelectionLeavesNothingToGraph) {
-  ScreenWorld world;
-  world.LoadTrio();
-  world.SelectColumns(2, 2);
-  world.screens.frmMain.mnuFileGraph.RaiseClick();
-  world.screens.frmTab.lists.lstIndex.Select({});
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  world.screens.frmMain.mnuFileGraph.RaiseClick();
-  ASSERT_EQ(world.dialogs.messages.size(), 2U);
-  EXPECT_EQ(world.dialogs.messages[1].text.substr(0, 11), "Please load");
-  EXPECT_EQ(world.state.table.SheetAt(1).MaxCol, 0);
+TEST_F(LoadedParameterScreen, LoadWithoutASelectionSaysWhatToSelectAndLeavesNothingToGraph) {
+  SelectColumns(2, 2);
+  Graph();
+  frmTab.lists.lstIndex.Select({});
+  Load();
+  Graph();
+  ASSERT_EQ(dialogs.messages.size(), 2U);
+  EXPECT_EQ(dialogs.messages[0].text, "Please select a Family");
+  EXPECT_EQ(dialogs.messages[1].text.substr(0, 11), "Please load");
+  EXPECT_EQ(SheetAt(1).MaxCol, 0);
+  frmTab.lists.OptSelect.SetListIndex(1);
+  Load();
+  EXPECT_EQ(dialogs.messages.back().text, "Please select one or more funds or stocks");
+  EXPECT_FALSE(state.flags.ResultFileLoaded);
 }
 
-TEST(FrmTab, TypingFindsTheEntryAndItIsLoaded) {
-  ScreenWorld world;
-  world.WriteFamily("QLDEF/ALPHA.FAM", {"BBB"});
-  world.Start();
-  world.screens.frmTab.lists.txtIndex.SetText("al");
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  EXPECT_EQ(world.state.table.SheetAt(1).SheetName, "ALPHA");
+TEST_F(ParameterScreen, TypingSelectsTheEntryFoundAloneAndItIsLoaded) {
+  WriteFamily("QLDEF/ALPHA.FAM", {"BBB"});
+  Start();
+  ListBox& list = frmTab.lists.lstIndex;
+  list.Select({0, 1});
+  frmTab.lists.txtIndex.SetText("tr");
+  EXPECT_EQ(list.SelectedPositions(), std::vector<int>{1});
+  frmTab.lists.txtIndex.SetText("al");
+  Load();
+  EXPECT_EQ(SheetAt(1).SheetName, "ALPHA");
 }
 
-TEST(FrmTab, LoadForgetsTheFundsOfTheChart) {
-  ScreenWorld world;
-  world.LoadTrio();
-  world.SelectColumns(2, 3);
-  world.screens.frmMain.mnuFileGraph.RaiseClick();
-  world.SelectColumns(3, 3);
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
-  EXPECT_EQ(world.state.selection.SelectedCount, 0);
-  EXPECT_EQ(world.state.selection.CurrentFund, 0);
-  EXPECT_TRUE(world.state.table.SheetAt(1).selection.empty());
-  EXPECT_EQ(world.Chart().ColumnCount(), 2);  // the old picture stays, its points mean nothing
+TEST_F(LoadedParameterScreen, LoadForgetsTheFundsOfTheChart) {
+  SelectColumns(2, 3);
+  Graph();
+  SelectColumns(3, 3);
+  Load();
+  EXPECT_EQ(state.selection.SelectedCount, 0);
+  EXPECT_EQ(state.selection.CurrentFund, 0);
+  EXPECT_TRUE(SheetAt(1).selection.empty());
+  EXPECT_EQ(Chart().ColumnCount(), 2);  // the old picture stays, its points mean nothing
   PointSelection point{.Series = 1, .DataPoint = 3};
-  world.screens.frmGraph.VtChart1.RaisePointSelected(point);
+  frmGraph.VtChart1.RaisePointSelected(point);
   EXPECT_TRUE(point.Cancel);
-  EXPECT_TRUE(world.dialogs.messages.empty());
-  EXPECT_TRUE(world.state.flags.ResultFileLoaded);
-  world.screens.frmTab.lists.OptSelect.SetListIndex(1);
-  EXPECT_FALSE(world.state.flags.ResultFileLoaded);
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_TRUE(state.flags.ResultFileLoaded);
+  frmTab.lists.OptSelect.SetListIndex(1);
+  EXPECT_FALSE(state.flags.ResultFileLoaded);
 }
 
-TEST(FrmTab, StatusLineTellsWhatIsLoadedAndWhatIsWrongWithIt) {
-  ScreenWorld world;
-  world.quoteline.AddIssue("CCC", {1, 0, 3});
-  world.LoadTrio();
-  const Panel& status = world.screens.frmMain.pnlStatus;
+TEST_F(ParameterScreen, StatusLineTellsWhatIsLoadedAndWhatIsWrongWithIt) {
+  quoteline.AddIssue("CCC", {1, 0, 3});
+  LoadTrio();
+  const Panel& status = frmMain.pnlStatus;
   EXPECT_EQ(status.Caption(),
             "TRIO: 3 issues, days 01/01/2001 to 10/27/2001; prices of 0 or below left figures of 1 "
             "issue undefined");
-  world.quoteline.SetDays(SerialFromDate({2001, 1, 1}), 0);
-  world.screens.frmTab.lists.cmdLoadData.RaiseClick();
+  quoteline.SetDays(SerialFromDate({2001, 1, 1}), 0);
+  Load();
   EXPECT_EQ(status.Caption(), "TRIO: 3 issues, no market days yet");
+  for (const char* name : {"A", "B", "C", "D"}) {
+    WriteFamily("USERDEF/" + std::string(name) + ".FAM", {"AAA"});
+  }
+  frmTab.lists.OptSelect.SetListIndex(0);
+  frmTab.lists.lstIndex.Select({0, 1, 2, 3, 4});
+  Load();
+  EXPECT_EQ(status.Caption(), "TRIO, A, B and 2 more: 7 issues, no market days yet");
 }
 
-TEST(FrmTab, MenusOfPricesCannotBeUsedForResultFiles) {
-  ScreenWorld world;
-  world.Start();
-  FrmMain& frmMain = world.screens.frmMain;
+TEST_F(ParameterScreen, MenusOfPricesCannotBeUsedForResultFiles) {
+  Start();
   for (const int type : {1, 0, 1, 2, 3, 1, 4, 5}) {
-    world.screens.frmTab.cboDataType.SetListIndex(type);
+    frmTab.cboDataType.SetListIndex(type);
+    if (type == 1) frmTab.optOneAll.SetListIndex(1);
+    EXPECT_EQ(frmMain.tools.cmdPrev.Visible(), type == 1) << type;
+    EXPECT_TRUE(type == 1 || frmTab.cboPercent.ListIndex() == 0) << type;
+    frmTab.cboPercent.SetListIndex(5);
     EXPECT_EQ(frmMain.periods.mnuTimePeriod[0].Usable(), type == 1) << type;
     EXPECT_EQ(frmMain.mnuFamilySelect.Usable(), type == 1) << type;
     EXPECT_FALSE(frmMain.mnuEditSort.Usable() || frmMain.tools.cmdSortAll.Usable()) << type;
   }
 }
 
-TEST(FrmTab, NothingLiesOverAnything) {
-  ScreenWorld world;
-  world.Start();
-  FrmTab& frmTab = world.screens.frmTab;
+TEST_F(ParameterScreen, NothingLiesOverAnything) {
+  Start();
   for (int type = 0; type < frmTab.cboDataType.Count(); ++type) {
     frmTab.cboDataType.SetListIndex(type);
     std::vector<const Control*> seen;
@@ -247,24 +229,5 @@ TEST(FrmTab, NothingLiesOverAnything) {
   }
 }
 
-TEST(FrmTab, TypingSelectsTheEntryFoundAlone) {
-  ScreenWorld world;
-  world.WriteFamily("QLDEF/ALPHA.FAM", {"BBB"});
-  world.Start();
-  ListBox& list = world.screens.frmTab.lists.lstIndex;
-  list.Select({0, 1});
-  world.screens.frmTab.lists.txtIndex.SetText("tr");
-  EXPECT_EQ(list.SelectedPositions(), std::vector<int>{1});
-}
-
-TEST(FrmTab, OneAtATimeShowsTheFundButtons) {
-  ScreenWorld world;
-  world.Start();
-  world.screens.frmTab.optOneAll.SetListIndex(1);
-  EXPECT_TRUE(world.screens.frmMain.tools.cmdNext.Visible());
-  world.screens.frmTab.optOneAll.SetListIndex(0);
-  EXPECT_FALSE(world.screens.frmMain.tools.cmdPrev.Visible());
-}
-
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

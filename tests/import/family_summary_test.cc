@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cstdint>
+#include <random>
+
 #include "base/text.h"
+#include "import/family_records.h"
 #include "support/load_world.h"
 
 namespace vistaplot {
@@ -14,6 +19,12 @@ const FamilyWindow kSixDays{1, 6, {"1", "2", "5", "6", "2.5", "abc"}};
 void SetSixDays(test::LoadWorld& world) {
   const DateSerial day2 = SerialFromDate({1990, 1, 2});
   world.api.dates = {day2 - 1, day2, day2 + 100, day2 + 365, day2 + 500, day2 + 730};
+}
+
+int Compute(test::LoadWorld& world,
+            const std::vector<std::string>& symbols,
+            const FamilyWindow& window = kSixDays) {
+  return ComputeFamilySummary(world.services, symbols, window, world.records, world.progress);
 }
 
 TEST(FamilySummary, FiguresOfEachKindOfHistory) {
@@ -57,8 +68,7 @@ TEST(FamilySummary, FiguresOfEachKindOfHistory) {
     test::LoadWorld world;
     SetSixDays(world);
     world.api.AddIssue("ABC", c.prices, c.start);
-    const std::vector<std::string> symbols{"ABC"};
-    ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress);
+    Compute(world, {"ABC"});
     const std::string name = PadRight("Name of ABC", 40);
     EXPECT_EQ(world.Row(2, 2), std::string("ABC|").append(name).append("|").append(c.row));
     EXPECT_TRUE(world.dialogs.messages.empty());
@@ -70,22 +80,18 @@ TEST(FamilySummary, SheetHasHeadingsExtentAndTogglesAndKeepsTheOrder) {
   SetSixDays(world);
   world.api.AddIssue("B", {1, 1, 2, 3, 4, 5});
   world.api.AddIssue("A", {1, 1, 2, 3, 4, 5});
-  const std::vector<std::string> symbols{"B", "NONE", "A"};
-  ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress);
+  EXPECT_EQ(Compute(world, {"B", "NONE", "A"}), 0);
   EXPECT_EQ(world.Row(2, 1),
             "Symbol|Name|Ann %|MDD %|MDD Date|UI|UPI|1 day|2 day|5 day|6 day|2.5 day|abc day");
   const Sheet& sheet = world.table.SheetAt(2);
   EXPECT_EQ(sheet.SheetName, "Summary");
   EXPECT_EQ(sheet.MaxRow, 4);
   EXPECT_EQ(sheet.MaxCol, 13);
-  EXPECT_EQ(sheet.FixedRows, 1);
-  EXPECT_EQ(sheet.FixedCols, 1);
+  EXPECT_TRUE(sheet.FixedRows == 1 && sheet.FixedCols == 1);
   EXPECT_GT(sheet.ColumnWidth(2), sheet.ColumnWidth(1));
   EXPECT_EQ(sheet.CellText(2, 1) + sheet.CellText(3, 1) + sheet.CellText(4, 1), "BNONEA");
   EXPECT_EQ(sheet.CellText(3, 2), std::string(40, ' '));
-  for (int col = 1; col <= 14; ++col) {
-    EXPECT_EQ(world.table.SortToggle[static_cast<std::size_t>(col)], 1) << col;
-  }
+  for (std::size_t col = 1; col <= 14; ++col) EXPECT_EQ(world.table.SortToggle[col], 1) << col;
   EXPECT_EQ(world.dialogs.Texts(),
             (std::vector<std::string>{"Unable to get prices for NONE\rno such issue\r(error -5)",
                                       "Unable to get start date for NONE\rusing 1"}));
@@ -101,54 +107,19 @@ TEST(FamilySummary, UndefinedFiguresShowZeroAndAreCounted) {
   world.api.AddIssue("ADL", {1, 1, 2, -1, -1, -1});
   world.api.AddIssue("NIL", {1, 1, 0, 0, 4, 4});
   world.api.AddIssue("OK", {1, 1, 2, 2, 2, 2});
-  const std::vector<std::string> symbols{"ADL", "NIL", "OK"};
-  EXPECT_EQ(ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress),
-            2);
-  const auto figures = [&](int row) {
-    std::vector<std::string> texts;
-    for (int col = 3; col <= 7; ++col) texts.push_back(world.table.SheetAt(2).CellText(row, col));
-    return texts;
-  };
-  EXPECT_EQ(figures(2), (std::vector<std::string>{"0.00", "150", "01/02/1991", "116.19", "0.00"}));
+  EXPECT_EQ(Compute(world, {"ADL", "NIL", "OK"}), 2);
+  const auto figures = [&world](int row) { return world.Row(2, row).substr(3 + 1 + 40); };
+  EXPECT_TRUE(figures(2).starts_with("|0.00|150|01/02/1991|116.19|0.00|")) << figures(2);
   // Down to 0 on the first used day: the peak is 0, nothing is defined.
-  EXPECT_EQ(figures(3), (std::vector<std::string>{"0.00", "0", "", "0.00", "0.00"}));
-  EXPECT_EQ(figures(4), (std::vector<std::string>{"41.42", "0", "04/12/1990", "0.00", "36.02"}));
-}
-
-TEST(FamilySummary, EachColumnHoldsItsOwnFigure) {
-  test::LoadWorld world;
-  SetSixDays(world);
-  world.api.AddIssue("ABC", {10, 10, 20, 10, 15, 40});
-  const std::vector<std::string> symbols{"ABC"};
-  ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress);
-  const std::vector<std::pair<std::string, std::string>> columns{
-      {"Symbol", "ABC"},
-      {"Name", PadRight("Name of ABC", 40)},
-      {"Ann %", "100.00"},
-      {"MDD %", "50"},
-      {"MDD Date", "01/02/1991"},
-      {"UI", "25.00"},
-      {"UPI", "3.78"},
-      {"1 day", "166.667"},
-      {"2 day", "300.000"},
-      {"5 day", "300.000"},
-      {"6 day", "0"},
-      {"2.5 day", "300.000"},
-      {"abc day", "0.000"}};
-  for (std::size_t c = 0; c < columns.size(); ++c) {
-    const int col = static_cast<int>(c) + 1;
-    EXPECT_EQ(world.table.SheetAt(2).CellText(1, col), columns[c].first);
-    EXPECT_EQ(world.table.SheetAt(2).CellText(2, col), columns[c].second) << columns[c].first;
-  }
+  EXPECT_TRUE(figures(3).starts_with("|0.00|0||0.00|0.00|")) << figures(3);
+  EXPECT_NE(figures(4).find("41.42|0|04/12/1990|0.00|36.02|"), std::string::npos) << figures(4);
 }
 
 TEST(FamilySummary, WindowIsBroughtIntoTheCalendarAndOverflowShowsZero) {
   test::LoadWorld world;
   world.api.SetDays(33000, 6);
   world.api.AddIssue("ABC", {1, 1, 1, 1, 1, 1000});  // 1000^365 a year
-  const std::vector<std::string> symbols{"ABC"};
-  const FamilyWindow window{-3, 99, {"1", "-1", "1e9", "", "5", "0"}};
-  ComputeFamilySummary(world.services, symbols, window, world.records, world.progress);
+  Compute(world, {"ABC"}, {-3, 99, {"1", "-1", "1e9", "", "5", "0"}});
   EXPECT_EQ(world.table.SheetAt(2).CellText(2, 3), "0.00");
   EXPECT_TRUE(world.Row(2, 2).ends_with("|99900.000|0|0|0.000|99900.000|0.000"));
 }
@@ -157,13 +128,89 @@ TEST(FamilySummary, TooLongACalendarIsReportedAndLeavesHeadingsAlone) {
   test::LoadWorld world;
   world.api.SetDays(1, 12001);
   world.api.AddIssue("ABC", std::vector<float>(12001, 2.0F));
-  const std::vector<std::string> symbols{"ABC"};
-  ComputeFamilySummary(world.services, symbols, kSixDays, world.records, world.progress);
+  Compute(world, {"ABC"});
   EXPECT_EQ(world.dialogs.Texts(),
             std::vector<std::string>{"The market-data service holds 12001 days; family "
                                      "calculations use at most 12000"});
   EXPECT_EQ(world.table.SheetAt(2).MaxRow, 1);
   EXPECT_TRUE(world.Row(2, 1).starts_with("Symbol|Name"));
+}
+
+/// The rule for one issue, written down as it is stated.
+GrowthWalk PlainWalk(std::span<const float> p, int begin_day, int end_day) {
+  GrowthWalk w;
+  bool started = false;
+  for (int day = begin_day + 2; day <= end_day; ++day) {
+    const float today = p[static_cast<std::size_t>(day)];
+    const float before = p[static_cast<std::size_t>(day - 1)];
+    if (!started && !(today != before && before > 0.0F)) continue;
+    if (!started) {
+      started = true;
+      w.first = day - 1;
+    }
+    const float ratio = today / before;
+    w.growth = w.growth * ratio;
+    w.peak = std::max(w.peak, w.growth);
+    const float of_peak = w.growth / w.peak;
+    if (of_peak < w.lowest_ratio) {
+      w.lowest_ratio = of_peak;
+      w.lowest_day = day;
+    }
+    const float below = (w.growth - w.peak) * 100.0F / w.peak;
+    w.square_sum = w.square_sum + below * below;
+  }
+  return w;
+}
+
+void ExpectSameBits(const GrowthWalk& a, const GrowthWalk& b) {
+  const auto bits = [](float value) { return std::bit_cast<std::uint32_t>(value); };
+  EXPECT_EQ(bits(a.growth), bits(b.growth));
+  EXPECT_EQ(bits(a.peak), bits(b.peak));
+  EXPECT_EQ(bits(a.lowest_ratio), bits(b.lowest_ratio));
+  EXPECT_EQ(bits(a.square_sum), bits(b.square_sum));
+  EXPECT_EQ(a.first, b.first);
+  EXPECT_EQ(a.lowest_day, b.lowest_day);
+}
+
+/// Histories that start on any day or never, stand still for stretches, and turn negative once.
+FamilyRecords RandomFamily(int count, int days, std::mt19937& random) {
+  FamilyRecords records;
+  records.Resize(count, days);
+  std::uniform_int_distribution<int> any_day(1, days + 20);
+  std::uniform_real_distribution<float> move(0.93F, 1.08F);
+  for (int k = 1; k <= count; ++k) {
+    const std::span<float> prices = records.Prices(k);
+    const int start = k % 3 == 0 ? 1 : any_day(random);
+    float price = 20.0F;
+    for (int day = 0; day <= days; ++day) {
+      price = random() % 4 == 0 ? price : price * move(random);
+      prices[static_cast<std::size_t>(day)] = day < start ? -1.0F : price;
+    }
+    if (k == 5) prices.back() = -3.5F;
+  }
+  return records;
+}
+
+TEST(FamilyWalk, IssuesSideBySideHaveTheBitsOfThePlainLoop) {
+  std::mt19937 random(20240607);
+  for (const int count : {1, 4, 7, 8, 9, 30}) {
+    for (const int days : {1, 2, 3, 9, 10, 11, 18, 400}) {
+      const FamilyRecords records = RandomFamily(count, days, random);
+      for (const int begin_day : {1, 2, days / 2 + 1}) {
+        for (const int end_day : {days, days - days / 5}) {
+          SCOPED_TRACE(testing::Message() << count << " issues, " << days << " days, " << begin_day
+                                          << " to " << end_day);
+          const auto walks = WalkGrowth(records, begin_day, end_day);
+          ASSERT_EQ(walks.size(), static_cast<std::size_t>(count));
+          for (int k = 1; k <= count; ++k) {
+            const auto i = static_cast<std::size_t>(k - 1);
+            const GrowthWalk expected = PlainWalk(records.Prices(k), begin_day, end_day);
+            ExpectSameBits(walks[i], expected);
+          }
+        }
+      }
+    }
+  }
 }
 
 }  // namespace

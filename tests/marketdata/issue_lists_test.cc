@@ -8,7 +8,7 @@
 #include "support/silent_progress.h"
 #include "support/temporary_folder.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
 
 std::string FamilyBytes(const std::string& title) {
@@ -16,14 +16,14 @@ std::string FamilyBytes(const std::string& title) {
 }
 
 TEST(ListFamilies, OneEntryAFileFolderAfterFolder) {
-  const test::TemporaryFolder ql;
+  const TemporaryFolder ql;
   ql.Write("QLDEF/dow15.fam", FamilyBytes("Stocks of the Dow"));
   ql.Write("QLDEF/Bonds.FAM", FamilyBytes("Bonds"));
   ql.Write("QLDEF/readme.txt", "no family");
   ql.MakeFolder("QL4WIN/SQLDEF");
   ql.Write("USERDEF/LONGERTHAN8.FAM", "LONGER");  // cut within its name
-  test::RecordingDialogs dialogs;
-  test::SilentProgress progress;
+  RecordingDialogs dialogs;
+  SilentProgress progress;
   const auto entries = ListFamilies(ql.Path(), {ql.Path(), {}, {}}, dialogs, progress);
   ASSERT_TRUE(entries.has_value());
   EXPECT_EQ(*entries,
@@ -40,10 +40,10 @@ TEST(ListFamilies, OneEntryAFileFolderAfterFolder) {
 }
 
 TEST(ListFamilies, AFolderThatIsMissingEndsTheProgram) {
-  const test::TemporaryFolder ql;
+  const TemporaryFolder ql;
   ql.MakeFolder("QLDEF");
-  test::RecordingDialogs dialogs;
-  test::SilentProgress progress;
+  RecordingDialogs dialogs;
+  SilentProgress progress;
   EXPECT_FALSE(ListFamilies(ql.Path(), {ql.Path(), {}, {}}, dialogs, progress).has_value());
   EXPECT_EQ(dialogs.Texts(),
             std::vector<std::string>{
@@ -53,12 +53,12 @@ TEST(ListFamilies, AFolderThatIsMissingEndsTheProgram) {
 }
 
 TEST(ListAllIssues, SymbolInSixCharactersThenTheName) {
-  test::FakeQuoteline api;
+  FakeQuoteline api;
   api.AddIssue("SP500", {});
   api.AddIssue("C", {});
   api.issues["C"].name = "Soci\xE9t\xE9 " + std::string(40, 'x');
   MarketData market;
-  test::SilentProgress progress;
+  SilentProgress progress;
   EXPECT_EQ(
       ListAllIssues(api, market, progress),
       (std::vector<std::string>{"C     Société " + std::string(32, 'x'), "SP500 Name of SP500"}));
@@ -98,7 +98,7 @@ TEST(FindInList, TypingMovesToTheFirstFit) {
 }
 
 TEST(ChooseFamilyFile, AsksAgainUntilAFileOrGivingUp) {
-  test::RecordingDialogs dialogs;
+  RecordingDialogs dialogs;
   dialogs.open_answers = {{}, {"C:\\QL\\USERDEF\\A.FAM"}};
   dialogs.answers = {Answer::kCancel};
   EXPECT_EQ(ChooseFamilyFile("C:\\QL", dialogs), "C:\\QL\\USERDEF\\A.FAM");
@@ -109,5 +109,25 @@ TEST(ChooseFamilyFile, AsksAgainUntilAFileOrGivingUp) {
   EXPECT_EQ(ChooseFamilyFile("C:\\QL", dialogs), "");
 }
 
+TEST(FamilyFiles, AMissingOrShortFileIsAnErrorThatNamesIt) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(ReadFamilyFile(folder.Path("NONE.FAM")).Error().number, 53);
+  const auto cut = ReadFamilyFile(folder.Write("CUT.FAM", std::string(115, ' ')));
+  EXPECT_EQ(cut.Error().number, 62);
+  EXPECT_EQ(cut.Error().subject, folder.Path("CUT.FAM"));
+}
+
+TEST(FamilyFiles, AreSoughtInThreeFoldersInOrder) {
+  const TemporaryFolder ql;
+  const PathRoots roots{ql.Path(), {}, {}};
+  EXPECT_EQ(FindFamilyFile("DOW", ql.Path(), roots), "");
+  ql.Write("QL4WIN/SQLDEF/DOW.FAM", "");
+  EXPECT_EQ(FindFamilyFile("DOW", ql.Path(), roots), ql.Path("QL4WIN/SQLDEF/DOW.FAM"));
+  ql.Write("USERDEF/dow.fam", "");
+  EXPECT_EQ(FindFamilyFile("DOW", ql.Path(), roots), ql.Path("USERDEF/DOW.FAM"));
+  ql.Write("QLDEF/DOW.FAM", "");
+  EXPECT_EQ(FindFamilyFile("DOW", "c:\\ql", roots), "c:\\ql/QLDEF/DOW.FAM");
+}
+
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

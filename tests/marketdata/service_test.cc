@@ -2,39 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include "marketdata/market_calendar.h"
 #include "support/fake_quoteline.h"
 #include "support/recording_dialogs.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
+
+using Texts = std::vector<std::string>;
 
 TEST(Service, OpensRebuildsOnceOrEnds) {
   struct Case {
     std::int32_t open, rebuild;
     bool opened;
     int rebuilds;
-    std::vector<std::string> messages;
+    Texts messages;
   };
-  const std::vector<Case> cases{
-      {0, 0, true, 0, {}},
-      {3, 0, true, 0, {}},
-      {-4, 0, true, 1, {}},
-      {-4,
-       -7,
-       false,
-       1,
-       {"Unable to open Quoteline DLL\rsymbols file-database mismatch\r(error -7)"}},
-      {-1,
-       0,
-       false,
-       0,
-       {"Unable to open Quoteline DLL\runable to open database file\r(error -1)"}}};
-  for (const Case& c : cases) {
-    test::FakeQuoteline api;
+  const std::string unable = "Unable to open Quoteline DLL\r";
+  for (const Case& c :
+       {Case{0, 0, true, 0, {}},
+        Case{3, 0, true, 0, {}},
+        Case{-4, 0, true, 1, {}},
+        Case{-4, -7, false, 1, {unable + "symbols file-database mismatch\r(error -7)"}},
+        Case{-1, 0, false, 0, {unable + "unable to open database file\r(error -1)"}}}) {
+    FakeQuoteline api;
     api.open_status = c.open;
     api.rebuild_status = c.rebuild;
     MarketData market;
-    test::RecordingDialogs dialogs;
+    RecordingDialogs dialogs;
     EXPECT_EQ(OpenQuoteline(api, market, dialogs), c.opened) << c.open;
     EXPECT_EQ(api.rebuilds, c.rebuilds) << c.open;
     EXPECT_EQ(dialogs.Texts(), c.messages);
@@ -42,63 +37,125 @@ TEST(Service, OpensRebuildsOnceOrEnds) {
   }
 }
 
-TEST(Service, DirectoryLosesItsTerminatorAndIsEmptyAfterAFailure) {
-  test::FakeQuoteline api;
+struct ServiceWorld {
+  FakeQuoteline api;
   MarketData market;
-  test::RecordingDialogs dialogs;
-  ReadQuotelineDir(api, market, dialogs);
-  EXPECT_EQ(market.QuotelineDir, "C:\\QL");
-  EXPECT_TRUE(dialogs.messages.empty());
+  RecordingDialogs dialogs;
+};
 
-  api.directory_status = -3;
-  ReadQuotelineDir(api, market, dialogs);
-  EXPECT_EQ(market.QuotelineDir, "");
-  EXPECT_EQ(
-      dialogs.Texts(),
-      std::vector<std::string>{"Unable to get Quoteline directory\rbad INI file\r(error -3)"});
+TEST(Service, DirectoryLosesItsTerminatorAndIsEmptyAfterAFailure) {
+  ServiceWorld world;
+  ReadQuotelineDir(world.api, world.market, world.dialogs);
+  EXPECT_EQ(world.market.QuotelineDir, "C:\\QL");
+  EXPECT_TRUE(world.dialogs.messages.empty());
+  world.api.directory_status = -3;
+  ReadQuotelineDir(world.api, world.market, world.dialogs);
+  EXPECT_EQ(world.market.QuotelineDir, "");
+  EXPECT_EQ(world.dialogs.Texts(),
+            Texts{"Unable to get Quoteline directory\rbad INI file\r(error -3)"});
 }
 
 TEST(Service, CalendarTakesDatesAndReportsWhatFails) {
-  test::FakeQuoteline api;
-  MarketData market;
-  test::RecordingDialogs dialogs;
-  api.dates = {33000, -8, 33003};
-  LoadMarketCalendar(api, market, dialogs);
-  EXPECT_EQ(market.calendar.MaxDays, 3);
-  EXPECT_EQ(market.calendar.DayDates, (std::vector<DateSerial>{0, 33000, -8, 33003}));
-  EXPECT_EQ(
-      dialogs.Texts(),
-      std::vector<std::string>{"Unable to get Julian day 2\rindex out of bounds\r(error -8)"});
-
-  api.max_days_status = -2;
-  LoadMarketCalendar(api, market, dialogs);
-  EXPECT_EQ(market.calendar.MaxDays, 0);
-  EXPECT_EQ(dialogs.messages.back().text,
-            "Unable to get max days\rdatabase file corrupt\r(error -2)");
-
-  api.max_days_status = 0;
-  api.SetDays(1, 32768);
-  LoadMarketCalendar(api, market, dialogs);
-  EXPECT_EQ(dialogs.messages.back().text, "error: 6 Overflow");
+  ServiceWorld world;
+  const auto load = [&world] { LoadMarketCalendar(world.api, world.market, world.dialogs); };
+  world.api.dates = {33000, -8, 33003};
+  load();
+  EXPECT_EQ(world.market.calendar.MaxDays, 3);
+  EXPECT_EQ(world.market.calendar.DayDates, (std::vector<DateSerial>{0, 33000, -8, 33003}));
+  world.api.max_days_status = -2;
+  load();
+  EXPECT_EQ(world.market.calendar.MaxDays, 0);
+  world.api.max_days_status = 0;
+  world.api.SetDays(1, 32768);
+  load();
+  EXPECT_EQ(world.dialogs.Texts(),
+            (Texts{"Unable to get Julian day 2\rindex out of bounds\r(error -8)",
+                   "Unable to get max days\rdatabase file corrupt\r(error -2)",
+                   "error: 6 Overflow",     // of the calendar's days
+                   "error: 6 Overflow"}));  // and of those with prices
 }
 
 TEST(Service, HistoryOfAnUnknownIssueWarnsTwiceAndHasNoPrice) {
-  test::FakeQuoteline api;
+  auto [api, market, dialogs] = ServiceWorld();
   api.SetDays(33000, 3);
   api.AddIssue("OLD", {5.0F, 6.0F}, 2);
-  MarketData market;
-  test::RecordingDialogs dialogs;
   PrepareHistories(api, market, dialogs);
   EXPECT_EQ(FetchHistoryOrReport(api, market, "OLD  ", market.PriceBuffer, dialogs), 2);
   EXPECT_EQ(market.PriceBuffer, (std::vector<float>{-1, -1, 5, 6}));
   EXPECT_TRUE(dialogs.messages.empty());
-
   EXPECT_EQ(FetchHistoryOrReport(api, market, "NEW", market.PriceBuffer, dialogs), 1);
   EXPECT_EQ(market.PriceBuffer, (std::vector<float>{-1, -1, -1, -1}));
   EXPECT_EQ(dialogs.Texts(),
-            (std::vector<std::string>{"Unable to get prices for NEW\rno such issue\r(error -5)",
-                                      "Unable to get start date for NEW\rusing 1"}));
+            (Texts{"Unable to get prices for NEW\rno such issue\r(error -5)",
+                   "Unable to get start date for NEW\rusing 1"}));
+}
+
+TEST(Status, ReportIsThreePartsUnderTheTitleErrorAndOnlyFatalFailuresEndTheProgram) {
+  RecordingDialogs dialogs;
+  for (const int status : {0, 7}) ReportQuotelineError(status, "x", true, dialogs);
+  EXPECT_TRUE(dialogs.messages.empty() && !dialogs.ended);
+  for (const int status : {-5, -42, -999}) {
+    ReportQuotelineError(status, "No prices for ABC", false, dialogs);
+  }
+  EXPECT_EQ(dialogs.Texts(),
+            (Texts{"No prices for ABC\rno such issue\r(error -5)",
+                   "No prices for ABC\r\r(error -42)",
+                   "No prices for ABC\rsystem failure\r(error -999)"}));
+  EXPECT_EQ(dialogs.messages[0].title, "Error");
+  EXPECT_FALSE(dialogs.ended);
+  ReportQuotelineError(-1, "x", true, dialogs);
+  EXPECT_TRUE(dialogs.ended_fatally);
+}
+
+/// Thursday 23, Monday 27, Tuesday 28 December 1999, Monday 3 January 2000.
+MarketCalendar HolidayCalendar() {
+  MarketCalendar calendar{4, 4, {0}};
+  for (const CivilDate& date :
+       {CivilDate{1999, 12, 23}, {1999, 12, 27}, {1999, 12, 28}, {2000, 1, 3}}) {
+    calendar.DayDates.push_back(SerialFromDate(date));
+  }
+  return calendar;
+}
+
+TEST(DateEntry, TypedTextsFindTheirMarketDay) {
+  struct Case {
+    const char* typed;
+    int day;
+    const char* text;
+    bool exact;
+    bool is_date = true;
+  };
+  for (const Case& c : {Case{"12/27/1999", 2, "12/27/1999", true},
+                        Case{"12/25/1999", 2, "12/27/1999", false},
+                        Case{"1/3/00", 4, "1/3/00", true},
+                        Case{"1/4/2000", 4, "01/03/2000", false},
+                        Case{"27. Dec 99", 2, "27. Dec 99", true},
+                        Case{"26.12.1999", 2, "12/27/1999", false},
+                        Case{"7/4/1950", 1, "12/23/1999", false},
+                        Case{"", 1, "12/23/1999", false, false},
+                        Case{"soon", 4, "01/03/2000", false, false},
+                        Case{"2000", 4, "01/03/2000", false, false},
+                        Case{"1999/12/26x", 2, "12/27/1999", false, false}}) {
+    const auto entry = SnapDateEntry(c.typed, HolidayCalendar());
+    ASSERT_TRUE(entry.has_value());
+    EXPECT_EQ(entry->day, c.day) << c.typed;
+    EXPECT_EQ(entry->text, c.text) << c.typed;
+    EXPECT_EQ(entry->exact, c.exact) << c.typed;
+    EXPECT_EQ(entry->is_date, c.is_date) << c.typed;
+  }
+  EXPECT_FALSE(SnapDateEntry("1/3/2000", MarketCalendar{}).has_value());
+}
+
+TEST(MarketCalendar, FindsDaysByDate) {
+  const MarketCalendar calendar = HolidayCalendar();
+  const DateSerial first = calendar.DateOf(1);
+  EXPECT_EQ(MarketDayOnOrBefore(calendar, first - 1), 0);
+  EXPECT_EQ(MarketDayOnOrBefore(calendar, first + 3), 1);
+  EXPECT_EQ(MarketDayOnOrBefore(calendar, first + 1000), 4);
+  EXPECT_EQ(MarketDayOf(calendar, first + 4), 2);
+  EXPECT_EQ(MarketDayOf(calendar, first + 3), 0);
+  EXPECT_EQ(MarketDayOnOrBefore(MarketCalendar{}, first), 0);
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "formats/family_file.h"
+#include "quoteline/family_folders.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {
@@ -118,6 +119,46 @@ TEST(Check, ADamagedIssueCanBeRemovedAndReplacedButNotMerged) {
   EXPECT_TRUE(world.Import("A.csv", text, test::Replacing()).faults.empty());
   EXPECT_EQ(CheckService(world.folder.Path()).faults, Lines{});
   EXPECT_EQ(world.Prices("B"), "1,2000-01-04,7\n2,2000-01-05,8\n");
+}
+
+TEST(FamilyFile, IsAHeaderOf116BytesAnd19BytesASymbol) {
+  QuotelineWorld world;
+  world.Import("w.csv", "Date,A,$NADV\n2000-01-03,10,5\n");
+  const auto written = WriteFamily(
+      world.folder.Path(),
+      "ql4win\\sqldef",
+      {.header = {.name = "two", .title = "Zwei f\xC3\xBCr alle"}, .symbols = {"$nadv", "A", "A"}});
+  ASSERT_TRUE(written) << PlainText(written.Error());
+  EXPECT_EQ(written.Value(), world.folder.Path("QL4WIN/SQLDEF/TWO.FAM"));
+  const std::string bytes = world.folder.Read("QL4WIN/SQLDEF/TWO.FAM");
+  ASSERT_EQ(bytes.size(), 116U + 3U * 19U);
+  EXPECT_EQ(bytes.substr(0, 23), "TWO     Zwei f\xFCr alle  ");
+  EXPECT_EQ(bytes.substr(79, 4), std::string(" \x03\0 ", 4));
+  EXPECT_EQ(bytes.substr(116, 24), "$NADV              A    ");
+}
+
+TEST(FamilyFile, RefusesWhatTheProgramCouldNotLoad) {
+  QuotelineWorld world;
+  world.Import("A.csv", "Date,Close\n2000-01-03,10\n");
+  const auto refusal = [&](const std::string& folder,
+                           const std::string& name,
+                           const std::string& title = "",
+                           std::vector<std::string> symbols = {"A"}) {
+    const auto written =
+        WriteFamily(world.folder.Path(),
+                    folder,
+                    {.header = {.name = name, .title = title}, .symbols = std::move(symbols)});
+    return written ? std::string() : PlainText(written.Error());
+  };
+  EXPECT_EQ(refusal("MYDEF", "F"), "MYDEF: is no family folder (QLDEF, QL4WIN/SQLDEF or USERDEF)");
+  EXPECT_EQ(refusal("QLDEF", "NINECHARS"),
+            "\"NINECHARS\": a family's name has 1 to 8 letters, digits or - _ $ ^ ~ ! # % & @");
+  EXPECT_NE(refusal("QLDEF", "../X"), "");
+  EXPECT_EQ(refusal("QLDEF", "F", std::string(73, 't')),
+            "F: the title has 73 characters; a family holds 72");
+  EXPECT_EQ(refusal("QLDEF", "F", "", {"X", "A", "TOOLONG"}),
+            "X, TOOLONG: no such issue; the family was not written");
+  EXPECT_EQ(world.folder.Read("QLDEF/F.FAM"), "");
 }
 
 }  // namespace

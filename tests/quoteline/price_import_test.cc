@@ -7,19 +7,21 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "quoteline/check.h"
+#include "quoteline/price_text.h"
 #include "support/quoteline_world.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
 
-using test::QuotelineWorld;
 using Lines = std::vector<std::string>;
 
 // "SYMBOL new changed" of each issue of a report, or its faults without the folder.
@@ -39,62 +41,55 @@ Lines Told(const ImportReport& report, const QuotelineWorld& world) {
   return lines;
 }
 
-struct FormCase {
-  const char* file;
-  std::string text;
-  bool adjusted;
-  std::string list;    // of the only, or first, issue
-  std::string prices;  // of the same
-};
+struct PriceImport : testing::Test, QuotelineWorld {};
 
-TEST(PriceImport, TellsTheFormsApartByTheirHeader) {
+TEST(PriceImports, TellsTheFormsApartByTheirHeader) {
+  struct FormCase {
+    const char* file;
+    std::string text;
+    const char *list, *prices;  // of the only issue
+  };
   const FormCase cases[] = {
       {"ab.us.csv",
        "Date,Open,Close\n2000-01-04,1,2.5\n2000-01-03,1,2\n",
-       false,
        "AB 2000-01-03 2000-01-04 2 AB",
        "1,2000-01-03,2\n2,2000-01-04,2.5\n"},
       {"$x.csv",
        "\xEF\xBB\xBF\"date\";\"NAV\"\r\n\"1/3/2000\";\" 7.25 \"\r\n12/31/1999;+6\r\n",
-       false,
        "$X 1999-12-31 2000-01-03 2 $X",
        "1,1999-12-31,6\n2,2000-01-03,7.25\n"},
-      {"TXN.csv",
-       "Date,Close,Adj Close,Volume\n2000-01-03,102.88,42.94,5\n",
-       true,
-       "TXN 2000-01-03 2000-01-03 1 TXN",
-       "1,2000-01-03,42.94\n"},
       {"any.csv",
        "Symbol\tDate\tPrice\tName\nsbi\t2000-01-03\t95.88\t\"Bonds, \"\"all\"\"\"\n"
        "SBI\t2000-01-04\t1e2\t\n",
-       false,
        "SBI 2000-01-03 2000-01-04 2 Bonds, \"all\"",
        "1,2000-01-03,95.88\n2,2000-01-04,100\n"},
       {"any.csv",
        "DATE,brk.b\r2000-01-03,.5\r2000-01-04,\r2000-01-05,16777217",
-       false,
        "BRK.B 2000-01-03 2000-01-05 2 BRK.B",
        "1,2000-01-03,0.5\n2,2000-01-05,16777220\n"},
       {"AB.csv",
        "Date,Close,,\n2000-01-03,4,,\n\n2000-01-03,4,,\n",
-       false,
        "AB 2000-01-03 2000-01-03 1 AB",
        "1,2000-01-03,4\n"},
       {"AB.csv",  // a spreadsheet's preamble; more commas than semicolons in the header
        "sep=;\r\n\r\nDate;Close;\"a,b,c\"\r\n2000-01-03;4;\r\n",
-       false,
        "AB 2000-01-03 2000-01-03 1 AB",
        "1,2000-01-03,4\n"},
   };
   for (const FormCase& form : cases) {
     SCOPED_TRACE(form.text);
     QuotelineWorld world;
-    const ImportReport report = world.Import(form.file, form.text, test::Adjusted(form.adjusted));
-    EXPECT_EQ(Told(report, world).size(), 1U);
-    ASSERT_EQ(world.List().size(), 1U);
-    EXPECT_EQ(world.List()[0] + " ", form.list + " ");
-    EXPECT_EQ(world.Prices(form.list.substr(0, form.list.find(' '))), form.prices);
+    EXPECT_EQ(Told(world.Import(form.file, form.text), world).size(), 1U);
+    const Lines list = world.List();
+    ASSERT_EQ(list, Lines{form.list});
+    EXPECT_EQ(world.Prices(list[0].substr(0, list[0].find(' '))), form.prices);
   }
+}
+
+TEST_F(PriceImport, TakesTheAdjustedPriceWhenAsked) {
+  const std::string text = "Date,Close,Adj Close,Volume\n2000-01-03,102.88,42.94,5\n";
+  EXPECT_EQ(Told(Import("TXN.csv", text, Adjusted()), *this), Lines{"TXN 1 0"});
+  EXPECT_EQ(Prices("TXN"), "1,2000-01-03,42.94\n");
 }
 
 // What a header makes of a line "2000-01-03,1,2,3": the issues, or the refusal; then what the one
@@ -105,7 +100,7 @@ struct HeaderCase {
   Lines left_out;
 };
 
-TEST(PriceImport, APriceColumnInAnyCaseMakesAFileOfOneIssue) {
+TEST(PriceImports, APriceColumnInAnyCaseMakesAFileOfOneIssue) {
   const std::string none = "F.csv: has no price column (Close, NAV or Price) in its header";
   const HeaderCase cases[] = {
       {"Date,NAV,POP,CHG", {"F 1 0"}, {"POP", "CHG"}},
@@ -129,7 +124,7 @@ TEST(PriceImport, APriceColumnInAnyCaseMakesAFileOfOneIssue) {
   }
 }
 
-TEST(PriceImport, WhatAFileIsCanBeSaidOutright) {
+TEST(PriceImports, WhatAFileIsCanBeSaidOutright) {
   const std::string text = "Date,AAA,NAV\n2000-01-03,1,2\n";
   ImportRequest wide;
   wide.options.wide = true;
@@ -146,86 +141,72 @@ TEST(PriceImport, WhatAFileIsCanBeSaidOutright) {
             Lines{"l.csv:4: a second issue, \"B\", in a file that --symbol says holds one"});
 }
 
-TEST(PriceImport, WhatSpreadsheetsAndOldProgramsLeaveBehindIsNoFault) {
-  QuotelineWorld world;
-  const ImportReport rows =
-      world.Import("A.csv", ";;\nDate;Close;X\n2000-01-03;1;2\n;;\n ; ;\n\x1A\x1A");
-  EXPECT_EQ(Told(rows, world), Lines{"A 1 0"});
-  const ImportReport wide = world.Import("w.csv", "Date,B,C\n,,\n2000-01-03,1,2\x1A");
-  EXPECT_EQ(Told(wide, world), (Lines{"B 1 0", "C 1 0"}));
+TEST_F(PriceImport, WhatSpreadsheetsAndOldProgramsLeaveBehindIsNoFault) {
+  const ImportReport rows = Import("A.csv", ";;\nDate;Close;X\n2000-01-03;1;2\n;;\n ; ;\n\x1A\x1A");
+  EXPECT_EQ(Told(rows, *this), Lines{"A 1 0"});
+  const ImportReport wide = Import("w.csv", "Date,B,C\n,,\n2000-01-03,1,2\x1A");
+  EXPECT_EQ(Told(wide, *this), (Lines{"B 1 0", "C 1 0"}));
 }
 
-TEST(PriceImport, NamesHaveOneLimit) {
-  QuotelineWorld world;
+TEST_F(PriceImport, NamesHaveOneLimitInBothEncodings) {
   const std::string longest = "Z\xFC" + std::string(78, 'x');  // 80 characters
-  const ImportReport kept =
-      world.Import("l.csv", "Symbol,Date,NAV,Name\nA,2000-01-03,1," + longest + "\n");
-  EXPECT_EQ(Told(kept, world), Lines{"A 1 0"});
-  const ImportReport refused =
-      world.Import("l.csv", "Symbol,Date,NAV,Name\nA,2000-01-03,1," + longest + "y\n");
-  EXPECT_EQ(Told(refused, world), Lines{"l.csv:2: the name has 81 characters; 80 are the most"});
+  const auto import = [this](const std::string& symbol, const std::string& name) {
+    return Told(Import("l.csv", "Symbol,Date,NAV,Name\n" + symbol + ",2000-01-03,1," + name + "\n"),
+                *this);
+  };
+  EXPECT_EQ(import("A", longest), Lines{"A 1 0"});
+  EXPECT_EQ(import("A", longest + "y"),
+            Lines{"l.csv:2: the name has 81 characters; 80 are the most"});
+  import("U", "Z\xC3\xBCrich \xC5\x81");
+  import("W", "Z\xFCrich");
+  EXPECT_EQ(List("U"), Lines{"U 2000-01-03 2000-01-03 1 Z\xC3\xBCrich \xC5\x81"});
+  EXPECT_EQ(List("W"), Lines{"W 2000-01-03 2000-01-03 1 Z\xC3\xBCrich"});
 }
 
-TEST(PriceImport, ShowsPricesAsPlainNumbersOfSevenDigits) {
-  QuotelineWorld world;
-  world.Import("A.csv", "Date,NAV\n2000-01-03,300000\n2000-01-04,16777216\n2000-01-05,0.00001\n");
-  EXPECT_EQ(world.Prices("A"),
-            "1,2000-01-03,300000\n2,2000-01-04,16777220\n3,2000-01-05,0.00001\n");
+TEST_F(PriceImport, ShowsPricesAsPlainNumbersOfSevenDigits) {
+  Import("A.csv", "Date,NAV\n2000-01-03,300000\n2000-01-04,16777216\n2000-01-05,0.00001\n");
+  EXPECT_EQ(Prices("A"), "1,2000-01-03,300000\n2,2000-01-04,16777220\n3,2000-01-05,0.00001\n");
 }
 
-TEST(PriceImport, WhatCanBeNoPriceFileIsRefusedAtOnce) {
-  QuotelineWorld world;
-  const std::string large = world.files.Write("large.csv", "Date,Close\n");
-  const std::string line = world.files.Write("line.csv", "Date,Close\n");
+TEST_F(PriceImport, WhatCanBeNoPriceFileIsRefusedAtOnce) {
+  const std::string large = files.Write("large.csv", "Date,Close\n");
+  const std::string line = files.Write("line.csv", "Date,Close\n");
   std::filesystem::resize_file(large, (std::uintmax_t{2} << 30U) + 1);
   std::filesystem::resize_file(line, std::uintmax_t{40} << 20U);
-  EXPECT_EQ(Told(world.ImportFiles({"/dev/zero", "/dev/null", large}), world),
+  EXPECT_EQ(Told(ImportFiles({"/dev/zero", "/dev/null", large}), *this),
             (Lines{"/dev/zero: is a device, not a price file",
                    "/dev/null: is a device, not a price file",
                    "large.csv: is larger than 2 GiB; a price file of that size is to be split"}));
-  EXPECT_EQ(Told(world.ImportFiles({line}), world),
+  EXPECT_EQ(Told(ImportFiles({line}), *this),
             Lines{"line.csv: is not a price file: a line of it is longer than 16 MiB"});
 }
 
-TEST(PriceImport, KeepsNamesOfBothEncodings) {
-  QuotelineWorld world;
-  world.Import("l.csv",
-               "Symbol,Date,NAV,Name\nU,2000-01-03,1,Z\xC3\xBCrich \xC5\x81\n"
-               "W,2000-01-03,1,Z\xFCrich\n");
-  EXPECT_EQ(world.List(),
-            (Lines{"U 2000-01-03 2000-01-03 1 Z\xC3\xBCrich \xC5\x81",
-                   "W 2000-01-03 2000-01-03 1 Z\xC3\xBCrich"}));
-}
-
-TEST(PriceImport, RenumbersEveryIssueWhenDatesComeBetweenAndBefore) {
-  QuotelineWorld world;
-  world.Import("w.csv", "Date,A,B\n2000-01-05,1,\n2000-01-07,2,5\n2000-01-11,3,6\n");
+TEST_F(PriceImport, RenumbersEveryIssueWhenDatesComeBetweenAndBefore) {
+  Import("w.csv", "Date,A,B\n2000-01-05,1,\n2000-01-07,2,5\n2000-01-11,3,6\n");
   const ImportReport report =
-      world.Import("C.csv", "Date,Close\n2000-01-03,9\n2000-01-06,8\n2000-01-07,7\n");
-  EXPECT_EQ(Told(report, world), Lines{"C 3 0"});
-  EXPECT_EQ(world.Prices("A"), "2,2000-01-05,1\n3,2000-01-06,1\n4,2000-01-07,2\n5,2000-01-11,3\n");
-  EXPECT_EQ(world.Prices("B"), "4,2000-01-07,5\n5,2000-01-11,6\n");
+      Import("C.csv", "Date,Close\n2000-01-03,9\n2000-01-06,8\n2000-01-07,7\n");
+  EXPECT_EQ(Told(report, *this), Lines{"C 3 0"});
+  EXPECT_EQ(Prices("A"), "2,2000-01-05,1\n3,2000-01-06,1\n4,2000-01-07,2\n5,2000-01-11,3\n");
+  EXPECT_EQ(Prices("B"), "4,2000-01-07,5\n5,2000-01-11,6\n");
   // The carried value of 6 January is no price, so that the calendar forgets the day with C.
-  EXPECT_EQ(world.List("A"), Lines{"A 2000-01-05 2000-01-11 3 A"});
-  ASSERT_TRUE(RemoveIssues(world.folder.Path(), {"c"}).Ok());
-  EXPECT_EQ(world.Prices("A"), "1,2000-01-05,1\n2,2000-01-07,2\n3,2000-01-11,3\n");
-  EXPECT_TRUE(CheckService(world.folder.Path()).faults.empty());
+  EXPECT_EQ(List("A"), Lines{"A 2000-01-05 2000-01-11 3 A"});
+  ASSERT_TRUE(RemoveIssues(folder.Path(), {"c"}).Ok());
+  EXPECT_EQ(Prices("A"), "1,2000-01-05,1\n2,2000-01-07,2\n3,2000-01-11,3\n");
+  EXPECT_TRUE(CheckService(folder.Path()).faults.empty());
 }
 
-TEST(PriceImport, MergesAKnownIssueAndReplacesItWhenAsked) {
-  QuotelineWorld world;
-  world.Import("A.csv", "Date,Close\n2000-01-03,1\n2000-01-05,3\n", test::Named("Old"));
+TEST_F(PriceImport, MergesAKnownIssueAndReplacesItWhenAsked) {
+  Import("A.csv", "Date,Close\n2000-01-03,1\n2000-01-05,3\n", Named("Old"));
   const std::string text = "Date,Close\n2000-01-03,1\n2000-01-04,2\n2000-01-05,4\n";
-  EXPECT_EQ(Told(world.Import("A.csv", text, test::DryRun()), world), Lines{"A 1 1"});
-  EXPECT_EQ(world.List(), Lines{"A 2000-01-03 2000-01-05 2 Old"});
-  EXPECT_EQ(Told(world.Import("A.csv", text), world), Lines{"A 1 1"});
-  EXPECT_EQ(world.Prices("A"), "1,2000-01-03,1\n2,2000-01-04,2\n3,2000-01-05,4\n");
-  EXPECT_EQ(Told(world.Import("A.csv", text), world), Lines{"A 0 0"});
-  const ImportReport replaced =
-      world.Import("A.csv", "Date,Close\n2000-01-04,8\n", test::Replacing());
-  EXPECT_EQ(Told(replaced, world), Lines{"A 1 0"});
-  EXPECT_EQ(world.Prices("A"), "1,2000-01-04,8\n");
-  EXPECT_EQ(world.List(), Lines{"A 2000-01-04 2000-01-04 1 Old"});
+  EXPECT_EQ(Told(Import("A.csv", text, DryRun()), *this), Lines{"A 1 1"});
+  EXPECT_EQ(List(), Lines{"A 2000-01-03 2000-01-05 2 Old"});
+  EXPECT_EQ(Told(Import("A.csv", text), *this), Lines{"A 1 1"});
+  EXPECT_EQ(Prices("A"), "1,2000-01-03,1\n2,2000-01-04,2\n3,2000-01-05,4\n");
+  EXPECT_EQ(Told(Import("A.csv", text), *this), Lines{"A 0 0"});
+  const ImportReport replaced = Import("A.csv", "Date,Close\n2000-01-04,8\n", Replacing());
+  EXPECT_EQ(Told(replaced, *this), Lines{"A 1 0"});
+  EXPECT_EQ(Prices("A"), "1,2000-01-04,8\n");
+  EXPECT_EQ(List(), Lines{"A 2000-01-04 2000-01-04 1 Old"});
 }
 
 struct Refused {
@@ -234,7 +215,7 @@ struct Refused {
   Lines told;
 };
 
-TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
+TEST(PriceImports, NamesEveryBadLineAndStoresNothing) {
   const Refused cases[] = {
       {"A.csv", "", {"A.csv: is empty, not a price file"}},
       {"A.csv", "\r\n \n", {"A.csv: is empty, not a price file"}},
@@ -314,29 +295,24 @@ TEST(PriceImport, NamesEveryBadLineAndStoresNothing) {
   }
 }
 
-TEST(PriceImport, ShowsTwentyBadLinesOfAllFilesAndCountsTheOthers) {
-  QuotelineWorld world;
+TEST_F(PriceImport, ShowsTwentyBadLinesOfAllFilesAndCountsTheOthers) {
   std::string text = "Date,Close\n";
   for (int i = 0; i < 15; ++i) text += "x,1\n";
   const std::string good = "Date,Close\n2000-01-03,1\n";
-  const ImportReport report = world.ImportFiles({world.files.Write("A.csv", text),
-                                                 world.files.Write("G.csv", good),
-                                                 world.files.Write("B.csv", text)});
-  const Lines told = Told(report, world);
+  const ImportReport report = ImportFiles(
+      {files.Write("A.csv", text), files.Write("G.csv", good), files.Write("B.csv", text)});
+  const Lines told = Told(report, *this);
   ASSERT_EQ(told.size(), 21U);
   EXPECT_EQ(told[19], "B.csv:6: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)");
   EXPECT_EQ(told[20], "and 10 more bad lines");
-  EXPECT_TRUE(world.List().empty());
+  EXPECT_TRUE(List().empty());
 }
 
-TEST(PriceImport, ComparesTheFilesOfOneCallWithEachOther) {
-  QuotelineWorld world;
-  const std::string first = world.files.Write("A.csv", "Date,Close\n2000-01-03,1\n2000-01-04,2\n");
-  const std::string second =
-      world.files.Write("w.csv", "Date,A,B\n2000-01-04,2,5\n2000-01-03,9,6\n");
-  const std::vector<std::string> files = {first, second};
-  const ImportReport report = world.ImportFiles(files);
-  EXPECT_EQ(Told(report, world), Lines{"w.csv:3: A has another price on 2000-01-03 in A.csv:2"});
+TEST_F(PriceImport, ComparesTheFilesOfOneCallWithEachOther) {
+  const std::string first = files.Write("A.csv", "Date,Close\n2000-01-03,1\n2000-01-04,2\n");
+  const std::string second = files.Write("w.csv", "Date,A,B\n2000-01-04,2,5\n2000-01-03,9,6\n");
+  EXPECT_EQ(Told(ImportFiles({first, second}), *this),
+            Lines{"w.csv:3: A has another price on 2000-01-03 in A.csv:2"});
 }
 
 // `count` days from 1 January 1900 on.
@@ -349,35 +325,22 @@ std::string DailyPrices(int count) {
   return text;
 }
 
-TEST(PriceImport, RefusesACalendarOfMoreThan32767Days) {
-  QuotelineWorld world;
-  EXPECT_TRUE(world.Import("A.csv", DailyPrices(32'767)).faults.empty());
-  const ImportReport report = world.Import("B.csv", "Date,Close\n2020-01-03,1\n");
-  ASSERT_EQ(report.faults.size(), 1U);
-  EXPECT_EQ(report.faults[0], "the market calendar would have 32768 days; it holds at most 32767");
-  EXPECT_EQ(world.List(), Lines{"A 1900-01-01 1989-09-17 32767 A"});
-}
-
-TEST(PriceImport, WithoutADatabaseSaysHowToMakeOne) {
-  QuotelineWorld world;
-  ImportRequest elsewhere;
-  elsewhere.directory = world.files.Path();
-  const ImportReport report = ImportPrices(elsewhere);
-  EXPECT_EQ(report.faults,
-            Lines{world.files.Path() +
-                  "/quoteline.db: there is no database; \"quoteline init\" makes one"});
+TEST_F(PriceImport, RefusesACalendarOfMoreThan32767Days) {
+  EXPECT_TRUE(Import("A.csv", DailyPrices(32'767)).faults.empty());
+  EXPECT_EQ(Import("B.csv", "Date,Close\n2020-01-03,1\n").faults,
+            Lines{"the market calendar would have 32768 days; it holds at most 32767"});
+  EXPECT_EQ(List(), Lines{"A 1900-01-01 1989-09-17 32767 A"});
 }
 
 // Lines that do not fit one block of the reader, with a broken one near the end.
-TEST(PriceImport, CountsLinesAcrossTheBlocksOfALargeFile) {
-  QuotelineWorld world;
+TEST_F(PriceImport, CountsLinesAcrossTheBlocksOfALargeFile) {
   std::string text = "Date,Close,Remark\r\n";
   for (int i = 0; i < 30'000; ++i) {
     AppendDateText(text, 2 + i, DatePattern::kIso);
     text.append(",1.25,").append(static_cast<std::size_t>(40 + i % 50), 'r').append("\r\n");
   }
-  EXPECT_EQ(Told(world.Import("A.csv", text, test::DryRun()), world), Lines{"A 30000 0"});
-  EXPECT_EQ(Told(world.Import("A.csv", text + "x,1,1\r\n"), world),
+  EXPECT_EQ(Told(Import("A.csv", text, DryRun()), *this), Lines{"A 30000 0"});
+  EXPECT_EQ(Told(Import("A.csv", text + "x,1,1\r\n"), *this),
             Lines{"A.csv:30002: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)"});
 }
 
@@ -401,7 +364,7 @@ std::chrono::nanoseconds TimeOfImport(const std::string& prices) {
   return std::chrono::steady_clock::now() - begun;
 }
 
-TEST(PriceImport, KilledAtAnyMomentItLeavesTheOldDataWhole) {
+TEST(PriceImports, KilledAtAnyMomentItLeavesTheOldDataWhole) {
   const std::string prices = WidePrices(40, 3000, 500);
   const std::chrono::nanoseconds whole = TimeOfImport(prices);
   QuotelineWorld world;
@@ -434,15 +397,14 @@ TEST(PriceImport, KilledAtAnyMomentItLeavesTheOldDataWhole) {
   EXPECT_EQ(world.List()[39], "F9 1982-02-18 1990-05-06 3000 F9");
 }
 
-TEST(PriceImport, ReadersGoOnWhileItRuns) {
-  QuotelineWorld world;
-  ASSERT_TRUE(world.Import("w.csv", WidePrices(40, 500, 100)).faults.empty());
+TEST_F(PriceImport, ReadersGoOnWhileItRuns) {
+  ASSERT_TRUE(Import("w.csv", WidePrices(40, 500, 100)).faults.empty());
   ASSERT_EQ(QLopen(), 0);
-  const std::string path = world.files.Write("w.csv", WidePrices(40, 3000, 500));
+  const std::string path = files.Write("w.csv", WidePrices(40, 3000, 500));
   const pid_t child = ::fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
-    const ImportReport report = world.ImportFiles({path});
+    const ImportReport report = ImportFiles({path});
     ::_exit(report.faults.empty() ? 0 : 1);
   }
   int status = 0;
@@ -450,11 +412,78 @@ TEST(PriceImport, ReadersGoOnWhileItRuns) {
     const std::int32_t days = QLgetMaxDays();
     const float price = days == 500 ? 139.0F : 539.0F;
     ASSERT_TRUE(days == 500 || days == 3000) << days;
-    EXPECT_EQ(test::FetchPrices("F39"), std::vector<float>(static_cast<std::size_t>(days), price));
+    EXPECT_EQ(FetchPrices("F39"), std::vector<float>(static_cast<std::size_t>(days), price));
   } while (::waitpid(child, &status, WNOHANG) == 0);
   EXPECT_EQ(status, 0);
   EXPECT_EQ(QLgetMaxDays(), 3000);
 }
 
+TEST(PriceText, TakesNumbersAboveZeroAlone) {
+  EXPECT_EQ(PriceFromText(" 12.50 "), 12.5F);
+  EXPECT_EQ(PriceFromText("+.5"), 0.5F);
+  EXPECT_EQ(PriceFromText("7."), 7.0F);
+  EXPECT_EQ(PriceFromText("1.5E3"), 1500.0F);
+  for (const char* text :
+       {"", ".", "0", "0.000", "-1", "1,5", "1.2.3", "$5", "5 %", "nan", "inf", "1e39", "1e-60"}) {
+    EXPECT_FALSE(PriceFromText(text)) << text;
+  }
+}
+
+// 16777217 lies half-way between the floats 16777216 and 16777218; strtof of the C library rounds
+// every decimal text once.
+TEST(PriceText, RoundsTheDecimalTextOnce) {
+  EXPECT_EQ(PriceFromText("16777217"), 16777216.0F);
+  EXPECT_EQ(PriceFromText("16777217.000001"), 16777218.0F);
+  EXPECT_EQ(PriceFromText("0.1"), 0.1F);
+  std::uint64_t state = 12345;
+  for (int i = 0; i < 20'000; ++i) {
+    state = state * 6364136223846793005U + 1442695040888963407U;
+    const auto digits = (state >> 20U) % (i % 2 == 0 ? 100'000'000U : 1'000'000'000'000'000U);
+    std::string text = std::to_string(digits + 1);
+    text.insert(text.size() - std::min<std::size_t>(text.size(), (state >> 8U) % 12), 1, '.');
+    EXPECT_EQ(PriceFromText(text), std::strtof(text.c_str(), nullptr)) << text;
+  }
+}
+
+struct QuickCase {
+  const char* bytes;  // at least eight
+  std::size_t length;
+  float price;
+};
+
+TEST(PriceText, ReadsTheCommonFormQuicklyAndLeavesOthersAlone) {
+  const QuickCase cases[] = {{"1,234567", 1, 1.0F},
+                             {"12.34,56", 5, 12.34F},
+                             {"1234567,", 7, 1234567.0F},
+                             {"123.456,", 7, 123.456F},
+                             {".5\n12345", 2, 0.5F},
+                             {"5.\r\n1234", 2, 5.0F},
+                             {"0.00,123", 4, 0.0F},
+                             {",1234567", 0, 0.0F},
+                             {"12345678,", 0, 0.0F},
+                             {"1;234567", 0, 0.0F},
+                             {"-1.5,234", 0, 0.0F},
+                             {"1.2.3,45", 0, 0.0F},
+                             {"1e5,2345", 0, 0.0F},
+                             {"\"1.5\",23", 0, 0.0F},
+                             {"1\xB2,23456", 0, 0.0F},
+                             {".,123456", 0, 0.0F}};
+  for (const QuickCase& quick : cases) {
+    const QuickPrice read = ReadQuickPrice(quick.bytes, ',');
+    EXPECT_EQ(read.length, quick.length) << quick.bytes;
+    EXPECT_EQ(read.price, quick.price) << quick.bytes;
+  }
+}
+
+TEST(PriceText, BothWaysOfReadingAgreeOnEveryPriceInCents) {
+  for (int cents = 1001; cents < 1'000'000; cents += 7) {
+    std::string text = std::to_string(cents);
+    text.insert(text.size() - 2, 1, '.');
+    const auto slow = PriceFromText(text);
+    text += ",       ";
+    ASSERT_EQ(ReadQuickPrice(text.data(), ',').price, slow.value_or(-1.0F)) << text;
+  }
+}
+
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/files.h"
+#include "base/text.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {
@@ -52,22 +53,14 @@ class Tool : public testing::Test {
 };
 
 TEST_F(Tool, WrongUsageIsStatus2AndSaysWhatIsWrong) {
-  const char* const calls[] = {"",
-                               "frobnicate",
-                               "import",
-                               "prices",
-                               "prices A B",
-                               "remove",
-                               "init now",
-                               "family QLDEF NAME",
-                               "list --no-such-option",
-                               "import --symbol A FILES/a.csv FILES/b.csv",
-                               "import --symbol A --wide FILES/a.csv",
-                               "import --adjusted --wide FILES/a.csv",
-                               "init check",
-                               "$(head -c 9999 /dev/zero | tr '\\0' x)"};
-  for (const char* call : calls) {
-    const Finished run = Call(call);
+  for (const auto call : Split("|frobnicate|import|prices|prices A B|remove|init now|"
+                               "family QLDEF NAME|list --no-such-option|"
+                               "import --symbol A FILES/a.csv FILES/b.csv|"
+                               "import --symbol A --wide FILES/a.csv|"
+                               "import --adjusted --wide FILES/a.csv|init check|"
+                               "$(head -c 9999 /dev/zero | tr '\\0' x)",
+                               '|')) {
+    const Finished run = Call(std::string(call));
     EXPECT_EQ(run.status, 2) << call;
     EXPECT_EQ(run.out, "") << call;
     EXPECT_TRUE(IsOneLine(run.errors)) << call << "\n" << run.errors;
@@ -83,11 +76,7 @@ TEST_F(Tool, FaultsAreStatus1) {
   ASSERT_EQ(Call("init").status, 0);
   EXPECT_EQ(Call("init").status, 0);  // changes nothing
   files_.Write("BAD.csv", "Date,Close\n2000-01-03,none\n");
-  struct Case {
-    const char* call;
-    const char* errors;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"import FILES/BAD.csv",
        "BAD.csv:2: \"none\" is no price; leave out what has none\n"
        "quoteline: nothing was stored\n"},
@@ -96,10 +85,10 @@ TEST_F(Tool, FaultsAreStatus1) {
       {"remove A", "quoteline: A: no such issue in the database; nothing was removed\n"},
       {"family USERDEF F Title A", "quoteline: A: no such issue; the family was not written\n"},
   };
-  for (const Case& one : cases) {
-    const Finished run = Call(one.call);
-    EXPECT_EQ(run.status, 1) << one.call;
-    EXPECT_EQ(run.errors, one.errors);
+  for (const auto& [call, errors] : cases) {
+    const Finished run = Call(call);
+    EXPECT_EQ(run.status, 1) << call;
+    EXPECT_EQ(run.errors, errors);
     EXPECT_EQ(run.out, "");
   }
 }

@@ -17,7 +17,7 @@ struct CalcWorld : ScreenWorld {
 
   CalcWorld() {
     LoadTrio();
-    screens.frmMain.cmdShowCalc_Click();
+    frmMain.cmdShowCalc_Click();
     state.roots.QuotelineDir = folder.Path();
   }
 
@@ -38,11 +38,6 @@ struct CalcWorld : ScreenWorld {
       at = end == std::string::npos ? bytes.size() : end + 2;
     }
     return head;
-  }
-  std::vector<std::string> NewMessages() {
-    std::vector<std::string> texts = dialogs.Texts();
-    dialogs.messages.clear();
-    return texts;
   }
 };
 

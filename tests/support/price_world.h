@@ -77,10 +77,11 @@ inline std::vector<double> Points(const ChartView& view, int column) {
   return points;
 }
 
-inline std::vector<std::string> Legend(const ChartView& view) {
-  std::vector<std::string> labels;
-  for (int c = 1; c <= view.ColumnCount(); ++c) labels.push_back(view.ColumnLabelAt(c));
-  return labels;
+/// The names of all series, with "|" between them.
+inline std::string Legend(const ChartView& view) {
+  std::string names = view.ColumnLabelAt(1);
+  for (int c = 2; c <= view.ColumnCount(); ++c) names.append("|").append(view.ColumnLabelAt(c));
+  return names;
 }
 
 /// The marker of a point; a default one where it has none of its own.

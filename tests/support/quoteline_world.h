@@ -17,9 +17,9 @@
 namespace vistaplot::test {
 
 // Requests that differ from the plain one in one thing.
-inline ImportRequest Adjusted(bool adjusted = true) {
+inline ImportRequest Adjusted() {
   ImportRequest request;
-  request.options.adjusted = adjusted;
+  request.options.adjusted = true;
   return request;
 }
 inline ImportRequest Named(std::string name) {

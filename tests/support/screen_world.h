@@ -27,6 +27,12 @@ struct ScreenWorld {
   RecordingOutput output;
   SharedState state;
   Screens screens{{quoteline, settings, dialogs, host, output, state}};
+  FrmMain& frmMain = screens.frmMain;
+  FrmTab& frmTab = screens.frmTab;
+  FrmData& frmData = screens.frmData;
+  FrmGraph& frmGraph = screens.frmGraph;
+  FrmPer& frmPer = screens.frmPer;
+  FrmFam& frmFam = screens.frmFam;
 
   ScreenWorld() {
     quoteline.directory = folder.Path();
@@ -53,21 +59,42 @@ struct ScreenWorld {
 
   /// Starts the program and chooses prices.
   void Start() {
-    screens.frmMain.Load();
-    screens.frmTab.cboDataType.SetListIndex(1);
+    frmMain.Load();
+    frmTab.cboDataType.SetListIndex(1);
   }
 
   void LoadTrio() {
     Start();
-    screens.frmTab.lists.lstIndex.Select({0});
-    screens.frmTab.lists.cmdLoadData.RaiseClick();
+    frmTab.lists.lstIndex.Select({0});
+    Load();
   }
+
+  void Load() { frmTab.lists.cmdLoadData.RaiseClick(); }
+  void Graph() { frmMain.mnuFileGraph.RaiseClick(); }
 
   void SelectColumns(int first, int last) {
     state.table.SheetAt(1).Select({1, first, kWorldDays + 1, last});
   }
 
-  const ChartView& Chart() const { return screens.frmGraph.VtChart1.view; }
+  const ChartView& Chart() const { return frmGraph.VtChart1.view; }
+
+  Sheet& SheetAt(int number) { return state.table.SheetAt(number); }
+  std::string Cell(int sheet, int row, int col) { return SheetAt(sheet).CellText(row, col); }
+
+  /// The names of all sheets, with "|" between them.
+  std::string SheetNames() {
+    std::string names = SheetAt(1).SheetName;
+    for (int i = 2; i <= state.table.SheetCount(); ++i)
+      names.append("|").append(SheetAt(i).SheetName);
+    return names;
+  }
+
+  /// The texts of the messages since the last call.
+  std::vector<std::string> NewMessages() {
+    std::vector<std::string> texts = dialogs.Texts();
+    dialogs.messages.clear();
+    return texts;
+  }
 };
 
 }  // namespace vistaplot::test

@@ -131,6 +131,12 @@ struct ScriptStage {
     std::istringstream script(lines);
     return ScriptRunner(world, "s").Run(script, {});
   }
+  /// The error of lines that must fail with status 1.
+  std::string Refusal(const std::string& lines) {
+    return Run(lines) == 1 ? err.str() : "not refused";
+  }
+  /// What lines print that must run to their end.
+  std::string Output(const std::string& lines) { return Run(lines) == 0 ? out.str() : err.str(); }
 };
 
 }  // namespace vistaplot::test

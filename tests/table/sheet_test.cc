@@ -9,15 +9,16 @@
 #include <vector>
 
 #include "base/number_text.h"
+#include "table/data_table.h"
+#include "table/sheet_text.h"
 
 namespace vistaplot {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-Texts ColumnTexts(const Sheet& sheet, int col, int rows) {
-  Texts texts;
-  for (int row = 1; row <= rows; ++row) texts.push_back(sheet.CellText(row, col));
+/// The texts of a column's first rows, with "|" between them.
+std::string ColumnTexts(const Sheet& sheet, int col, int rows) {
+  std::string texts = sheet.CellText(1, col);
+  for (int row = 2; row <= rows; ++row) texts.append("|").append(sheet.CellText(row, col));
   return texts;
 }
 
@@ -47,8 +48,7 @@ TEST(Sheet, PricesReadAsTheirTexts) {
   const std::vector<float> values = {-1.0F, 12.34F, 1.0F / 3.0F, 262144.25F, 1e-9F, 12345678.0F};
   Sheet sheet;
   sheet.SetPriceColumn(3, "AAA", values);
-  EXPECT_EQ(ColumnTexts(sheet, 3, 7),
-            (Texts{"AAA", "-1", "12.34", "0.3333333", "262144.2", "0.000000001", "12345680"}));
+  EXPECT_EQ(ColumnTexts(sheet, 3, 7), "AAA|-1|12.34|0.3333333|262144.2|0.000000001|12345680");
   const std::vector<double> numbers = sheet.ColumnNumbers(3, 2, 6);
   const std::vector<float> singles = sheet.ColumnSingles(3, 2, 6);
   for (std::size_t i = 0; i < values.size(); ++i) {
@@ -66,13 +66,13 @@ TEST(Sheet, APriceColumnTakesTexts) {
   sheet.SetCellText(1, 1, "BBB");
   sheet.SetCellText(3, 1, "7.25");
   EXPECT_EQ(sheet.PriceBlock(1).size(), 2U);  // still prices
-  EXPECT_EQ(ColumnTexts(sheet, 1, 3), (Texts{"BBB", "1.5", "7.25"}));
+  EXPECT_EQ(ColumnTexts(sheet, 1, 3), "BBB|1.5|7.25");
   sheet.SetCellText(2, 1, "1.50");
   sheet.SetCellText(5, 1, "end");
   EXPECT_TRUE(sheet.PriceBlock(1).empty());
-  EXPECT_EQ(ColumnTexts(sheet, 1, 5), (Texts{"BBB", "1.50", "7.25", "", "end"}));
+  EXPECT_EQ(ColumnTexts(sheet, 1, 5), "BBB|1.50|7.25||end");
   sheet.SetPriceColumn(1, "CCC", {std::nanf(""), 1.0F});
-  EXPECT_EQ(ColumnTexts(sheet, 1, 5), (Texts{"CCC", "NaN", "1", "", ""}));
+  EXPECT_EQ(ColumnTexts(sheet, 1, 5), "CCC|NaN|1||");
   EXPECT_EQ(sheet.CellNumber(2, 1), 0.0);
 }
 
@@ -81,11 +81,11 @@ TEST(Sheet, RecordsReadAsTheirFields) {
   sheet.SetCellText(1, 2, "Value");
   sheet.SetCellText(3, 2, "old");
   ImportRecords(sheet);
-  EXPECT_EQ(ColumnTexts(sheet, 1, 5), (Texts{"", "AA", "\xC3\xBC\xC3\xBC", "CC", ""}));
-  EXPECT_EQ(ColumnTexts(sheet, 2, 5), (Texts{"Value", " 1.5", "   7", "-2.0", ""}));
+  EXPECT_EQ(ColumnTexts(sheet, 1, 5), "|AA|\xC3\xBC\xC3\xBC|CC|");
+  EXPECT_EQ(ColumnTexts(sheet, 2, 5), "Value| 1.5|   7|-2.0|");
   EXPECT_EQ(sheet.ColumnNumbers(2, 1, 5), (std::vector<double>{0, 1.5, 7, -2, 0}));
   sheet.SetCellText(3, 2, "x");
-  EXPECT_EQ(ColumnTexts(sheet, 2, 5), (Texts{"Value", " 1.5", "x", "-2.0", ""}));
+  EXPECT_EQ(ColumnTexts(sheet, 2, 5), "Value| 1.5|x|-2.0|");
   EXPECT_EQ(sheet.CellText(4, 1), "CC");
 }
 
@@ -96,7 +96,7 @@ TEST(Sheet, ClearAllKeepsEverythingButCells) {
   sheet.SetColumnWidth(2, 2000);
   ImportRecords(sheet);
   sheet.ClearAll();
-  EXPECT_EQ(ColumnTexts(sheet, 1, 4), (Texts{"", "", "", ""}));
+  EXPECT_EQ(ColumnTexts(sheet, 1, 4), "|||");
   EXPECT_EQ(sheet.SheetName, "Funds");
   EXPECT_EQ(sheet.MaxRow, 4);
   EXPECT_EQ(sheet.ColumnWidth(2), 2000);
@@ -120,38 +120,151 @@ TEST(Sheet, SortMovesWholeRowsWithinTheBlock) {
   sheet.SetPriceColumn(2, "Price", {3.0F, 1.0F, 2.0F});
   sheet.SetTextColumn(3, {"", "x", "y"});
   sheet.SetTextColumn(4, {"1", "2", "3", "4", "5"});
-  sheet.Sort({.SelStartRow = 2, .SelStartCol = 1, .SelEndRow = 4, .SelEndCol = 3}, {2, 0, 0});
-  EXPECT_EQ(ColumnTexts(sheet, 1, 5), (Texts{"Name", "a", "b", "c", "tail"}));
-  EXPECT_EQ(ColumnTexts(sheet, 2, 4), (Texts{"Price", "1", "2", "3"}));
+  sheet.Sort({2, 1, 4, 3}, {2, 0, 0});
+  EXPECT_EQ(ColumnTexts(sheet, 1, 5), "Name|a|b|c|tail");
+  EXPECT_EQ(ColumnTexts(sheet, 2, 4), "Price|1|2|3");
   EXPECT_EQ(sheet.PriceBlock(2).size(), 3U);  // not turned into text
-  EXPECT_EQ(ColumnTexts(sheet, 3, 4), (Texts{"", "y", "", "x"}));
-  EXPECT_EQ(ColumnTexts(sheet, 4, 5), (Texts{"1", "2", "3", "4", "5"}));
+  EXPECT_EQ(ColumnTexts(sheet, 3, 4), "|y||x");
+  EXPECT_EQ(ColumnTexts(sheet, 4, 5), "1|2|3|4|5");
 }
 
 TEST(Sheet, SortIgnoresKeysOutsideAndEmptyBlocks) {
   Sheet sheet;
   sheet.SetTextColumn(1, {"h", "b", "a"});
   sheet.SetTextColumn(2, {"h", "1", "2"});
-  sheet.Sort({.SelStartRow = 2, .SelStartCol = 2, .SelEndRow = 3, .SelEndCol = 9}, {1, -9, 0});
-  sheet.Sort({.SelStartRow = 3, .SelStartCol = 1, .SelEndRow = 2, .SelEndCol = 2}, {1, 0, 0});
-  sheet.Sort({.SelStartRow = 5, .SelStartCol = 5, .SelEndRow = 9, .SelEndCol = 5}, {5, 0, 0});
-  EXPECT_EQ(ColumnTexts(sheet, 1, 3), (Texts{"h", "b", "a"}));
-  EXPECT_EQ(ColumnTexts(sheet, 2, 3), (Texts{"h", "1", "2"}));
-  sheet.Sort({.SelStartRow = 2, .SelStartCol = 1, .SelEndRow = 99, .SelEndCol = 2}, {9, 1, 0});
-  EXPECT_EQ(ColumnTexts(sheet, 2, 3), (Texts{"h", "2", "1"}));
+  sheet.Sort({2, 2, 3, 9}, {1, -9, 0});
+  sheet.Sort({3, 1, 2, 2}, {1, 0, 0});
+  sheet.Sort({5, 5, 9, 5}, {5, 0, 0});
+  EXPECT_EQ(ColumnTexts(sheet, 1, 3) + ColumnTexts(sheet, 2, 3), "h|b|ah|1|2");
+  sheet.Sort({2, 1, 99, 2}, {9, 1, 0});
+  EXPECT_EQ(ColumnTexts(sheet, 2, 3), "h|2|1");
 }
 
 TEST(Sheet, SortsRecordsWholeAndInPart) {
   Sheet sheet;
   ImportRecords(sheet);
   sheet.SetTextColumn(3, {"", "one", "two", "three"});
-  sheet.Sort({.SelStartRow = 2, .SelStartCol = 1, .SelEndRow = 4, .SelEndCol = 3}, {-2, 0, 0});
-  EXPECT_EQ(ColumnTexts(sheet, 2, 4), (Texts{"", "   7", " 1.5", "-2.0"}));
-  EXPECT_EQ(ColumnTexts(sheet, 3, 4), (Texts{"", "two", "one", "three"}));
+  sheet.Sort({2, 1, 4, 3}, {-2, 0, 0});
+  EXPECT_EQ(ColumnTexts(sheet, 2, 4), "|   7| 1.5|-2.0");
+  EXPECT_EQ(ColumnTexts(sheet, 3, 4), "|two|one|three");
   // A block of one of the records' columns leaves the other where it is.
-  sheet.Sort({.SelStartRow = 2, .SelStartCol = 1, .SelEndRow = 4, .SelEndCol = 1}, {1, 0, 0});
-  EXPECT_EQ(ColumnTexts(sheet, 1, 4), (Texts{"", "AA", "CC", "\xC3\xBC\xC3\xBC"}));
-  EXPECT_EQ(ColumnTexts(sheet, 2, 4), (Texts{"", "   7", " 1.5", "-2.0"}));
+  sheet.Sort({2, 1, 4, 1}, {1, 0, 0});
+  EXPECT_EQ(ColumnTexts(sheet, 1, 4), "|AA|CC|\xC3\xBC\xC3\xBC");
+  EXPECT_EQ(ColumnTexts(sheet, 2, 4), "|   7| 1.5|-2.0");
+}
+
+// Reads the table as a view would when it is told.
+class Recorder : public TableObserver {
+ public:
+  explicit Recorder(const DataTable& table) : table_(table) {}
+
+  void ActiveSheetChanged() override { log += "active " + table_.Active().SheetName + "; "; }
+  void SheetsChanged() override {
+    log += std::to_string(table_.SheetCount()) + " sheets, " + table_.Active().SheetName + "; ";
+  }
+  void ContentChanged(int sheet) override { log += "content " + std::to_string(sheet) + "; "; }
+
+  std::string log;
+
+ private:
+  const DataTable& table_;
+};
+
+TEST(DataTable, ActiveSheetGivesWayWhenItIsRemoved) {
+  DataTable table;
+  Recorder recorder(table);
+  table.SetObserver(&recorder);
+  table.SetSheetCount(3);
+  table.SetActiveSheet(3);
+  table.SetActiveSheet(4);
+  table.SetActiveSheet(0);
+  table.SetSheetCount(2);
+  table.SetSheetCount(0);
+  EXPECT_EQ(recorder.log,
+            "3 sheets, Sheet1; active Sheet3; 2 sheets, Sheet2; active Sheet2; "
+            "1 sheets, Sheet1; active Sheet1; ");
+}
+
+TEST(DataTable, ResetLeavesOneClearedSheetAndSpares) {
+  DataTable table;
+  table.SetSheetCount(4);
+  table.SheetAt(1).SheetName = "Funds";
+  table.SheetAt(1).SetPriceColumn(2, "AAA", {1.0F});
+  table.SheetAt(2).SetCellText(1, 1, "Symbol");
+  table.SetActiveSheet(2);
+  table.Reset(1);
+  EXPECT_EQ(table.SheetCount(), 2);
+  EXPECT_EQ(table.ActiveSheet(), 1);
+  EXPECT_EQ(table.Active().SheetName, "Sheet1");
+  EXPECT_EQ(table.Active().CellText(2, 2), "");
+  EXPECT_EQ(table.SheetAt(2).CellText(1, 1), "");
+  EXPECT_EQ(table.SheetAt(2).SheetName, "Sheet2");
+}
+
+// Two issues over six days: A has prices from day 3 on and none of its own on day 5, B from day 4.
+Sheet Prices() {
+  Sheet sheet;
+  sheet.SetTextColumn(1, {"", "d1", "d2", "d3", "d4", "d5", "d6"});
+  sheet.SetPriceColumn(2, "A", {-1.0F, -1.0F, 10.0F, 11.0F, 11.0F, 10.5F});
+  sheet.SetPriceColumn(3, "B", {-1.0F, -1.0F, -1.0F, 5.0F, 5.25F, 5.25F});
+  sheet.MaxRow = 7;
+  sheet.MaxCol = 3;
+  sheet.FixedRows = 1;
+  sheet.FixedCols = 1;
+  return sheet;
+}
+
+TEST(SheetDisplay, PricesOpenAtTheFirstOneAndOtherSheetsAtTheirFirstRow) {
+  Sheet sheet = Prices();
+  EXPECT_EQ(FirstRowToShow(sheet), 4);
+  sheet.MaxCol = 1;
+  EXPECT_EQ(FirstRowToShow(sheet), 2) << "no issue";
+  sheet.MaxCol = 2;
+  sheet.SetPriceColumn(2, "A", std::vector<float>(6, -1.0F));
+  EXPECT_EQ(FirstRowToShow(sheet), 2) << "no price";
+  EXPECT_EQ(FirstRowToShow(Sheet()), 1);
+}
+
+TEST(SheetDisplay, CellsThatTellNothingNewAreFaint) {
+  const Sheet sheet = Prices();
+  std::string faint;
+  for (int col = 1; col <= 3; ++col) {
+    for (int row = 1; row <= 8; ++row) faint += IsFaint(sheet, row, col) ? 'f' : '.';
+    faint += ' ';
+  }
+  EXPECT_EQ(faint, "........ .ff..f.. .fff..f. ");
+}
+
+TEST(SheetDisplay, HeadingsTellWhatTheyMean) {
+  Sheet sheet = Prices();
+  EXPECT_EQ(HeadingTip(sheet, 2).substr(0, 18), "Daily prices of A.");
+  EXPECT_EQ(HeadingTip(sheet, 1), "");
+  sheet.heading_tips = {"The day", "Return"};
+  EXPECT_EQ(HeadingTip(sheet, 2), "Return");
+  EXPECT_EQ(HeadingTip(sheet, 0) + HeadingTip(sheet, 9), "");
+  sheet.ClearAll();
+  EXPECT_EQ(HeadingTip(sheet, 2), "");
+  EXPECT_EQ(PlacesFromPoint("12.50"), 3) << "numbers stand on their points";
+  EXPECT_EQ(PlacesFromPoint(" -1 "), 0);
+  EXPECT_EQ(PlacesFromPoint(".5  "), 2);
+}
+
+TEST(SheetDisplay, ASortIsRememberedUntilTheSheetIsFilledAnew) {
+  Sheet sheet = Prices();
+  sheet.Sort({2, 1, 7, 3}, {9, -2, 0});
+  EXPECT_EQ(sheet.SortedBy, -2);
+  EXPECT_EQ(sheet.CellText(2, 2), "11");
+  sheet.ClearAll();
+  EXPECT_EQ(sheet.SortedBy, 0);
+}
+
+TEST(SheetCsv, SavedCellsLoseTheBlanksThatPadThem) {
+  Sheet sheet;
+  sheet.SetTextColumn(1, {" A  ", "x,  "});
+  sheet.MaxRow = 2;
+  sheet.MaxCol = 1;
+  EXPECT_EQ(SheetCsv(sheet, CellEnds::kAsTheyStand), " A  \r\n\"x,  \"\r\n");
+  EXPECT_EQ(SheetCsv(sheet, CellEnds::kTrimmed), " A\r\n\"x,\"\r\n");
 }
 
 }  // namespace

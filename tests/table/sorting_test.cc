@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
+
 namespace vistaplot {
 namespace {
 
@@ -38,16 +40,11 @@ TEST(SortedOrder, PutsNumbersBeforeTextsAndEmptyCellsLast) {
 }
 
 TEST(SortedOrder, DatesStandBetweenNumbersAndTextsByDay) {
-  const Texts texts = {"12/31/99",
-                       "1/2/2000",
-                       "x",
-                       "1999/12/30",
-                       "99",
-                       "02/30/99",
-                       "01/01/29",
-                       "1-1-90",
-                       "",
-                       "01/01/30"};
+  Texts texts;
+  for (const auto text :
+       Split("12/31/99|1/2/2000|x|1999/12/30|99|02/30/99|01/01/29|1-1-90||01/01/30", '|')) {
+    texts.emplace_back(text);
+  }
   const Texts dates = {"01/01/30", "12/31/99", "1/2/2000", "01/01/29"};
   Texts ascending = {"99"};
   ascending.insert(ascending.end(), dates.begin(), dates.end());
@@ -95,6 +92,62 @@ TEST(SortedOrder, ManyRowsAreStableInBothDirections) {
     return false;
   });
   EXPECT_EQ(SortedOrder(kRows, columns), expected);
+}
+
+/// Two heading rows and data to row 5, three columns; nothing selected.
+Sheet MakeSheet() {
+  Sheet sheet;
+  sheet.SetTextColumn(1, {"", " CASE ", "1", "2", "3"});
+  sheet.SetTextColumn(2, {"  AVG ", "ANN % ", "7", "5", "6"});
+  sheet.SetTextColumn(3, {"MDD", "", "c", "b", "a"});
+  sheet.MaxRow = 5;
+  sheet.MaxCol = 3;
+  sheet.FixedRows = 2;
+  return sheet;
+}
+
+TEST(SheetSort, ASelectionAtTheBottomRightCellBecomesTheWholeDataArea) {
+  const CellRange whole{3, 1, 5, 3};
+  Sheet sheet = MakeSheet();
+  SelectForSort(sheet);
+  EXPECT_EQ(SortBlock(sheet), whole) << "nothing selected";
+  sheet = MakeSheet();
+  sheet.Select({5, 3, 5, 3});
+  SelectForSort(sheet);
+  EXPECT_EQ(sheet.selection, std::vector<CellRange>{whole});
+  sheet.Select({5, 3, 9, 9});
+  SelectForSort(sheet);
+  EXPECT_EQ(sheet.selection.front().SelEndRow, 9) << "the selection's end is kept";
+  EXPECT_EQ(SortBlock(sheet), whole);
+}
+
+TEST(SheetSort, AnyOtherSelectionIsCutToTheDataRows) {
+  const std::vector<std::pair<CellRange, CellRange>> cases = {{{2, 2, 4, 3}, {3, 2, 4, 3}},
+                                                              {{1, 1, 99, 99}, {3, 1, 5, 3}},
+                                                              {{5, 2, 5, 3}, {5, 2, 5, 3}},
+                                                              {{4, 3, 5, 3}, {4, 3, 5, 3}}};
+  for (const auto& [selected, block] : cases) {
+    Sheet sheet = MakeSheet();
+    sheet.Select(selected);
+    SelectForSort(sheet);
+    EXPECT_EQ(sheet.selection.front(), selected);
+    EXPECT_EQ(SortBlock(sheet), block) << selected.SelStartRow << " " << selected.SelStartCol;
+  }
+  Sheet headings = MakeSheet();
+  headings.MaxRow = 2;
+  SelectForSort(headings);
+  EXPECT_TRUE(IsEmpty(SortBlock(headings)));
+}
+
+TEST(SheetSort, KeysAreNamedByTheHeadingsOfTheSelectedColumns) {
+  Sheet sheet = MakeSheet();
+  SelectForSort(sheet);
+  EXPECT_EQ(SortKeyNames(sheet, false), (Texts{" CASE", "AVG ANN %", "MDD "}));
+  EXPECT_EQ(SortKeyNames(sheet, true), (Texts{"CASE", "ANN %", ""}));
+  sheet.Select({3, 2, 4, 9});
+  EXPECT_EQ(SortKeyNames(sheet, false), (Texts{"AVG ANN %", "MDD "}));
+  sheet.FixedRows = 1;
+  EXPECT_EQ(SortKeyNames(sheet, false), (Texts{"AVG", "MDD"}));
 }
 
 }  // namespace

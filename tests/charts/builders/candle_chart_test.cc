@@ -31,7 +31,7 @@ TEST(CandleChart, DrawsAWeekARow) {
   const BuildOutcome outcome = world.Build();
   EXPECT_TRUE(outcome.drawn);
   EXPECT_EQ(outcome.end_day, 12);
-  EXPECT_EQ(Legend(world.view), (std::vector<std::string>{"F1", "HIGH", "LOW", "CLOSE"}));
+  EXPECT_EQ(Legend(world.view), "F1|HIGH|LOW|CLOSE");
   const auto single = [](float value) { return double{value / 10.0F}; };
   EXPECT_EQ(Points(world.view, 1), (std::vector<double>{1.0, 2.0, kEmpty}));
   EXPECT_EQ(Points(world.view, 2), (std::vector<double>{single(12), 2.0, kEmpty}));
@@ -69,7 +69,7 @@ TEST(CandleChart, LabelsRowsByEachFundInTurn) {
 TEST(CandleChart, LeavesAFundWithoutBarsUnlabelled) {
   World world({std::vector<float>(5, -1.0F)});
   EXPECT_TRUE(world.Build().drawn);
-  EXPECT_EQ(Legend(world.view), (std::vector<std::string>{"C1", "C2", "C3", "C4"}));
+  EXPECT_EQ(Legend(world.view), "C1|C2|C3|C4");
   EXPECT_EQ(world.view.RowLabelAt(1), " ");
   EXPECT_TRUE(world.view.Plot.Axis[1].ValueScale.Auto);
   EXPECT_EQ(world.view.WhyEmpty, "No week with a price ends in this window");
@@ -101,7 +101,7 @@ TEST(CandleChart, LooksAsItsTypeAndPeriodSay) {
   world.selection.CurrentFund = 2;
   world.request.one_at_a_time = true;
   world.Build();
-  EXPECT_EQ(Legend(world.view), (std::vector<std::string>{"F2", "HIGH", "LOW", "CLOSE"}));
+  EXPECT_EQ(Legend(world.view), "F2|HIGH|LOW|CLOSE");
   EXPECT_EQ(world.view.ChartType, kChartStock);
   EXPECT_EQ(world.view.TitleText, "NAV");
   EXPECT_EQ(world.view.title.Location.LocationType, kLocationTopLeft);

@@ -42,7 +42,7 @@ TEST(PriceChart, RebasesEveryFundToItsFirstPriceDrawn) {
   EXPECT_FALSE(outcome.scroll_to);
   EXPECT_EQ(Points(world.view, 1), (std::vector<double>{0.0, 0.25, kEmpty, 0.5, -0.25}));
   EXPECT_EQ(Points(world.view, 2), (std::vector<double>{kEmpty, kEmpty, kEmpty, 0.0, 0.25}));
-  EXPECT_EQ(Legend(world.view), (std::vector<std::string>{"AAA", "BBB"}));
+  EXPECT_EQ(Legend(world.view), "AAA|BBB");
   EXPECT_EQ(world.view.RowLabelAt(1), "01/02/90");
   EXPECT_EQ(world.view.RowLabelAt(5), "01/08/90");
   EXPECT_EQ(world.selection.FirstDay, 2);
@@ -75,7 +75,7 @@ TEST(PriceChart, DrawsOneFundAtATime) {
   world.request.one_at_a_time = true;
   world.selection.CurrentFund = 3;
   world.Build();
-  EXPECT_EQ(Legend(world.view), (std::vector<std::string>{"CCC"}));
+  EXPECT_EQ(Legend(world.view), "CCC");
   EXPECT_EQ(Points(world.view, 1), (std::vector<double>{0.0, 0.25}));
   EXPECT_EQ(world.selection.FirstFund, 3);
   EXPECT_EQ(world.selection.LastFund, 3);
@@ -114,10 +114,7 @@ TEST(PriceChart, DrawsOverlaysOnTheScaleOfTheirFund) {
   world.request.indicators.bands = 2.0;
   EXPECT_TRUE(world.Build().drawn);
   EXPECT_EQ(world.selection.FirstDay, 4);
-  EXPECT_EQ(
-      Legend(world.view),
-      (std::vector<std::string>{
-          "AAA", "AAAe", "AAAb1", "AAAba", "AAAb2", "BBB ", "BBBe", "BBBb1", "BBBba", "BBBb2"}));
+  EXPECT_EQ(Legend(world.view), "AAA|AAAe|AAAb1|AAAba|AAAb2|BBB |BBBe|BBBb1|BBBba|BBBb2");
   const SeriesFacts& band = world.view.facts.SeriesAt(10);
   EXPECT_EQ(band.name, "BBB lower band 2");
   EXPECT_EQ(band.role, SeriesRole::kLowerBand);
@@ -161,8 +158,7 @@ TEST(PriceChart, OrdersOverlaysAndLeavesNonsenseEmpty) {
   world.request.indicators = {
       .average = -1.0, .adaptive = 0.0, .parabolic = ParabolicSteps{}, .bands = 0.0};
   EXPECT_TRUE(world.Build().drawn);
-  EXPECT_EQ(Legend(world.view),
-            (std::vector<std::string>{"A", "Ae", "Aa", "Ap", "Ab1", "Aba", "Ab2"}));
+  EXPECT_EQ(Legend(world.view), "A|Ae|Aa|Ap|Ab1|Aba|Ab2");
   for (const int column : {2, 3, 5, 6, 7}) {
     EXPECT_EQ(Points(world.view, column), std::vector<double>(3, kEmpty)) << column;
   }

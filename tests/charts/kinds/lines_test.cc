@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
+#include "charts/kinds/line_hits.h"
 #include "charts/view/palette.h"
 #include "support/chart_pictures.h"
 
@@ -141,6 +143,18 @@ TEST(LayoutSeries, ColoursThatWouldVanishOnDarkGroundAreLightened) {
   const auto lines = ItemsOf<StrokeLine>(LayOut(view, {}, {.dark = true, .detail = 1.0}));
   EXPECT_GT(lines.at(0).color.red, 90);
   EXPECT_EQ(lines.at(1).color, (PictureColor{240, 220, 60}));
+}
+
+TEST(LineThinner, AColumnKeepsItsFirstAndLastPointAndFinerDevicesKeepMore) {
+  for (const double detail : {1.0, 4.0}) {
+    LineThinner thinner(detail, 100);
+    for (int i = 0; i < 8; ++i) thinner.Add({1.0 + i / 8.0, i % 2 == 0 ? 1.0 : 2.0});
+    thinner.Break();
+    const auto pieces = thinner.TakePieces();
+    EXPECT_EQ(pieces[0].front().x, 1.0);
+    EXPECT_EQ(pieces[0].back().x, 1.875);
+    EXPECT_EQ(pieces[0].size() == 8U, detail > 1.0);
+  }
 }
 
 }  // namespace

@@ -2,15 +2,34 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
+#include "base/number_text.h"
+#include "base/text.h"
+#include "charts/kinds/cell_grid.h"
+#include "charts/kinds/facet_raster.h"
+#include "charts/kinds/iso_regions.h"
 #include "charts/kinds/kind.h"
 #include "charts/kinds/surface.h"
+#include "charts/kinds/surface_scene.h"
 #include "charts/layout/layout.h"
-#include "support/cell_views.h"
 #include "support/chart_pictures.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
+
+/// Fills `view` from lines of blank-separated numbers, row 1 first; "-" leaves a cell empty.
+void FillCellView(std::string_view lines, ChartView& view) {
+  int row = 0;
+  for (const std::string_view line : Split(lines, '\n')) {
+    const auto cells = Split(line, ' ');
+    view.rowcount(++row);
+    view.ColumnCount(static_cast<int>(cells.size()));
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      view.SetData(row, static_cast<int>(i) + 1, LeadingNumber(cells[i]), cells[i] == "-");
+    }
+  }
+}
 
 // Buy 10, 20, 30 across, sell 5, 10, ... upwards.
 ChartView Chart(std::string_view lines, FigureKind kind) {
@@ -29,22 +48,22 @@ ChartView Chart(std::string_view lines, FigureKind kind) {
 }
 
 ChartPicture Draw(const ChartView& view, double width = 640.0) {
-  return test::LayOut(view, {width, 480.0});
+  return LayOut(view, {width, 480.0});
 }
 
 template <class Item>
 int Count(const ChartPicture& picture) {
-  return static_cast<int>(test::ItemsOf<Item>(picture).size());
+  return static_cast<int>(ItemsOf<Item>(picture).size());
 }
 
 bool Says(const ChartPicture& picture, std::string_view text) {
-  const auto texts = test::ItemsOf<DrawText>(picture);
+  const auto texts = ItemsOf<DrawText>(picture);
   return std::any_of(
       texts.begin(), texts.end(), [&](const DrawText& drawn) { return drawn.text == text; });
 }
 
 FillFacets FacesOf(const ChartPicture& picture) {
-  return test::ItemsOf<FillFacets>(picture).front();
+  return ItemsOf<FillFacets>(picture).front();
 }
 
 TEST(ContourChart, NumbersOfTheParametersStandAtColumnsAndRows) {
@@ -125,8 +144,8 @@ TEST(SurfaceChart, TextsStayOnThePictureFromEverySide) {
   for (int step = 0; step < 36; ++step) {
     StepSurface(view, 2, step % 3 - 1);
     const ChartPicture picture = Draw(view);
-    for (const DrawText& text : test::ItemsOf<DrawText>(picture)) {
-      const PictureBox box = test::BoxOf(text);
+    for (const DrawText& text : ItemsOf<DrawText>(picture)) {
+      const PictureBox box = BoxOf(text);
       EXPECT_GE(box.left, 0.0) << text.text;
       EXPECT_LE(box.right, picture.width) << text.text;
       EXPECT_LE(box.bottom, picture.height) << text.text;
@@ -134,5 +153,215 @@ TEST(SurfaceChart, TextsStayOnThePictureFromEverySide) {
   }
 }
 
+CellGrid Grid(std::string_view lines) {
+  ChartView view;
+  FillCellView(lines, view);
+  return CellGrid(view);
+}
+
+constexpr auto kReadingOrder = [](GridCell a, GridCell b) {
+  return a.row < b.row || (a.row == b.row && a.column < b.column);
+};
+
+TEST(CellGrid, RanksShareTheBetterPlaceAndPassOverEmptyCells) {
+  const CellGrid grid = Grid("5 9 -\n9 1 5");
+  EXPECT_EQ(grid.FilledCount(), 5);
+  EXPECT_EQ(grid.RankOf(9, false), 1);
+  EXPECT_EQ(grid.RankOf(5, false), 3);
+  EXPECT_EQ(grid.RankOf(1, false), 5);
+  EXPECT_EQ(grid.RankOf(1, true), 1) << "of draw-downs the lowest is best";
+  EXPECT_EQ(grid.RankOf(9, true), 4);
+}
+
+TEST(CellGrid, TheFirstOfEqualBestCellsIsMarked) {
+  const CellGrid grid = Grid("5 9 -\n9 1 5");
+  EXPECT_EQ(grid.Best(false, kReadingOrder), (GridCell{1, 2}));
+  EXPECT_EQ(grid.Best(true, kReadingOrder), (GridCell{2, 2}));
+  const auto from_below = [](GridCell a, GridCell b) { return kReadingOrder(b, a); };
+  EXPECT_EQ(grid.Best(false, from_below), (GridCell{2, 1}));
+  EXPECT_EQ(Grid("- -").Best(false, kReadingOrder), std::nullopt);
+}
+
+TEST(CellGrid, APlateauNeedsThreeNeighbours) {
+  EXPECT_DOUBLE_EQ(Grid("1 2 3\n4 90 6\n7 8 -").PlateauOf({1, 1}).value(), (2 + 4 + 90) / 3.0);
+  EXPECT_EQ(Grid("1 2\n3 -").PlateauOf({1, 1}), std::nullopt) << "two neighbours are too few";
+}
+
+TEST(CellGrid, ALonePeakIsNotTheBestPlateau) {
+  const CellGrid grid = Grid("1 1 1 1 1 5 5 5\n1 1 1 1 1 5 6 5\n1 1 20 1 1 5 5 5\n1 1 1 1 1 5 5 5");
+  EXPECT_EQ(grid.Best(false, kReadingOrder), (GridCell{3, 3}));
+  EXPECT_EQ(grid.BestPlateau(false), (GridCell{1, 8})) << "(5 + 6 + 5) / 3";
+  EXPECT_EQ(grid.BestPlateau(true), (GridCell{1, 1})) << "the first whose neighbours are all 1";
+}
+
+IsoRegion Region(std::string_view lines, double level) {
+  return TraceRegions(Grid(lines), {level}).front();
+}
+
+// Twice the area would be counted twice, a hole is taken away: the shoelace formula over all rings.
+double AreaOf(const std::vector<GridLine>& rings) {
+  double twice = 0.0;
+  for (const GridLine& ring : rings) {
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+      const PicturePoint& a = ring[i];
+      const PicturePoint& b = ring[(i + 1) % ring.size()];
+      twice += a.x * b.y - b.x * a.y;
+    }
+  }
+  return std::abs(twice) / 2.0;
+}
+
+double LengthOf(const std::vector<GridLine>& lines) {
+  double length = 0.0;
+  for (const GridLine& line : lines) {
+    for (std::size_t i = 1; i < line.size(); ++i) {
+      length += std::hypot(line[i].x - line[i - 1].x, line[i].y - line[i - 1].y);
+    }
+  }
+  return length;
+}
+
+TEST(IsoRegions, APlaneIsCutByAStraightLineFromEdgeToEdge) {
+  const IsoRegion region = Region("0 10 20\n0 10 20\n0 10 20", 15);
+  EXPECT_DOUBLE_EQ(AreaOf(region.rings), 0.5 * 2.0);
+  ASSERT_EQ(region.lines.size(), 1U);
+  EXPECT_DOUBLE_EQ(LengthOf(region.lines), 2.0);
+  for (const PicturePoint& p : region.lines.front()) EXPECT_DOUBLE_EQ(p.x, 2.5);
+}
+
+TEST(IsoRegions, APeakIsOneClosedLineAndAPitAHole) {
+  const IsoRegion peak = Region("0 0 0\n0 4 0\n0 0 0", 1);
+  ASSERT_EQ(peak.lines.size(), 1U);
+  EXPECT_EQ(peak.lines.front().front(), peak.lines.front().back());
+  EXPECT_DOUBLE_EQ(AreaOf(peak.rings), 2 * 0.75 * 0.75) << "a diamond, its tips at 3/4";
+  const IsoRegion pit = Region("4 4 4\n4 0 4\n4 4 4", 1);
+  EXPECT_DOUBLE_EQ(AreaOf(pit.rings), 4.0 - 2 * 0.25 * 0.25);
+  EXPECT_DOUBLE_EQ(LengthOf(pit.lines), 4 * 0.25 * std::sqrt(2.0)) << "not along the edge";
+}
+
+TEST(IsoRegions, ASaddleIsJoinedOrPartedByTheMeanOfItsCorners) {
+  EXPECT_DOUBLE_EQ(AreaOf(Region("3 0\n0 3", 1).rings), 1.0 - 2 * 0.5 * (1 / 3.0) * (1 / 3.0));
+  EXPECT_DOUBLE_EQ(AreaOf(Region("3 0\n0 3", 2).rings), 2 * 0.5 * (1 / 3.0) * (1 / 3.0));
+}
+
+TEST(IsoRegions, ASquareWithAnEmptyCornerBelongsToNoRegion) {
+  const CellGrid grid = Grid("1 1 1 1\n1 - 1 1\n1 1 1 1\n1 1 1 1");
+  EXPECT_DOUBLE_EQ(AreaOf(TraceFilledSquares(grid)), 9.0 - 4.0);
+  EXPECT_DOUBLE_EQ(AreaOf(TraceRegions(grid, {0.5}).front().rings), 5.0);
+  EXPECT_TRUE(TraceRegions(grid, {0.5}).front().lines.empty());
+  EXPECT_TRUE(TraceRegions(grid, {1.5}).front().rings.empty());
+  EXPECT_TRUE(TraceFilledSquares(Grid("1 2 3")).empty()) << "a single row has no square";
+}
+
+TEST(IsoRegions, FilledSquaresThatTouchAtACornerAreBothCounted) {
+  EXPECT_DOUBLE_EQ(AreaOf(TraceFilledSquares(Grid("1 1 -\n1 1 1\n- 1 1"))), 2.0);
+}
+
+TEST(IsoRegions, RegionsOfRisingLevelsLieInsideEachOther) {
+  const CellGrid grid = Grid("3 1 4 1 5\n9 2 6 5 3\n5 8 9 7 9\n3 2 3 8 4\n6 2 6 4 3");
+  double before = 16.0;
+  for (const IsoRegion& region : TraceRegions(grid, {1, 2.5, 4, 5.5, 7, 8.5})) {
+    const double area = AreaOf(region.rings);
+    EXPECT_LE(area, before);
+    before = area;
+  }
+  EXPECT_GT(before, 0.0);
+  EXPECT_LT(before, 1.0);
+}
+
+constexpr PictureBox kRoom{0, 0, 400, 300};
+
+struct World {
+  explicit World(std::string_view lines, SurfaceTurn turn = {})
+      : grid((FillCellView(lines, view), view)),
+        scene(grid, BandsOf(grid.Lowest(), grid.Highest()), turn, kRoom) {}
+  ChartView view;
+  CellGrid grid;
+  SurfaceScene scene;
+};
+
+TEST(SurfaceScene, TheBoxStaysInItsRoomFromEverySide) {
+  for (double azimuth = 0.0; azimuth < 360.0; azimuth += 15.0) {
+    for (const double elevation : {5.0, 30.0, 90.0}) {
+      const World world("1 2\n3 4", {azimuth, elevation});
+      for (const double x : {-1.0, 1.0}) {
+        for (const double y : {-1.0, 1.0}) {
+          for (const double z : {0.0, 1.0}) {
+            const PicturePoint at = world.scene.Project({x, y, z});
+            EXPECT_GE(at.x, kRoom.left - 1e-6);
+            EXPECT_LE(at.x, kRoom.right + 1e-6);
+            EXPECT_GE(at.y, kRoom.top - 1e-6);
+            EXPECT_LE(at.y, kRoom.bottom + 1e-6);
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(SurfaceScene, AtFirstTheSmallestParametersAreNearest) {
+  const World world("1 2\n3 4");
+  EXPECT_EQ(world.scene.NearestCorner().x, -1.0);
+  EXPECT_EQ(world.scene.NearestCorner().y, -1.0);
+  const PicturePoint near = world.scene.Project({-1, -1, 0});
+  EXPECT_GT(near.y, world.scene.Project({1, 1, 0}).y) << "what is near stands low";
+  EXPECT_LT(world.scene.Project({-1, -1, 1}).y, near.y) << "what is high stands high";
+  EXPECT_GT(world.scene.Project({1, -1, 0}).x, near.x) << "X grows to the right";
+}
+
+TEST(SurfaceScene, FacesComeFromBehindAndEmptyCornersHaveNone) {
+  for (const double azimuth : {20.0, 110.0, 225.0, 300.0}) {
+    const World world("1 1 1 1\n1 1 1 1\n1 1 1 -", {azimuth, 30.0});
+    const FillFacets drawn = world.scene.Facets(1, false);
+    EXPECT_EQ(drawn.facets.size(), 5U);
+    EXPECT_GT(drawn.facets.back().corners[0].y, drawn.facets.front().corners[0].y);
+  }
+}
+
+TEST(SurfaceScene, StridesKeepTheLastRowAndColumn) {
+  const World world("1 1 1 1\n1 1 1 1\n1 1 1 1\n1 1 1 1");
+  const FillFacets drawn = world.scene.Facets(2, false);
+  EXPECT_EQ(drawn.facets.size(), 4U);
+  const PicturePoint far = world.scene.Project(world.scene.PointAt(1, 4, 1));
+  const auto touches = [&](const PictureFacet& facet) {
+    return std::any_of(facet.corners.begin(), facet.corners.end(), [&](const PicturePoint& p) {
+      return std::abs(p.x - far.x) < 1e-6 && std::abs(p.y - far.y) < 1e-6;
+    });
+  };
+  EXPECT_TRUE(std::any_of(drawn.facets.begin(), drawn.facets.end(), touches));
+}
+
+TEST(SurfaceScene, TheLeftSideOfARidgeIsLit) {
+  const World world("0 5 0\n0 5 0", {270.0, 30.0});
+  const FillFacets drawn = world.scene.Facets(1, false);
+  ASSERT_EQ(drawn.facets.size(), 2U);
+  const bool first_is_left = drawn.facets[0].corners[0].x < drawn.facets[1].corners[0].x;
+  const PictureFacet& left = drawn.facets[first_is_left ? 0 : 1];
+  const PictureFacet& right = drawn.facets[first_is_left ? 1 : 0];
+  EXPECT_GT(left.color.green, right.color.green);
+}
+
+TEST(SurfaceTurn, GoesRoundAndStaysAboveTheBase) {
+  EXPECT_EQ(TurnedBy({350.0, 30.0}, 20.0, 0.0), (SurfaceTurn{10.0, 30.0}));
+  EXPECT_EQ(TurnedBy({10.0, 30.0}, -20.0, 500.0), (SurfaceTurn{350.0, 90.0}));
+  EXPECT_EQ(TurnedBy({10.0, 30.0}, 0.0, -500.0), (SurfaceTurn{10.0, 5.0}));
+}
+
+TEST(FacetRaster, LaterFacetsHideEarlierOnesAndEdgesAreSmooth) {
+  FillFacets facets;
+  facets.facets = {{{{{0, 0}, {10, 0}, {10, 10}, {0, 10}}}, {200, 0, 0, 255}},
+                   {{{{4, 0}, {20, 0}, {20, 10}, {4, 10}}}, {0, 0, 200, 255}}};
+  const PixelBlock block = RasterOf(facets, {0, 0, 12.5, 10}, 1.0);
+  const auto pixel = [&](int x, int y) {
+    return block.pixels[static_cast<std::size_t>((y - block.top) * block.width + x - block.left)];
+  };
+  EXPECT_EQ(pixel(3, 5), 0xFFC80000U);
+  EXPECT_EQ(pixel(4, 5), 0xFF0000C8U);
+  facets.facets = {{{{{0, 0}, {5.5, 0}, {5.5, 5}, {0, 5}}}, {200, 100, 0, 255}}};
+  const PixelBlock half = RasterOf(facets, {0, 0, 100, 100}, 1.0);
+  EXPECT_EQ(half.pixels[5], 0x7F643200U) << "half covered, colours multiplied by alpha";
+  EXPECT_EQ(RasterOf(facets, {50, 50, 60, 60}, 1.0).pixels.size(), 0U);
+}
+
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -3,19 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
-#include <QTest>
-#include <QWheelEvent>
 #include <stdexcept>
 
 #include "support/chart_pictures.h"
 #include "support/recording_dialogs.h"
 #include "ui/chart/chart_canvas.h"
 #include "ui/chart/read_out_line.h"
+#include "ui/hands.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
-
-using namespace test;
 
 constexpr int kRows = 100;
 
@@ -48,6 +45,10 @@ struct ChartWorld {
     const auto observer = [this] { chart.ViewChanged(); };
     box.view = LineChart(Rising(series, rows));
     box.view.SetObserver(observer);
+    Refresh();
+  }
+
+  void Refresh() {
     box.view.Refresh();
     QCoreApplication::processEvents();
   }
@@ -65,13 +66,6 @@ struct ChartWorld {
     return chart.ReadOutText().toStdString();
   }
 
-  void Wheel(QPoint turn, Qt::KeyboardModifiers modifiers = {}) {
-    const QPointF at = chart.rect().center();
-    QWheelEvent event(
-        at, at, {}, turn, Qt::NoButton, modifiers, Qt::NoScrollPhase, /*inverted=*/false);
-    QCoreApplication::sendEvent(&chart, &event);
-  }
-
   ChartBox box;
   EventGuard guard;
   RecordingDialogs dialogs;
@@ -84,189 +78,169 @@ std::string Heading(const std::string& read_out) {
   return read_out.substr(0, read_out.find(','));
 }
 
-TEST(ChartWidget, WithoutSeriesItTellsTheWayToAChart) {
-  ChartWorld world;
-  world.box.view.ToDefaults();  // what a build leaves that is refused for its size
-  world.box.view.TitleText = "NAV";
-  world.box.view.rowcount(12000);
-  world.box.view.Refresh();
-  const QRect inside = QRect(QPoint(), world.chart.ChartSize()).adjusted(4, 4, -4, -4);
-  const QImage painted = world.chart.grab(inside).toImage();
+class ChartTest : public testing::Test, protected ChartWorld {};
+
+TEST_F(ChartTest, WithoutSeriesItTellsTheWayToAChart) {
+  box.view.ToDefaults();  // what a build leaves that is refused for its size
+  box.view.TitleText = "NAV";
+  box.view.rowcount(12000);
+  box.view.Refresh();
+  const QRect inside = QRect(QPoint(), chart.ChartSize()).adjusted(4, 4, -4, -4);
+  const QImage painted = chart.grab(inside).toImage();
   QImage blank = painted;
   blank.fill(painted.pixelColor(0, 0));
   EXPECT_NE(painted, blank);
   const QRect top(0, 0, blank.width(), blank.height() / 4);  // no title, no guides
   EXPECT_EQ(painted.copy(top), blank.copy(top));
-  world.box.view.WhyEmpty = "12,045 points";
-  world.box.view.Refresh();
-  EXPECT_NE(world.chart.grab(inside).toImage(), painted) << "why it was refused";
+  box.view.WhyEmpty = "12,045 points";
+  box.view.Refresh();
+  EXPECT_NE(chart.grab(inside).toImage(), painted) << "why it was refused";
 }
 
-TEST(ChartWidget, KeysMoveTheCrossHairByDays) {
-  ChartWorld world;
-  struct Case {
-    Qt::Key key;
-    const char* day;
-  };
-  for (const Case& c : {Case{Qt::Key_Left, "d100"},  // appears on the last day
-                        Case{Qt::Key_Left, "d99"},
-                        Case{Qt::Key_PageUp, "d79"},
-                        Case{Qt::Key_Right, "d80"},
-                        Case{Qt::Key_PageDown, "d100"},
-                        Case{Qt::Key_PageDown, "d100"},
-                        Case{Qt::Key_Home, "d1"},
-                        Case{Qt::Key_Left, "d1"},
-                        Case{Qt::Key_Escape, ""},
-                        Case{Qt::Key_End, "d100"}}) {
-    EXPECT_EQ(Heading(world.Key(c.key)), c.day) << c.key;
+TEST_F(ChartTest, KeysMoveTheCrossHairByDays) {
+  std::string days;
+  for (const Qt::Key key : {Qt::Key_Left,
+                            Qt::Key_Left,
+                            Qt::Key_PageUp,
+                            Qt::Key_Right,
+                            Qt::Key_PageDown,
+                            Qt::Key_PageDown,
+                            Qt::Key_Home,
+                            Qt::Key_Left,
+                            Qt::Key_Escape,
+                            Qt::Key_End}) {
+    days += Heading(Key(key)) + " ";
   }
-  world.box.view.Plot.Axis[0].CategoryScale.DivisionsPerLabel = 7;
-  EXPECT_EQ(Heading(world.Key(Qt::Key_PageUp)), "d93");
+  EXPECT_EQ(days, "d100 d99 d79 d80 d100 d100 d1 d1  d100 ") << "it appears on the last day";
+  box.view.Plot.Axis[0].CategoryScale.DivisionsPerLabel = 7;
+  EXPECT_EQ(Heading(Key(Qt::Key_PageUp)), "d93");
 }
 
-TEST(ChartWidget, ThePointerSnapsToTheNearestDayAndReadsEverySeries) {
-  ChartWorld world;
-  world.box.view.facts.Series(2).base = 50.0;
-  world.box.view.Refresh();
-  QCoreApplication::processEvents();
-  const double day_width = (world.PlaceOf(1, 41).x() - world.PlaceOf(1, 1).x()) / 40.0;
+TEST_F(ChartTest, ThePointerSnapsToTheNearestDayAndReadsEverySeries) {
+  box.view.facts.Series(2).base = 50.0;
+  Refresh();
+  const double day_width = (PlaceOf(1, 41).x() - PlaceOf(1, 1).x()) / 40.0;
   const int beside = static_cast<int>(day_width * 0.3);
-  QTest::mouseMove(&world.chart, world.PlaceOf(3, 41) + QPoint(beside, 30));
-  EXPECT_EQ(world.chart.ReadOutText().toStdString(), "d41, C1 +40.00%, C2 90 +80.00%, C3 +120.00%");
-  EXPECT_EQ(world.chart.accessibleDescription(), world.chart.ReadOutText());
+  QTest::mouseMove(&chart, PlaceOf(3, 41) + QPoint(beside, 30));
+  EXPECT_EQ(chart.ReadOutText().toStdString(), "d41, C1 +40.00%, C2 90 +80.00%, C3 +120.00%");
+  EXPECT_EQ(chart.accessibleDescription(), chart.ReadOutText());
   QStringList shown;
-  for (const QLabel* label : world.chart.findChildren<QLabel*>()) {
+  for (const QLabel* label : chart.findChildren<QLabel*>()) {
     if (label->isVisible()) shown += label->text();
   }
   EXPECT_EQ(shown.join(u'|').toStdString(), "d41|C1 +40.00%|C2 90 +80.00%|C3 +120.00%");
 }
 
-TEST(ChartWidget, TheCrossHairNeverPaintsTheChartAgainAndLeavesNothingBehind) {
-  ChartWorld world;
-  const QImage before = world.chart.grab().toImage();
-  world.Key(Qt::Key_End);
+TEST_F(ChartTest, TheCrossHairNeverPaintsTheChartAgainAndLeavesNothingBehind) {
+  const QImage before = chart.grab().toImage();
+  Key(Qt::Key_End);
   QCoreApplication::processEvents();
-  const qint64 painted = world.chart.Painted().cacheKey();
+  const qint64 painted = chart.Painted().cacheKey();
   for (int day = 90; day > 10; day -= 7) {
-    QTest::mouseMove(&world.chart, world.PlaceOf(1 + day % 3, day));
+    QTest::mouseMove(&chart, PlaceOf(1 + day % 3, day));
     QCoreApplication::processEvents();
   }
-  EXPECT_NE(world.chart.grab().toImage(), before);
-  world.Key(Qt::Key_Escape);
-  EXPECT_EQ(world.chart.Painted().cacheKey(), painted);
-  EXPECT_EQ(world.chart.grab().toImage(), before);
+  EXPECT_NE(chart.grab().toImage(), before);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(chart.Painted().cacheKey(), painted);
+  EXPECT_EQ(chart.grab().toImage(), before);
 }
 
-TEST(ChartWidget, AClickOnAPointSelectsItAndSoDoesEnter) {
-  ChartWorld world;
-  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, world.PlaceOf(2, 60));
-  ASSERT_EQ(world.selections.size(), 1U);
-  EXPECT_EQ(world.selections[0].Series, 2);
-  EXPECT_EQ(world.selections[0].DataPoint, 60);
-  world.Key(Qt::Key_Left);
-  world.Key(Qt::Key_Down);
-  world.Key(Qt::Key_Return);
-  ASSERT_EQ(world.selections.size(), 2U);
-  EXPECT_EQ(world.selections[1].Series, 3);
-  EXPECT_EQ(world.selections[1].DataPoint, 59);
-
-  const QPoint nothing(world.PlaceOf(1, 5).x(), world.PlaceOf(3, 95).y());
-  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, nothing);
-  QTest::mousePress(&world.chart, Qt::LeftButton, {}, world.PlaceOf(1, 20));
-  QTest::mouseRelease(&world.chart, Qt::LeftButton, {}, world.PlaceOf(1, 60));
-  QTest::mouseClick(&world.chart, Qt::RightButton, {}, world.PlaceOf(2, 60));
-  EXPECT_EQ(world.selections.size(), 2U);
-
-  world.cancel = true;
-  world.Key(Qt::Key_Escape);
-  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, world.PlaceOf(1, 30));
-  EXPECT_EQ(world.selections.size(), 3U);
-  EXPECT_EQ(world.chart.ReadOutText(), "");
+TEST_F(ChartTest, AClickOnAPointSelectsItAndSoDoesEnter) {
+  const auto click = [this](QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(&chart, button, {}, at);
+  };
+  click(PlaceOf(2, 60));
+  ASSERT_EQ(selections.size(), 1U);
+  EXPECT_EQ(selections[0].Series, 2);
+  EXPECT_EQ(selections[0].DataPoint, 60);
+  for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Down, Qt::Key_Return}) Key(key);
+  ASSERT_EQ(selections.size(), 2U);
+  EXPECT_EQ(selections[1].Series, 3);
+  EXPECT_EQ(selections[1].DataPoint, 59);
+  click({PlaceOf(1, 5).x(), PlaceOf(3, 95).y()});  // nothing is there
+  QTest::mousePress(&chart, Qt::LeftButton, {}, PlaceOf(1, 20));
+  QTest::mouseRelease(&chart, Qt::LeftButton, {}, PlaceOf(1, 60));
+  click(PlaceOf(2, 60), Qt::RightButton);
+  EXPECT_EQ(selections.size(), 2U);
+  cancel = true;
+  Key(Qt::Key_Escape);
+  click(PlaceOf(1, 30));
+  EXPECT_EQ(selections.size(), 3U);
+  EXPECT_EQ(chart.ReadOutText(), "");
 }
 
-TEST(ChartWidget, AClickBesideAPointMeansTheDayThatIsReadOff) {
-  ChartWorld world;
-  world.Draw(1, 100);
-  world.box.view.SetData(61, 1, 5.0, false);  // a leap, steeper than the pointer's reach
-  world.box.view.Refresh();
-  QCoreApplication::processEvents();
-  const QPoint before = world.PlaceOf(1, 60);
-  const QPoint after = world.PlaceOf(1, 61);
+TEST_F(ChartTest, AClickBesideAPointMeansTheDayThatIsReadOff) {
+  Draw(1, 100);
+  box.view.SetData(61, 1, 5.0, false);  // a leap, steeper than the pointer's reach
+  Refresh();
+  const QPoint before = PlaceOf(1, 60);
+  const QPoint after = PlaceOf(1, 61);
   const QPoint on_leap(before.x() + 1, (before.y() + 2 * after.y()) / 3);
-  QTest::mouseMove(&world.chart, on_leap);
-  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, on_leap);
-  ASSERT_EQ(world.selections.size(), 1U);
-  EXPECT_EQ(world.selections[0].DataPoint, 60);
-  EXPECT_EQ(world.chart.ReadOutText().left(3), "d60");
+  QTest::mouseMove(&chart, on_leap);
+  QTest::mouseClick(&chart, Qt::LeftButton, {}, on_leap);
+  ASSERT_EQ(selections.size(), 1U);
+  EXPECT_EQ(selections[0].DataPoint, 60);
+  EXPECT_EQ(chart.ReadOutText().left(3), "d60");
 }
 
-TEST(ChartWidget, MarkersLieWhereTheyBelongInAWindowToo) {
-  ChartWorld world;
-  world.box.view.Plot.SeriesCollection[1].SeriesMarker.Show = true;
+TEST_F(ChartTest, MarkersLieWhereTheyBelongInAWindowToo) {
+  box.view.Plot.SeriesCollection[1].SeriesMarker.Show = true;
   QWidget window;
   window.resize(900, 700);
-  world.chart.setParent(&window);
-  world.chart.move(40, 60);
+  chart.setParent(&window);
+  chart.move(40, 60);
   window.show();
-  world.box.view.Refresh();
-  QCoreApplication::processEvents();
-  const QImage alone = world.chart.grab().toImage();
-  const QImage inside = window.grab().toImage().copy(world.chart.geometry());
-  world.chart.setParent(nullptr);
+  Refresh();
+  const QImage alone = chart.grab().toImage();
+  const QImage inside = window.grab().toImage().copy(chart.geometry());
+  chart.setParent(nullptr);
   EXPECT_EQ(inside, alone);
 }
 
-TEST(ChartWidget, WhatAHandlerThrowsIsToldAndTheChartGoesOn) {
-  ChartWorld world;
-  world.box.PointSelected = [](PointSelection&) { throw std::runtime_error("no such row"); };
-  QTest::mouseClick(&world.chart, Qt::LeftButton, {}, world.PlaceOf(2, 60));
-  ASSERT_EQ(world.dialogs.messages.size(), 1U);
-  EXPECT_NE(world.dialogs.messages[0].text.find("no such row"), std::string::npos);
-  EXPECT_EQ(Heading(world.Key(Qt::Key_Home)), "d1");
+TEST_F(ChartTest, WhatAHandlerThrowsIsToldAndTheChartGoesOn) {
+  box.PointSelected = [](PointSelection&) { throw std::runtime_error("no such row"); };
+  QTest::mouseClick(&chart, Qt::LeftButton, {}, PlaceOf(2, 60));
+  ASSERT_EQ(dialogs.messages.size(), 1U);
+  EXPECT_NE(dialogs.messages[0].text.find("no such row"), std::string::npos);
+  EXPECT_EQ(Heading(Key(Qt::Key_Home)), "d1");
 }
 
-TEST(ChartWidget, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
-  ChartWorld world;
+TEST_F(ChartTest, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
   std::vector<int> scrolled;
   std::vector<int> periods;
-  world.chart.SetHooks({.scroll = [&](int notches) { scrolled.push_back(notches); },
-                        .change_period = [&](int steps) { periods.push_back(steps); }});
-  world.Wheel({0, -120});
-  for (int part = 0; part < 5; ++part) world.Wheel({0, 48});  // a touch pad's 240
-  world.Wheel({-120, 0});
-  world.Wheel({0, -240}, Qt::ControlModifier);
+  chart.SetHooks({.scroll = [&](int notches) { scrolled.push_back(notches); },
+                  .change_period = [&](int steps) { periods.push_back(steps); }});
+  TurnWheel(chart, {0, -120});
+  for (int part = 0; part < 5; ++part) TurnWheel(chart, {0, 48});  // a touch pad's 240
+  TurnWheel(chart, {-120, 0});
+  TurnWheel(chart, {0, -240}, Qt::ControlModifier);
   EXPECT_EQ(scrolled, (std::vector<int>{1, -1, -1, 1}));
   EXPECT_EQ(periods, (std::vector<int>{2}));
 }
 
-TEST(ChartWidget, ItsHintTellsFromWhereTheHistoriesHaveEnded) {
-  ChartWorld world;
-  const auto hint = [&world] {
-    return world.chart.findChild<ReadOutLine*>()->Hint().toStdString();
-  };
+TEST_F(ChartTest, ItsHintTellsFromWhereTheHistoriesHaveEnded) {
+  const auto hint = [this] { return chart.findChild<ReadOutLine*>()->Hint().toStdString(); };
   EXPECT_EQ(hint().substr(0, 18), "Point at the chart");
   std::vector<double> ended(kRows, 0.25);
   for (int row = 0; row < 40; ++row) ended[static_cast<std::size_t>(row)] = 0.001 * row;
-  world.box.view = LineChart({ended});
-  world.box.view.facts.Series(1).last_price_row = 41;
-  world.chart.ViewChanged();
+  box.view = LineChart({ended});
+  box.view.facts.Series(1).last_price_row = 41;
+  chart.ViewChanged();
   QCoreApplication::processEvents();
   EXPECT_EQ(hint(), "Nothing changes after d41: the histories may have ended");
 }
 
-TEST(ChartWidget, AnotherChartKeepsTheDayOrItsPlaceOrHidesTheCrossHair) {
-  ChartWorld world;
-  QTest::mouseMove(&world.chart, world.PlaceOf(1, 50));
-  world.box.view.SetData(50, 1, 0.25, false);
-  world.box.view.Refresh();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(world.chart.ReadOutText().toStdString(), "d50, C1 +25.00%, C2 +98.00%, C3 +147.00%");
-  world.Draw(3, 2 * kRows - 1);  // the pointer's place shows day 99 now
-  EXPECT_EQ(Heading(world.chart.ReadOutText().toStdString()), "d99");
-  world.box.view.ToDefaults();
-  world.box.view.Refresh();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(world.Key(Qt::Key_Left), "");
+TEST_F(ChartTest, AnotherChartKeepsTheDayOrItsPlaceOrHidesTheCrossHair) {
+  QTest::mouseMove(&chart, PlaceOf(1, 50));
+  box.view.SetData(50, 1, 0.25, false);
+  Refresh();
+  EXPECT_EQ(chart.ReadOutText().toStdString(), "d50, C1 +25.00%, C2 +98.00%, C3 +147.00%");
+  Draw(3, 2 * kRows - 1);  // the pointer's place shows day 99 now
+  EXPECT_EQ(Heading(chart.ReadOutText().toStdString()), "d99");
+  box.view.ToDefaults();
+  Refresh();
+  EXPECT_EQ(Key(Qt::Key_Left), "");
 }
 
 TEST(ChartWidget, OneCrossHairGoesThroughBothChartsThatShareTheirDays) {
@@ -313,16 +287,15 @@ TEST(ChartWidget, SeriesWithoutRoomAreCountedAndTheChosenOneIsAmongTheShown) {
   EXPECT_EQ(line->toolTip().count(u'\n'), 10);
 }
 
-TEST(ChartWidget, FollowsADarkDesktop) {
-  ChartWorld world;
+TEST_F(ChartTest, FollowsADarkDesktop) {
   QPalette dark;
   dark.setColor(QPalette::Window, QColor(30, 30, 30));
-  world.chart.setPalette(dark);
-  const QImage image = world.chart.grab().toImage();
+  chart.setPalette(dark);
+  const QImage image = chart.grab().toImage();
   const PictureColor ground = DarkTheme().background;
   EXPECT_EQ(image.pixelColor(5, 100), QColor(ground.red, ground.green, ground.blue));
   EXPECT_EQ(image.pixelColor(5, 595), QColor(ground.red, ground.green, ground.blue));
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -2,6 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QListWidget>
+#include <QTest>
+
+#include "support/temporary_folder.h"
+#include "ui/controls/folder_box.h"
+#include "ui/controls/list_focus.h"
+
 namespace vistaplot {
 namespace {
 
@@ -41,6 +49,93 @@ TEST(CaptionLabel, WhatDoesNotFitEndsInAnEllipsisAndIsToldAsAToolTip) {
   }
   world.label.resize(world.whole + 20, world.line);
   EXPECT_EQ(world.label.toolTip(), "");
+}
+
+/// A list and, beside it, something else that can take the keyboard.
+struct FocusWorld {
+  QWidget window;
+  QListWidget list{&window};
+  QListWidget other{&window};
+
+  explicit FocusWorld(const QPalette& palette) {
+    window.resize(400, 200);
+    list.setGeometry(0, 0, 200, 200);
+    other.setGeometry(200, 0, 200, 200);
+    list.setPalette(palette);
+    list.addItems({"a", "b", "c"});
+    list.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    FrameFocus(list);
+    window.show();
+    window.activateWindow();
+    list.setFocus();
+    list.setCurrentRow(1);
+    QApplication::processEvents();
+  }
+
+  QColor Edge() { return list.grab().toImage().pixelColor(0, 150); }
+
+  /// Where the frame about an entry runs.
+  QColor FrameOfRow(int row) {
+    const QRect place = list.visualItemRect(list.item(row));
+    return list.viewport()->grab().toImage().pixelColor(place.center().x(), place.top() + 2);
+  }
+};
+
+QPalette Dark() {
+  QPalette palette(QColor(42, 46, 50));
+  palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
+  palette.setColor(QPalette::HighlightedText, QColor(252, 252, 252));
+  return palette;
+}
+
+TEST(ListFocus, FramesShowTheListAndItsCurrentEntryOnLightAndDarkGround) {
+  for (const QPalette& palette : {QApplication::palette(), Dark()}) {
+    FocusWorld world(palette);
+    const QColor highlight = palette.color(QPalette::Highlight);
+    EXPECT_EQ(world.Edge(), highlight);
+    EXPECT_EQ(world.FrameOfRow(1), palette.color(QPalette::HighlightedText)) << "selected";
+    EXPECT_EQ(world.FrameOfRow(2), palette.color(QPalette::Base));
+    QTest::keyClick(&world.list, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(world.FrameOfRow(1), highlight) << "selected, not current";
+    EXPECT_EQ(world.FrameOfRow(2), highlight) << "current, not selected";
+    world.other.setFocus();
+    EXPECT_NE(world.Edge(), highlight);
+    EXPECT_EQ(world.FrameOfRow(2), palette.color(QPalette::Base));
+  }
+}
+
+TEST(FolderBox, PathsKeepTheStyleInWhichTheyWereNamed) {
+  EXPECT_EQ(FolderAbove("/a/b"), "/a");
+  EXPECT_EQ(FolderAbove("/a/"), "/");
+  EXPECT_EQ(FolderAbove("/"), "/");
+  EXPECT_EQ(FolderAbove("D:\\X\\Y"), "D:\\X");
+  EXPECT_EQ(FolderAbove("D:\\X"), "D:\\");
+  EXPECT_EQ(FolderAbove("D:/"), "D:/");
+  EXPECT_EQ(FolderInside("/a", "b"), "/a/b");
+  EXPECT_EQ(FolderInside("D:/", "X"), "D:/X");
+  EXPECT_EQ(FolderInside("D:\\X", "Y"), "D:\\X\\Y");
+}
+
+TEST(FolderBox, TheUserWalksAnOldStyleTreeWithTheKeyboard) {
+  const test::TemporaryFolder folder;
+  folder.MakeFolder("DATA/INNER");
+  folder.Write("file.txt", "no folder");
+  PathRoots roots;
+  roots.QuotelineDir = folder.Path();
+  FolderBox box(roots, nullptr);
+  QObject::connect(
+      &box, &FolderBox::FolderChosen, [&box](const std::string& chosen) { box.SetFolder(chosen); });
+  box.SetFolder("C:\\QL");
+  ASSERT_EQ(box.List().count(), 2);  // ".." and DATA
+  QTest::keyClick(&box.List(), Qt::Key_Down);
+  QTest::keyClick(&box.List(), Qt::Key_Return);
+  EXPECT_EQ(box.Line().text(), "C:\\QL\\DATA");
+  EXPECT_EQ(box.List().item(1)->text(), "INNER");
+  QTest::keyClick(&box.List(), Qt::Key_Return);
+  EXPECT_EQ(box.Line().text(), "C:\\QL");
+  QTest::keyClicks(&box.Line(), "\\NONE");
+  EXPECT_EQ(box.List().count(), 0);
 }
 
 }  // namespace

@@ -10,10 +10,8 @@
 #include "ui/frame/form_view.h"
 #include "ui/frame/program_windows.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
-
-using test::Windows;
 
 /// A combo box is called by its chosen entry; its name is its label's or its description.
 QString NameOf(QWidget& widget) {
@@ -50,46 +48,43 @@ void ExpectSpokenNames(const QWidget& window, const std::set<QString>& control_n
   }
 }
 
-TEST(AccessibleNames, EveryWidgetThatTakesTheKeyboardHasOneOnEveryScreen) {
-  Windows windows;
-  windows.Start();
-  const std::set<QString> control_names = ControlNames(windows.screens);
-  for (Form* form : windows.screens.All()) {
-    if (form == &windows.screens.frmMain) continue;
+using AccessibleNames = StartedProgram;
+
+TEST_F(AccessibleNames, EveryWidgetThatTakesTheKeyboardHasOneOnEveryScreen) {
+  const std::set<QString> control_names = ControlNames(screens);
+  for (Form* form : screens.All()) {
+    if (form == &frmMain) continue;
     form->Show();
     QApplication::processEvents();
-    const QWidget* window = windows.program.Host().ViewOf(*form)->window();
+    const QWidget* shown = program.Host().ViewOf(*form)->window();
     SCOPED_TRACE(form->Name());
-    ExpectSpokenNames(*window, control_names);
+    ExpectSpokenNames(*shown, control_names);
     if (form->Style() != FormStyle::kScreen) form->Unload();
   }
-  windows.screens.frmTab.Show();
-  for (int type = 0; type < windows.screens.frmTab.cboDataType.Count(); ++type) {
-    windows.screens.frmTab.cboDataType.SetListIndex(type);
+  frmTab.Show();
+  for (int type = 0; type < frmTab.cboDataType.Count(); ++type) {
+    frmTab.cboDataType.SetListIndex(type);
     QApplication::processEvents();
     SCOPED_TRACE(type);
-    ExpectSpokenNames(windows.program.Window(), control_names);
+    ExpectSpokenNames(window, control_names);
   }
 }
 
-TEST(AccessibleNames, NamesAndAccessKeysFollowTheLabels) {
-  Windows windows;
-  windows.Start();
-  FrmTab& form = windows.screens.frmTab;
-  form.cboDataType.SetListIndex(1);
-  const FormView& view = *windows.program.Host().ViewOf(form);
-  QWidget& find = *view.AdapterOf(form.lists.txtIndex)->Widget();
-  const auto& label = *qobject_cast<QLabel*>(view.AdapterOf(form.lists.lblIndex)->Widget());
+TEST_F(AccessibleNames, NamesAndAccessKeysFollowTheLabels) {
+  frmTab.cboDataType.SetListIndex(1);
+  const FormView& view = *program.Host().ViewOf(frmTab);
+  QWidget& find = *view.AdapterOf(frmTab.lists.txtIndex)->Widget();
+  const auto& label = *qobject_cast<QLabel*>(view.AdapterOf(frmTab.lists.lblIndex)->Widget());
   EXPECT_EQ(NameOf(find), "Find");
   EXPECT_EQ(label.buddy(), &find);
-  form.lists.lblIndex.SetCaption("&Search for:");
+  frmTab.lists.lblIndex.SetCaption("&Search for:");
   EXPECT_EQ(NameOf(find), "Search for");
-  form.lists.lblIndex.SetCaption("");
+  frmTab.lists.lblIndex.SetCaption("");
   EXPECT_EQ(NameOf(find), "Entry");
   EXPECT_EQ(label.buddy(), nullptr);
-  form.lists.txtIndex.SetDescription("Name or symbol");
+  frmTab.lists.txtIndex.SetDescription("Name or symbol");
   EXPECT_EQ(NameOf(find), "Name or symbol");
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -17,19 +17,10 @@
 #include "support/temporary_folder.h"
 #include "ui/controls/widgets.h"
 #include "ui/frame/file_dialog.h"
+#include "ui/hands.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
-
-/// Does something to the box that appears next, as the user would.
-template <class Box, class Action>
-void OnNextBox(Action action) {
-  QTimer::singleShot(0, [action] {
-    auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
-    action(*box);
-  });
-}
 
 struct Boxes {
   EventGuard guard;
@@ -73,6 +64,7 @@ TEST(QtDialogs, InputProposesATextAndCancelGivesNone) {
   const InputRequest request{.prompt = "Name", .title = "Save", .proposed = "TRIO"};
   OnNextBox<QInputDialog>([](QInputDialog& box) {
     EXPECT_EQ(box.textValue(), "TRIO");
+    EXPECT_EQ(box.windowTitle() + box.labelText(), "SaveName");
     box.setTextValue("DUO");
     box.accept();
   });
@@ -82,7 +74,7 @@ TEST(QtDialogs, InputProposesATextAndCancelGivesNone) {
 }
 
 TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   for (const char* name : {"lower.sum", "UPPER.SUM", "other.txt"}) folder.Write(name, "x");
   PathRoots roots;
   roots.QuotelineDir = folder.Path();
@@ -91,6 +83,7 @@ TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
   QTimer::singleShot(300, [&folder] {  // the folder is read by a thread of the toolkit
     auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->windowTitle(), "Select");
     const auto* model = box->findChild<QFileSystemModel*>();
     EXPECT_EQ(model->rowCount(model->index(QtText(folder.Path()))), 2);
     EXPECT_EQ(box->findChild<QComboBox*>("fileTypeCombo")->itemText(1), "All (*.*)");
@@ -115,7 +108,7 @@ TEST(QtDialogs, FilesAreOfferedInAnyCaseFromAnOldStyleFolder) {
 }
 
 TEST(QtDialogs, TheSavedNameTakesTheChosenFiltersEndingAndKeepsItsFolder) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   const std::string elsewhere = folder.MakeFolder("elsewhere");
   Boxes boxes;
   OnNextBox<QFileDialog>([&elsewhere](QFileDialog& box) {
@@ -135,7 +128,7 @@ TEST(QtDialogs, TheSavedNameTakesTheChosenFiltersEndingAndKeepsItsFolder) {
 }
 
 TEST(QtDialogs, AFileOfAnotherCaseIsReplacedOnlyWhenAgreedTo) {
-  const test::TemporaryFolder folder;
+  const TemporaryFolder folder;
   folder.Write("chart.png", "old");
   const PathRoots roots;
   Boxes boxes;
@@ -149,6 +142,7 @@ TEST(QtDialogs, AFileOfAnotherCaseIsReplacedOnlyWhenAgreedTo) {
     });
   };
   OnNextBox<QFileDialog>([&](QFileDialog& box) {
+    EXPECT_EQ(box.windowTitle(), "Save Chart As");
     box.findChild<QLineEdit*>("fileNameEdit")->setText("Chart.png");
     answer(QMessageBox::No);
     QMetaObject::invokeMethod(&box, "accept");
@@ -179,4 +173,4 @@ TEST(QtDialogs, EndOfTheProgramUnwindsThroughAnOpenBox) {
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -5,10 +5,8 @@
 #include "table/sheet_text.h"
 #include "ui/grid/grid_world.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
-
-using namespace test;
 
 GridSelection Of(int rows, int cols) {
   GridSelection selection;
@@ -26,24 +24,18 @@ TEST(GridSelection, RangesKeepTheOrderInWhichTheyWereMade) {
 }
 
 TEST(GridSelection, TakingOutLeavesTheRestAroundIt) {
-  struct Case {
-    const char* title;
-    GridUnit unit;
-    GridCell cell;
-    const char* rest;
-  };
   // From rows 2 to 6 of columns 2 to 5.
-  const Case cases[] = {
+  const std::tuple<const char*, GridUnit, GridCell, const char*> cases[] = {
       {"a cell inside", GridUnit::kCell, {4, 3}, "2,2-3,5 4,2-4,2 4,4-4,5 5,2-6,5"},
       {"a corner", GridUnit::kCell, {2, 2}, "2,3-2,5 3,2-6,5"},
       {"a cell beside it is added", GridUnit::kCell, {7, 2}, "2,2-6,5 7,2-7,2"},
       {"a column that reaches further is added", GridUnit::kColumn, {1, 3}, "2,2-6,5 1,3-9,3"}};
-  for (const Case& a_case : cases) {
+  for (const auto& [title, unit, cell, rest] : cases) {
     GridSelection selection = Of(9, 6);
     selection.Start(GridUnit::kCell, {2, 2});
     selection.ExtendTo({6, 5});
-    selection.Toggle(a_case.unit, a_case.cell);
-    EXPECT_EQ(Shown(selection.Ranges()), a_case.rest) << a_case.title;
+    selection.Toggle(unit, cell);
+    EXPECT_EQ(Shown(selection.Ranges()), rest) << title;
   }
 }
 
@@ -75,11 +67,7 @@ TEST(GridSelection, KeepsTheCurrentCellInsideAShorterSheet) {
 
 TEST(GridSelection, TextOfRangesStandsAsTheyStandOnTheSheet) {
   const Sheet sheet = SheetOf({"a,b,c,d", "1,2,3,4  ", "5,6,7,8"});
-  struct Case {
-    std::vector<CellRange> ranges;
-    const char* text;
-  };
-  const Case cases[] = {
+  const std::pair<std::vector<CellRange>, const char*> cases[] = {
       {{{1, 2, 2, 3}}, "b\tc\n2\t3\n"},
       // Columns side by side in the sheet's order; blanks at the end of a cell are dropped.
       {{{1, 4, 3, 4}, {1, 1, 3, 1}}, "a\td\n1\t4\n5\t8\n"},
@@ -91,8 +79,8 @@ TEST(GridSelection, TextOfRangesStandsAsTheyStandOnTheSheet) {
       {{{3, 3, 99, 99}, {3, 4, 3, 4}}, "7\t8\n"},
       {{{9, 9, 12, 12}}, ""},
       {{}, ""}};
-  for (const Case& a_case : cases) EXPECT_EQ(TabbedText(sheet, a_case.ranges), a_case.text);
+  for (const auto& [ranges, text] : cases) EXPECT_EQ(TabbedText(sheet, ranges), text);
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -5,188 +5,175 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QImage>
 #include <QScrollBar>
+#include <QToolTip>
 
+#include "support/screen_world.h"
 #include "ui/grid/grid_world.h"
 
-namespace vistaplot {
+namespace vistaplot::test {
 namespace {
 
-using namespace test;
+class GridTest : public testing::Test, protected GridWorld {
+ protected:
+  void RightClick(int row, int col) {
+    QTest::mouseClick(area.viewport(), Qt::RightButton, {}, At(row, col));
+  }
+
+  // The leftmost and rightmost column with ink in a cell, from its left edge.
+  std::pair<int, int> Ink(int row, int col) {
+    const QRect cell = geometry.Place({row, col, row, col}).adjusted(1, 1, -2, -2);  // no lines
+    const QImage image = area.viewport()->grab(cell).toImage();
+    const QColor ground = image.pixelColor(0, 0);
+    std::pair<int, int> ink{image.width(), 0};
+    for (int x = 0; x < image.width(); ++x) {
+      for (int y = 0; y < image.height(); ++y) {
+        if (qAbs(image.pixelColor(x, y).lightness() - ground.lightness()) < 40) continue;
+        ink = {std::min(ink.first, x), std::max(ink.second, x)};
+      }
+    }
+    return ink;
+  }
+};
 
 constexpr Qt::KeyboardModifiers kShift = Qt::ShiftModifier;
 constexpr Qt::KeyboardModifiers kControl = Qt::ControlModifier;
 
-TEST(GridView, MouseChoosesCellsColumnsAndRows) {
-  GridWorld world;
-  world.Click(3, 2);
-  EXPECT_EQ(world.Selected(), "3,2-3,2");
-  world.Click(5, 3, kShift);
-  EXPECT_EQ(world.Selected(), "3,2-5,3");
-  world.Click(1, 4, kControl);  // the symbol in the heading row
-  EXPECT_EQ(world.Selected(), "3,2-5,3 1,4-201,4");
-  world.Click(0, 2);  // the letter above it
-  world.Click(0, 4, kShift);
-  EXPECT_EQ(world.Selected(), "1,2-201,4");
-  world.Click(6, 0);
-  EXPECT_EQ(world.Selected(), "6,1-6,31");
-  world.Click(0, 0);
-  EXPECT_EQ(world.Selected(), "1,1-201,31");
-  world.Drag(world.At(4, 2), world.At(8, 4));
-  EXPECT_EQ(world.Selected(), "4,2-8,4");
-  world.Drag(world.At(1, 3), world.At(9, 4));
-  EXPECT_EQ(world.Selected(), "1,3-201,4") << "columns also when the drag leaves the headings";
+TEST_F(GridTest, MouseChoosesCellsColumnsAndRows) {
+  Click(3, 2);
+  EXPECT_EQ(Selected(), "3,2-3,2");
+  Click(5, 3, kShift);
+  EXPECT_EQ(Selected(), "3,2-5,3");
+  Click(1, 4, kControl);  // the symbol in the heading row
+  EXPECT_EQ(Selected(), "3,2-5,3 1,4-201,4");
+  Click(0, 2);  // the letter above it
+  Click(0, 4, kShift);
+  EXPECT_EQ(Selected(), "1,2-201,4");
+  Click(6, 0);
+  EXPECT_EQ(Selected(), "6,1-6,31");
+  Click(0, 0);
+  EXPECT_EQ(Selected(), "1,1-201,31");
+  Drag(At(4, 2), At(8, 4));
+  EXPECT_EQ(Selected(), "4,2-8,4");
+  Drag(At(1, 3), At(9, 4));
+  EXPECT_EQ(Selected(), "1,3-201,4") << "columns also when the drag leaves the headings";
 }
 
-TEST(GridView, KeysMoveAndExtendTheSelection) {
-  struct Case {
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
-    const char* selected;
-  };
-  const Case cases[] = {{Qt::Key_Down, {}, "3,2-3,2"},
-                        {Qt::Key_Right, {}, "3,3-3,3"},
-                        {Qt::Key_Right, kShift, "3,3-3,4"},
-                        {Qt::Key_Down, kShift, "3,3-4,4"},
-                        {Qt::Key_Space, kControl, "1,3-201,4"},
-                        {Qt::Key_Left, kShift, "1,3-201,3"},
-                        {Qt::Key_End, kControl, "201,31-201,31"},
-                        {Qt::Key_Down, {}, "201,31-201,31"},
-                        {Qt::Key_Home, {}, "201,2-201,2"},
-                        {Qt::Key_Home, kControl | kShift, "2,2-201,2"},
-                        {Qt::Key_Home, kControl, "2,2-2,2"},
-                        {Qt::Key_End, {}, "2,31-2,31"},
-                        {Qt::Key_Up, {}, "1,31-1,31"},
-                        {Qt::Key_A, kControl, "1,1-201,31"},
-                        {Qt::Key_Home, kControl, "2,2-2,2"},
-                        {Qt::Key_Space, kControl, "1,2-201,2"},
-                        {Qt::Key_F8, kShift, "1,2-201,2"},
-                        {Qt::Key_Right, {}, "1,2-201,2"},
-                        {Qt::Key_Right, {}, "1,2-201,2"},
-                        {Qt::Key_Space, kControl, "1,2-201,2 1,4-201,4"},
-                        {Qt::Key_F8, kShift, "1,2-201,2 1,4-201,4"},
-                        {Qt::Key_Left, {}, "1,2-201,2 1,4-201,4"},
-                        {Qt::Key_Left, {}, "1,2-201,2 1,4-201,4"},
-                        {Qt::Key_Space, kControl, "1,4-201,4"},
-                        {Qt::Key_F8, kShift, "1,4-201,4"},
-                        {Qt::Key_Left, {}, "1,4-201,4"},
-                        {Qt::Key_Down, kShift, "1,4-201,4 2,1-3,1"},
-                        {Qt::Key_F8, kShift, "1,4-201,4 2,1-3,1"},
-                        {Qt::Key_Escape, {}, "1,4-201,4 2,1-3,1"},
-                        {Qt::Key_Right, {}, "3,2-3,2"},
-                        {Qt::Key_F8, kShift, "3,2-3,2"},
-                        {Qt::Key_Space, kControl, "1,2-201,2"}};
-  GridWorld world;
-  world.Click(2, 2);
-  for (const Case& a_case : cases) {
-    world.Key(a_case.key, a_case.modifiers);
-    EXPECT_EQ(world.Selected(), a_case.selected) << "key " << a_case.key;
+// Each key with what is selected after it, from the first price on.
+TEST_F(GridTest, KeysMoveAndExtendTheSelection) {
+  Click(2, 2);
+  for (const auto step :
+       Split("Down 3,2-3,2|Right 3,3-3,3|Shift+Right 3,3-3,4|Shift+Down 3,3-4,4|"
+             "Ctrl+Space 1,3-201,4|Shift+Left 1,3-201,3|Ctrl+End 201,31-201,31|Down 201,31-201,31|"
+             "Home 201,2-201,2|Ctrl+Shift+Home 2,2-201,2|Ctrl+Home 2,2-2,2|End 2,31-2,31|"
+             "Up 1,31-1,31|Ctrl+A 1,1-201,31|Ctrl+Home 2,2-2,2|Ctrl+Space 1,2-201,2|"
+             "Shift+F8 1,2-201,2|Right 1,2-201,2|Right 1,2-201,2|Ctrl+Space 1,2-201,2 1,4-201,4|"
+             "Shift+F8 1,2-201,2 1,4-201,4|Left 1,2-201,2 1,4-201,4|Left 1,2-201,2 1,4-201,4|"
+             "Ctrl+Space 1,4-201,4|Shift+F8 1,4-201,4|Left 1,4-201,4|Shift+Down 1,4-201,4 2,1-3,1|"
+             "Shift+F8 1,4-201,4 2,1-3,1|Esc 1,4-201,4 2,1-3,1|Right 3,2-3,2|Shift+F8 3,2-3,2|"
+             "Ctrl+Space 1,2-201,2",
+             '|')) {
+    const auto key = QKeySequence::fromString(QtText(step.substr(0, step.find(' '))))[0];
+    Key(key.key(), key.keyboardModifiers());
+    EXPECT_EQ(Selected(), step.substr(step.find(' ') + 1)) << step;
   }
 }
 
-TEST(GridView, PagesScrollByWhatIsInViewAndHeadingsStay) {
-  GridWorld world;
-  world.Click(2, 2);
-  const GridGeometry& geometry = world.area.Geometry();
+TEST_F(GridTest, PagesScrollByWhatIsInViewAndHeadingsStay) {
+  Click(2, 2);
   const int page = geometry.PageRows();
   ASSERT_GT(page, 5);
-  world.Key(Qt::Key_PageDown);
+  Key(Qt::Key_PageDown);
   EXPECT_EQ(geometry.ScrolledRows(), page);
-  EXPECT_EQ(world.table.Active().selection.front().SelStartRow, 2 + page);
-  EXPECT_EQ(world.At(1, 1),
+  EXPECT_EQ(table.Active().selection.front().SelStartRow, 2 + page);
+  EXPECT_EQ(At(1, 1),
             (QPoint(geometry.StripWidth() + geometry.Width(1) / 2,
                     geometry.StripHeight() + geometry.RowHeight() / 2)));
-  world.Key(Qt::Key_End);
+  Key(Qt::Key_End);
   EXPECT_GT(geometry.ScrolledPixels(), 0);
-  EXPECT_LE(geometry.Left(31) + geometry.Width(31), world.area.viewport()->width());
+  EXPECT_LE(geometry.Left(31) + geometry.Width(31), area.viewport()->width());
   // What is under the mouse follows.
-  world.Click(page + 4, 31);
-  EXPECT_EQ(world.table.Active().selection.front(), (CellRange{page + 4, 31, page + 4, 31}));
-  world.Click(page + 4, 1);
-  EXPECT_EQ(world.table.Active().selection.front(), (CellRange{page + 4, 1, page + 4, 1}));
+  Click(page + 4, 31);
+  EXPECT_EQ(table.Active().selection.front(), (CellRange{page + 4, 31, page + 4, 31}));
+  Click(page + 4, 1);
+  EXPECT_EQ(table.Active().selection.front(), (CellRange{page + 4, 1, page + 4, 1}));
 }
 
-TEST(GridView, DragBeyondTheEdgeScrolls) {
-  GridWorld world;
-  const QPoint outside(world.At(5, 3).x(), world.area.viewport()->height() + 60);
-  QTest::mousePress(world.area.viewport(), Qt::LeftButton, {}, world.At(5, 3));
-  QTest::mouseMove(world.area.viewport(), outside);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return world.area.Geometry().ScrolledRows() > 3; }, 5000));
-  QTest::mouseRelease(world.area.viewport(), Qt::LeftButton, {}, outside);
-  const CellRange range = world.table.Active().selection.front();
+TEST_F(GridTest, DragBeyondTheEdgeScrolls) {
+  const QPoint outside(At(5, 3).x(), area.viewport()->height() + 60);
+  QTest::mousePress(area.viewport(), Qt::LeftButton, {}, At(5, 3));
+  QTest::mouseMove(area.viewport(), outside);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return geometry.ScrolledRows() > 3; }, 5000));
+  QTest::mouseRelease(area.viewport(), Qt::LeftButton, {}, outside);
+  const CellRange range = table.Active().selection.front();
   EXPECT_EQ(range.SelStartRow, 5);
-  EXPECT_GT(range.SelEndRow, world.area.Geometry().PageRows() + 3);
+  EXPECT_GT(range.SelEndRow, geometry.PageRows() + 3);
 }
 
-TEST(GridView, HeadingsTellClicksAndCellsOnlyRightOnes) {
-  GridWorld world;
-  world.table.SetActiveSheet(2);
-  world.Click(1, 3);
-  world.Click(0, 3);
-  world.Click(2, 0);
-  world.Click(2, 2);            // among the rows: a selection and no sort
-  world.Click(1, 3, kControl);  // takes part in the selection only
-  world.Drag(world.At(1, 1), world.At(1, 2));
-  EXPECT_EQ(world.log, "click 1,3; click 0,3; click 2,0; ");
-  world.log.clear();
-  world.Click(3, 2);
-  QTest::mouseClick(world.area.viewport(), Qt::RightButton, {}, world.At(3, 2));
-  world.Key(Qt::Key_Up);
-  world.Key(Qt::Key_Menu);
-  world.Key(Qt::Key_F10, kShift);
-  world.Key(Qt::Key_Up);
-  world.Key(Qt::Key_Return);
-  EXPECT_EQ(world.log, "right 3,2; right 2,2; right 2,2; click 1,2; ");
-  world.log.clear();
-  world.table.SetActiveSheet(1);  // only a row of the summary stands for something to chart
-  QTest::mouseClick(world.area.viewport(), Qt::RightButton, {}, world.At(3, 2));
-  world.Key(Qt::Key_Menu);
-  EXPECT_EQ(world.log, "");
+TEST_F(GridTest, HeadingsTellClicksAndCellsOnlyRightOnes) {
+  table.SetActiveSheet(2);
+  Click(1, 3);
+  Click(0, 3);
+  Click(2, 0);
+  Click(2, 2);            // among the rows: a selection and no sort
+  Click(1, 3, kControl);  // takes part in the selection only
+  Drag(At(1, 1), At(1, 2));
+  EXPECT_EQ(log, "click 1,3; click 0,3; click 2,0; ");
+  log.clear();
+  Click(3, 2);
+  RightClick(3, 2);
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Menu);
+  Key(Qt::Key_F10, kShift);
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(log, "right 3,2; right 2,2; right 2,2; click 1,2; ");
+  log.clear();
+  table.SetActiveSheet(1);  // only a row of the summary stands for something to chart
+  RightClick(3, 2);
+  Key(Qt::Key_Menu);
+  EXPECT_EQ(log, "");
 }
 
-TEST(GridView, RightClickKeepsASelectionThatItMeets) {
-  GridWorld world;
-  world.Drag(world.At(1, 2), world.At(1, 3));
-  QTest::mouseClick(world.area.viewport(), Qt::RightButton, {}, world.At(7, 3));
-  EXPECT_EQ(world.Selected(), "1,2-201,3");
-  QTest::mouseClick(world.area.viewport(), Qt::RightButton, {}, world.At(7, 4));
-  EXPECT_EQ(world.Selected(), "7,4-7,4");
+TEST_F(GridTest, RightClickKeepsASelectionThatItMeets) {
+  Drag(At(1, 2), At(1, 3));
+  RightClick(7, 3);
+  EXPECT_EQ(Selected(), "1,2-201,3");
+  RightClick(7, 4);
+  EXPECT_EQ(Selected(), "7,4-7,4");
 }
 
-TEST(GridView, FollowsASelectionMadeByTheProgram) {
-  GridWorld world;
-  world.table.SheetAt(1).selection = {{1, 30, 201, 30}};
-  world.table.NotifyContent(1);
-  const GridGeometry& geometry = world.area.Geometry();
-  EXPECT_LE(geometry.Left(30) + geometry.Width(30), world.area.viewport()->width());
-  world.Key(Qt::Key_Right, kShift);
-  EXPECT_EQ(world.Selected(), "1,30-201,31");
-  world.area.horizontalScrollBar()->setValue(0);
-  world.table.SheetAt(1).selection = {{201, 31, 201, 31}};  // where importers leave it
-  world.table.NotifyContent(1);
+TEST_F(GridTest, FollowsASelectionMadeByTheProgram) {
+  table.SheetAt(1).selection = {{1, 30, 201, 30}};
+  table.NotifyContent(1);
+  EXPECT_LE(geometry.Left(30) + geometry.Width(30), area.viewport()->width());
+  Key(Qt::Key_Right, kShift);
+  EXPECT_EQ(Selected(), "1,30-201,31");
+  area.horizontalScrollBar()->setValue(0);
+  table.SheetAt(1).selection = {{201, 31, 201, 31}};  // where importers leave it
+  table.NotifyContent(1);
   EXPECT_EQ(geometry.ScrolledPixels(), 0);
   EXPECT_EQ(geometry.ScrolledRows(), 0);
 }
 
-TEST(GridView, SheetsKeepTheirPlaceUntilTheyAreLoadedAnew) {
-  GridWorld world;
-  world.Click(2, 3);
-  world.area.verticalScrollBar()->setValue(40);
-  world.table.SetActiveSheet(2);
-  EXPECT_EQ(world.area.Geometry().ScrolledRows(), 0);
-  world.table.SetActiveSheet(1);
-  EXPECT_EQ(world.area.Geometry().ScrolledRows(), 40);
-  world.Key(Qt::Key_Down);
-  EXPECT_EQ(world.Selected(), "3,3-3,3");
-  world.table.SheetAt(1).SheetName = "OTHER";
-  world.table.NotifyContent(1);
-  EXPECT_EQ(world.area.Geometry().ScrolledRows(), 0);
+TEST_F(GridTest, SheetsKeepTheirPlaceUntilTheyAreLoadedAnew) {
+  Click(2, 3);
+  area.verticalScrollBar()->setValue(40);
+  table.SetActiveSheet(2);
+  EXPECT_EQ(geometry.ScrolledRows(), 0);
+  table.SetActiveSheet(1);
+  EXPECT_EQ(geometry.ScrolledRows(), 40);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Selected(), "3,3-3,3");
+  table.SheetAt(1).SheetName = "OTHER";
+  table.NotifyContent(1);
+  EXPECT_EQ(geometry.ScrolledRows(), 0);
 }
 
-TEST(GridView, TabsShowEverySheetButTheSpareOne) {
-  GridWorld world;
-  QTabBar& tabs = world.view.Tabs();
+TEST_F(GridTest, TabsShowEverySheetButTheSpareOne) {
+  QTabBar& tabs = view.Tabs();
   const auto captions = [&tabs] {
     std::string text;
     for (int i = 0; i < tabs.count(); ++i) text += tabs.tabText(i).toStdString() + ";";
@@ -194,52 +181,46 @@ TEST(GridView, TabsShowEverySheetButTheSpareOne) {
   };
   EXPECT_EQ(captions(), "PRICES;Summary;");
   QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
-  EXPECT_EQ(world.table.ActiveSheet(), 2);
-  EXPECT_EQ(world.area.model()->rowCount(), 3);
-  world.Key(Qt::Key_PageUp, kControl);
-  EXPECT_EQ(tabs.currentIndex(), 0);
-  QTest::keyClick(&tabs, Qt::Key_PageDown, kControl);
-  EXPECT_EQ(tabs.currentIndex(), 1);
-  world.table.SheetAt(3).MaxRow = 1;
-  world.table.SheetAt(3).SheetName = "S&P";
-  world.table.NotifyContent(3);
+  EXPECT_EQ(table.ActiveSheet(), 2);
+  EXPECT_EQ(area.model()->rowCount(), 3);
+  table.SheetAt(3).MaxRow = 1;
+  table.SheetAt(3).SheetName = "S&P";
+  table.NotifyContent(3);
   EXPECT_EQ(captions(), "PRICES;Summary;S&&P;");
-  world.table.Reset(1);
+  table.Reset(1);
   EXPECT_EQ(captions(), "Sheet1;");
-  world.Key(Qt::Key_Down);  // nothing to move over
-  EXPECT_EQ(world.Selected(), "");
+  Key(Qt::Key_Down);  // nothing to move over
+  EXPECT_EQ(Selected(), "");
 }
 
-TEST(GridView, KeysNeverLeadToTheSpareSheet) {
-  GridWorld world;
+TEST_F(GridTest, KeysNeverLeadToTheSpareSheet) {
   std::string visited;
   for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_PageUp}) {
-    world.Key(key, kControl);
-    visited += std::to_string(world.table.ActiveSheet());
+    Key(key, kControl);
+    visited += std::to_string(table.ActiveSheet());
   }
-  EXPECT_EQ(visited, "2211");
+  QTest::keyClick(&view.Tabs(), Qt::Key_PageDown, kControl);
+  EXPECT_EQ(visited + std::to_string(table.ActiveSheet()), "22112");
 }
 
-TEST(GridView, OpensAtTheFirstPriceAndScrollsBackFromThere) {
-  GridWorld world;
+TEST_F(GridTest, OpensAtTheFirstPriceAndScrollsBackFromThere) {
   std::vector<float> late(200, -1.0F);
   std::fill(late.begin() + 120, late.end(), 3.5F);
-  Sheet& sheet = world.table.SheetAt(1);
+  Sheet& sheet = table.SheetAt(1);
   for (int col = 2; col <= GridWorld::kCols; ++col) sheet.SetPriceColumn(col, "LATE", late);
   sheet.SheetName = "LATE";
-  world.table.NotifyContent(1);
-  EXPECT_EQ(world.area.Geometry().ScrollingRows().first, 122);
-  world.Key(Qt::Key_Up);
-  EXPECT_EQ(world.area.Geometry().ScrollingRows().first, 121);
+  table.NotifyContent(1);
+  EXPECT_EQ(geometry.ScrollingRows().first, 122);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(geometry.ScrollingRows().first, 121);
 }
 
-TEST(GridView, ASortedColumnBearsAnArrowThatTurns) {
-  GridWorld world;
-  world.table.SetActiveSheet(2);
-  const QRect heading(world.At(1, 3) - QPoint(40, 8), QSize(80, 16));
-  const auto painted = [&world, heading](int sorted_by) {
-    world.table.SheetAt(2).SortedBy = sorted_by;
-    return world.area.viewport()->grab(heading).toImage();
+TEST_F(GridTest, ASortedColumnBearsAnArrowThatTurns) {
+  table.SetActiveSheet(2);
+  const QRect heading(At(1, 3) - QPoint(40, 8), QSize(80, 16));
+  const auto painted = [this, heading](int sorted_by) {
+    table.SheetAt(2).SortedBy = sorted_by;
+    return area.viewport()->grab(heading).toImage();
   };
   const QImage plain = painted(0);
   const QImage up = painted(3);
@@ -248,122 +229,151 @@ TEST(GridView, ASortedColumnBearsAnArrowThatTurns) {
   EXPECT_EQ(painted(2), plain) << "another column";
 }
 
-TEST(GridView, WidthsAreTheSheetsAndTheMousesToChange) {
-  GridWorld world;
-  const GridGeometry& geometry = world.area.Geometry();
-  const double twips_per_pixel = GridFonts(world.area.font()).Sizes().twips_per_pixel;
-  world.table.SheetAt(1).SetColumnWidth(2, 2000);
-  world.table.NotifyContent(1);
+TEST_F(GridTest, WidthsAreTheSheetsAndTheMousesToChange) {
+  const double twips_per_pixel = GridFonts(area.font()).Sizes().twips_per_pixel;
+  table.SheetAt(1).SetColumnWidth(2, 2000);
+  table.NotifyContent(1);
   EXPECT_NEAR(geometry.Width(2), 2000 / twips_per_pixel, 0.5);
   const int width = geometry.Width(3);
   const QPoint border(geometry.Left(3) + width - 1, 5);
-  world.Drag(border, border + QPoint(30, 0));
+  Drag(border, border + QPoint(30, 0));
   EXPECT_EQ(geometry.Width(3), width + 30);
-  EXPECT_NEAR(world.table.SheetAt(1).ColumnWidth(3), (width + 30) * twips_per_pixel, 1);
-  EXPECT_EQ(world.Selected(), "") << "a border is no heading";
+  EXPECT_NEAR(table.SheetAt(1).ColumnWidth(3), (width + 30) * twips_per_pixel, 1);
+  EXPECT_EQ(Selected(), "") << "a border is no heading";
   QTest::mouseDClick(
-      world.area.viewport(), Qt::LeftButton, {}, {geometry.Left(3) + geometry.Width(3) - 1, 5});
+      area.viewport(), Qt::LeftButton, {}, {geometry.Left(3) + geometry.Width(3) - 1, 5});
   EXPECT_LT(geometry.Width(3), width) << "12.5 needs less than a date";
 }
 
-TEST(GridView, HeadingsThatWouldFillTheViewScroll) {
-  GridWorld world;
-  Sheet& sheet = world.table.SheetAt(1);
+TEST_F(GridTest, HeadingsThatWouldFillTheViewScroll) {
+  Sheet& sheet = table.SheetAt(1);
   sheet.FixedCols = 3;
   sheet.FixedRows = 100;
   sheet.SetColumnWidth(3, 9000);
-  world.table.NotifyContent(1);
-  const GridGeometry& geometry = world.area.Geometry();
+  table.NotifyContent(1);
   EXPECT_EQ(geometry.FixedCols(), 2);
-  EXPECT_LT(geometry.FrozenHeight(), world.area.viewport()->height() * 3 / 4);
-  world.Key(Qt::Key_End, kControl);
-  EXPECT_EQ(world.Selected(), "201,31-201,31");
-  EXPECT_LT(geometry.Top(201), world.area.viewport()->height());
+  EXPECT_LT(geometry.FrozenHeight(), area.viewport()->height() * 3 / 4);
+  Key(Qt::Key_End, kControl);
+  EXPECT_EQ(Selected(), "201,31-201,31");
+  EXPECT_LT(geometry.Top(201), area.viewport()->height());
 }
 
-TEST(GridView, CopiesTheSelectionAsTabbedText) {
-  GridWorld world;
-  world.table.SetActiveSheet(2);
-  world.Click(1, 1);
-  world.Click(1, 3, kControl);
-  world.Key(Qt::Key_C, kControl);
+TEST_F(GridTest, CopiesTheSelectionAsTabbedText) {
+  table.SetActiveSheet(2);
+  Click(1, 1);
+  Click(1, 3, kControl);
+  Key(Qt::Key_C, kControl);
   EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
             "Symbol\tAnn %\nAAA\t12.50\nBBB\t-1.00\n");
 }
 
-// The leftmost and rightmost column with ink in a cell, from its left edge.
-std::pair<int, int> Ink(const GridWorld& world, int row, int col) {
-  const GridGeometry& geometry = world.area.Geometry();
-  const QRect cell =
-      geometry.Place({row, col, row, col}).adjusted(1, 1, -2, -2);  // without the lines
-  const QImage image = world.area.viewport()->grab(cell).toImage();
-  const QColor ground = image.pixelColor(0, 0);
-  std::pair<int, int> ink{image.width(), 0};
-  for (int x = 0; x < image.width(); ++x) {
-    for (int y = 0; y < image.height(); ++y) {
-      if (qAbs(image.pixelColor(x, y).lightness() - ground.lightness()) < 40) continue;
-      ink = {std::min(ink.first, x), std::max(ink.second, x)};
-    }
-  }
-  return ink;
-}
-
-TEST(GridView, PaintsNumbersAtTheRightAndTextsAtTheLeftOnAnyPalette) {
+TEST_F(GridTest, PaintsNumbersAtTheRightAndTextsAtTheLeftOnAnyPalette) {
   for (const bool is_dark : {false, true}) {
-    GridWorld world;
-    QPalette palette = world.area.palette();
+    table.SetActiveSheet(1);
+    QPalette palette = area.palette();
     palette.setColor(QPalette::Base, is_dark ? QColor(30, 30, 30) : Qt::white);
     palette.setColor(QPalette::Text, is_dark ? Qt::white : Qt::black);
-    world.area.setPalette(palette);
-    const int width = world.area.Geometry().Width(2) - 3;
-    const auto price = Ink(world, 5, 2);
+    area.setPalette(palette);
+    const int width = geometry.Width(2) - 3;
+    const auto price = Ink(5, 2);
     EXPECT_GT(price.second, width - 8);
     EXPECT_GT(price.first, width / 2);
-    world.table.SetActiveSheet(2);
-    const auto name = Ink(world, 2, 2);
+    table.SetActiveSheet(2);
+    const auto name = Ink(2, 2);
     EXPECT_LT(name.first, 8);
-    EXPECT_LT(name.second, world.area.Geometry().Width(2) - 6);
-    const auto heading = Ink(world, 1, 3);
-    EXPECT_GT(heading.first, 8) << "a heading stands over its numbers";
+    EXPECT_LT(name.second, geometry.Width(2) - 6);
+    EXPECT_GT(Ink(1, 3).first, 8) << "a heading stands over its numbers";
   }
 }
 
-TEST(GridView, ATitleRunsOnOverItsRowAndIsLaidOutAsFarAsItShows) {
-  GridWorld world;
-  Sheet& sheet = world.table.SheetAt(2);
+TEST_F(GridTest, ATitleRunsOnOverItsRowAndIsLaidOutAsFarAsItShows) {
+  Sheet& sheet = table.SheetAt(2);
   sheet.SetTextColumn(1, {std::string(30'000'000, 'W'), "AAA", "BBB"});
   for (const int col : {2, 3}) sheet.SetCellText(1, col, "");
   QElapsedTimer watch;
   watch.start();
-  world.table.SetActiveSheet(2);
-  EXPECT_LT(Ink(world, 1, 2).first, 8);
-  EXPECT_GT(Ink(world, 1, 3).second, world.area.Geometry().Width(3) / 2);
-  const QPoint border(world.area.Geometry().Left(2) - 1, 5);
-  QTest::mouseDClick(world.area.viewport(), Qt::LeftButton, {}, border);
-  EXPECT_LT(world.area.Geometry().Width(1), 100) << "the column fits what stands below";
+  table.SetActiveSheet(2);
+  EXPECT_LT(Ink(1, 2).first, 8);
+  EXPECT_GT(Ink(1, 3).second, geometry.Width(3) / 2);
+  const QPoint border(geometry.Left(2) - 1, 5);
+  QTest::mouseDClick(area.viewport(), Qt::LeftButton, {}, border);
+  EXPECT_LT(geometry.Width(1), 100) << "the column fits what stands below";
   EXPECT_LT(watch.elapsed(), 5000) << "all of it would take minutes and gigabytes";
 }
 
-TEST(GridView, TellsAssistiveToolsTheCurrentCell) {
-  GridWorld world;
+TEST_F(GridTest, TellsAssistiveToolsTheCurrentCell) {
   QAccessible::setActive(true);
-  world.Click(4, 3);
-  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&world.area);
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table->role(), QAccessible::Table);
-  EXPECT_EQ(table->text(QAccessible::Name).toStdString(), "Sheet PRICES");
-  QAccessibleInterface* cell = table->focusChild();
+  Click(4, 3);
+  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&area);
+  ASSERT_NE(spoken, nullptr);
+  EXPECT_EQ(spoken->role(), QAccessible::Table);
+  EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), "Sheet PRICES");
+  QAccessibleInterface* cell = spoken->focusChild();
   ASSERT_NE(cell, nullptr);
   EXPECT_EQ(cell->text(QAccessible::Name).toStdString(), "12.5, F3, 01/02/1999, C4");
   QAccessible::setActive(false);
 }
 
-TEST(GridView, ClickThatFailsIsReportedAndNotThrownIntoTheToolkit) {
-  GridWorld world;
-  world.grid.Click = [](int, int) { throw ProgramEnded{}; };
-  world.Click(1, 2);
-  EXPECT_TRUE(world.guard.Status().has_value());
+TEST_F(GridTest, TheTipOfAHeadingTellsWhatItMeans) {
+  QHelpEvent help(QEvent::ToolTip, At(1, 3), area.viewport()->mapToGlobal(At(1, 3)));
+  QApplication::sendEvent(area.viewport(), &help);
+  EXPECT_EQ(QToolTip::text().left(18), "Daily prices of F3");
+  QToolTip::hideText();
+}
+
+TEST_F(GridTest, ClickThatFailsIsReportedAndNotThrownIntoTheToolkit) {
+  grid.Click = [](int, int) { throw ProgramEnded{}; };
+  Click(1, 2);
+  EXPECT_TRUE(guard.Status().has_value());
+}
+
+class GridScreen : public testing::Test, protected ScreenWorld {
+ protected:
+  GridScreen() {
+    view_.resize(1200, 300);
+    view_.show();
+    LoadTrio();
+    view_.Tabs().setCurrentIndex(1);
+  }
+
+  void Click(Qt::MouseButton button, int row, int col) {
+    const GridGeometry& geometry = view_.Area().Geometry();
+    const QPoint corner(geometry.Left(col) + 10, geometry.Top(row) + 5);
+    QTest::mouseClick(view_.Area().viewport(), button, {}, corner);
+  }
+
+  std::string SummarySymbols() const {
+    std::string symbols;
+    for (int row = 1; row <= 4; ++row) symbols += state.table.SheetAt(2).CellText(row, 1) + " ";
+    return symbols;
+  }
+
+  EventGuard guard_;
+  GridView view_{screens.frmData.F1Book1, state.table, guard_, nullptr};
+};
+
+TEST_F(GridScreen, ClicksOnASummaryHeadingSortUpAndDownAndARightClickChartsItsFund) {
+  EXPECT_EQ(view_.Tabs().count(), 2);
+  Click(Qt::LeftButton, 1, 3);  // AAA quadruples, BBB falls, CCC is worth 11 times as much
+  EXPECT_EQ(SummarySymbols(), "Symbol BBB AAA CCC ");
+  Click(Qt::LeftButton, 1, 3);
+  EXPECT_EQ(SummarySymbols(), "Symbol CCC AAA BBB ");
+  Click(Qt::LeftButton, 2, 1);  // a fund's own cell
+  EXPECT_EQ(SummarySymbols(), "Symbol CCC AAA BBB ");
+  Click(Qt::RightButton, 2, 2);
+  EXPECT_EQ(state.selection.SelectedColumns, std::vector<std::int16_t>{4});
+  EXPECT_EQ(state.table.ActiveSheet(), 2);
+  EXPECT_EQ(view_.Tabs().currentIndex(), 1);
+}
+
+TEST_F(GridScreen, ColumnsChosenWithTheKeyboardAreCharted) {
+  view_.Tabs().setCurrentIndex(0);
+  QTest::keyClick(&view_.Area(), Qt::Key_Right);
+  QTest::keyClick(&view_.Area(), Qt::Key_Space, Qt::ControlModifier);
+  QTest::keyClick(&view_.Area(), Qt::Key_Right, Qt::ShiftModifier);
+  screens.frmMain.mnuFileGraph_Click();
+  EXPECT_EQ(state.selection.SelectedColumns, (std::vector<std::int16_t>{3, 4}));
 }
 
 }  // namespace
-}  // namespace vistaplot
+}  // namespace vistaplot::test

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "ui/controls/widgets.h"
 #include "ui/grid/grid_view.h"
 
 namespace vistaplot::test {
@@ -61,7 +62,6 @@ class GridWorld {
 
   /// Where a cell is in view; row or column 0 is a strip.
   QPoint At(int row, int col) const {
-    const GridGeometry& geometry = area.Geometry();
     const int x = col == 0 ? 5 : geometry.Left(col) + geometry.Width(col) / 2;
     const int y = row == 0 ? 5 : geometry.Top(row) + geometry.RowHeight() / 2;
     return {x, y};
@@ -85,6 +85,7 @@ class GridWorld {
   std::string log;
   GridView view{grid, table, guard, nullptr};
   GridArea& area = view.Area();
+  const GridGeometry& geometry = area.Geometry();
 
  private:
   static void FillPrices(Sheet& sheet) {
