@@ -53,13 +53,14 @@ class Tool : public testing::Test {
 };
 
 TEST_F(Tool, WrongUsageIsStatus2AndSaysWhatIsWrong) {
-  for (const auto call : Split("|frobnicate|import|prices|prices A B|remove|init now|"
-                               "family QLDEF NAME|list --no-such-option|"
-                               "import --symbol A FILES/a.csv FILES/b.csv|"
-                               "import --symbol A --wide FILES/a.csv|"
-                               "import --adjusted --wide FILES/a.csv|init check|"
-                               "$(head -c 9999 /dev/zero | tr '\\0' x)",
-                               '|')) {
+  auto calls = Split(
+      "|frobnicate|import|prices|prices A B|remove|init now|family QLDEF NAME|"
+      "list --no-such-option|import --symbol A FILES/a.csv FILES/b.csv|"
+      "import --symbol A --wide FILES/a.csv|import --adjusted --wide FILES/a.csv|"
+      "init check",
+      '|');
+  calls.push_back("$(head -c 9999 /dev/zero | tr '\\0' x)");
+  for (const auto call : calls) {
     const Finished run = Call(std::string(call));
     EXPECT_EQ(run.status, 2) << call;
     EXPECT_EQ(run.out, "") << call;
