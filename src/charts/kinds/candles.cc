@@ -42,6 +42,11 @@ int FundsOf(const ChartView& view) {
   return view.ColumnCount() / kColumns;
 }
 
+// Between two bodies: a pixel of a plain display, in device pixels.
+int LeastGap(double ratio) {
+  return std::max(1, static_cast<int>(ratio));
+}
+
 struct BarInks {
   PictureColor gain;
   PictureColor loss;
@@ -84,7 +89,9 @@ class BarPainter {
     // Where a body would touch the one before it, its left edge gives way.
     const int before = WickLeft(center - spacing_) - (body_ - wick_) / 2 + body_;
     body_left_ = left_ - (body_ - wick_) / 2;
-    if (body_ > wick_) body_left_ = std::max(body_left_, before + 1);
+    if (body_ > wick_) {
+      body_left_ = std::clamp(before + LeastGap(context_.detail), body_left_, left_);
+    }
     ink_ = bar.close < bar.open ? inks_.loss : inks_.gain;
     if (IsLine(context_.view, fund_)) {
       DrawLine(bar);
@@ -331,7 +338,7 @@ int BodyWidth(double spacing, int wick, double ratio) {
     width = kBetween * ratio;
   } else if (plain >= kWide) {
     width = spacing * (1.0 - kFall * std::atan(plain - kWide) * 2.0 / std::numbers::pi);
-    width = std::min(width, spacing - 1.0);
+    width = std::min(width, spacing - LeastGap(ratio));
   }
   int whole = static_cast<int>(std::floor(std::min(width, spacing)));
   whole = std::max(whole, 1);

@@ -12,7 +12,7 @@ const Kind& Candles();
 
 /// The width of a body, in device pixels, at `spacing` device pixels from bar to bar: as wide as
 /// the spacing below 2.5 and 3 up to 4 (of a plain display), then a part of it that falls from 1 to
-/// 0.8, with a gap of at least one pixel. A whole number, at least 1, odd when `wick` is odd.
+/// 0.8, with a gap of at least one such pixel. A whole number, at least 1, odd when `wick` is odd.
 /// `ratio`: device pixels a pixel of a plain display.
 int BodyWidth(double spacing, int wick, double ratio);
 

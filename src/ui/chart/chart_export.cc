@@ -49,7 +49,8 @@ bool WriteSvg(const PictureJob& job, QBuffer& target) {
   page.setResolution(kPixelsPerInch);
   page.setSize(QSize(job.width, job.height));
   page.setViewBox(QRect(0, 0, job.width, job.height));
-  page.setTitle(QString::fromStdString(job.view.TitleText));
+  // Written as it stands: "Point & Figure" would make a file that no reader opens.
+  page.setTitle(QString::fromStdString(job.view.TitleText).toHtmlEscaped());
   QPainter painter;
   if (!painter.begin(&page)) return false;
   PaintJob(painter, job, kPageDetail);

@@ -78,6 +78,7 @@ TEST(Candles, BodiesKeepAGapAndAreWholePixels) {
     EXPECT_EQ(BodyWidth(c.spacing, c.wick, 1.0), c.width) << c.spacing;
   }
   EXPECT_EQ(BodyWidth(20.0, 2, 2.0), 16);
+  EXPECT_EQ(BodyWidth(16.8, 4, 4.0), 12) << "on paper the gap is as wide as on a screen";
   for (double spacing = 4.0; spacing < 60.0; spacing += 0.1) {
     EXPECT_LE(BodyWidth(spacing, 1, 1.0), spacing - 1.0) << spacing;
   }

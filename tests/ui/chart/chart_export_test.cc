@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QXmlStreamReader>
 #include <filesystem>
 
 #include "base/files.h"
@@ -30,10 +31,15 @@ TEST(ChartExport, APngHasTheSizeAskedForAndNoTransparency) {
 
 TEST(ChartExport, SvgAndPdfHoldLinesAndTexts) {
   const TemporaryFolder folder;
-  ASSERT_TRUE(ExportChart(Curve(), folder.Path("a.svg"), 640, 480).Ok());
+  ChartView view = Curve();
+  view.TitleText = "P & F <1>";
+  ASSERT_TRUE(ExportChart(view, folder.Path("a.svg"), 640, 480).Ok());
   const std::string svg = folder.Read("a.svg");
+  QXmlStreamReader reader(QByteArray::fromStdString(svg));
+  while (!reader.atEnd()) reader.readNext();
+  EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
   EXPECT_NE(svg.find("<polyline"), std::string::npos);
-  EXPECT_NE(svg.find(">NAV</text>"), std::string::npos);
+  EXPECT_NE(svg.find(">P &amp; F &lt;1&gt;</text>"), std::string::npos);
   EXPECT_EQ(svg.find("<image"), std::string::npos);
   ASSERT_TRUE(ExportChart(Curve(), folder.Path("a.pdf"), 640, 480).Ok());
   const std::string pdf = folder.Read("a.pdf");
