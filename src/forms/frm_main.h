@@ -130,6 +130,9 @@ class FrmMain : public Form {
   /// The pointer left the tool bar: no tip.
   void HideTip();
 
+  /// Tells in the status line what was saved, behind what is loaded.
+  void TellSaved(const std::string& what);
+
   /// The command that saves what the user looks at: the sheet of the data screen, else the chart.
   const MenuItem& SaveCommand() const;
 
@@ -162,7 +165,6 @@ class FrmMain : public Form {
   void SaveAs(FileRequest request,
               std::string_view failure,
               const std::function<Status(const std::string& path)>& save);
-  void TellSaved(const std::string& path);
   bool PricesLoaded() const;
   std::vector<std::string> SheetWords() const;  ///< of the name proposed for the active sheet
   std::vector<std::string> ChartWords() const;

@@ -140,15 +140,14 @@ void FrmMain::SaveAs(FileRequest request,
   }
 }
 
-// Behind what is loaded.
-void FrmMain::TellSaved(const std::string& path) {
+void FrmMain::TellSaved(const std::string& what) {
   constexpr std::string_view kSaved = "Saved ";
   constexpr std::string_view kBehind = ". Saved ";
   const std::string& shown = pnlStatus.Caption();
   if (shown.empty() || shown.starts_with(kSaved)) {
-    pnlStatus.SetCaption(std::string(kSaved) + path);
+    pnlStatus.SetCaption(std::string(kSaved) + what);
   } else {
-    pnlStatus.SetCaption(shown.substr(0, shown.find(kBehind)) + std::string(kBehind) + path);
+    pnlStatus.SetCaption(shown.substr(0, shown.find(kBehind)) + std::string(kBehind) + what);
   }
 }
 

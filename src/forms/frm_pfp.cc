@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/number_text.h"
+#include "forms/screens.h"
 
 namespace vistaplot {
 
@@ -190,7 +191,8 @@ void Frmpfp::cmdSave_Click() {
   }
   settings.push_back({std::string(kReversalKey), std::to_string(optReversal.ListIndex() + 1)});
   const Status saved = context_.settings.SaveAll(settings);
-  if (!saved) context_.dialogs.Say("Settings not saved: " + PlainText(saved.Error()));
+  if (!saved) return context_.dialogs.Say("Settings not saved: " + PlainText(saved.Error()));
+  context_.screens.frmMain.TellSaved("the point and figure parameters for the next start");
 }
 
 void Frmpfp::cmdCancel_Click() {

@@ -131,6 +131,7 @@ TEST(Frmpfp, SaveStoresTheTextsAtOnceAndNeitherTakesNorCloses) {
     world.frmpfp.cmdSave.RaiseClick();
     EXPECT_TRUE(world.frmpfp.Shown());
     EXPECT_EQ(world.settings.saves, saves + 1);
+    EXPECT_TRUE(world.screens.frmMain.pnlStatus.Caption().ends_with("for the next start"));
     world.settings.refuses = true;
     world.frmpfp.cmdSave.RaiseClick();
   });

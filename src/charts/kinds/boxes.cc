@@ -125,7 +125,7 @@ class DateLabels {
       const PictureBox line{left, place.top, left + 1.0 / context_.detail, box.top};
       if (FirstFree(line).top > line.top) return;
       taken_.push_back(line);
-      picture_.Add(FillBox{line, context_.theme.guide_zero});
+      picture_.Add(FillBox{line, context_.theme.axis});
     }
     taken_.push_back(box);
     picture_.Add(DrawText{.text = label.Text,

@@ -73,7 +73,7 @@ ChartTheme LightTheme() {
           .title = {28, 36, 46},
           .label = {82, 94, 108},
           .guide = {226, 230, 235},
-          .guide_zero = {148, 158, 170},
+          .guide_zero = {138, 148, 160},
           .axis = {110, 122, 136},
           .dark = false};
 }
