@@ -99,11 +99,12 @@ std::string PriceFault(std::string_view text) {
   if (HasCurrencySign(text)) return shown + " has a currency sign; a price is digits and a point";
   if (text.ends_with('%')) return shown + " has a percent sign; a price is digits and a point";
   const std::string plain = text.size() > kLongestNumber ? "" : WithoutGrouping(text);
-  if (plain.size() != text.size() && WholeNumber(plain)) {
+  if (plain.size() != text.size() && PriceFromText(plain)) {
     // "1,234" may be either; only a point as well tells that commas group.
     const bool grouped = text.find('.') != std::string_view::npos;
-    return grouped ? shown + " groups its digits; a price is written " + plain
-                   : shown + " has a comma or blank; a price is digits and a decimal point";
+    return grouped
+               ? shown + " groups its digits; a price is written " + std::string(TrimWhite(plain))
+               : shown + " has a comma or blank; a price is digits and a decimal point";
   }
   return shown + " is not a price above 0";
 }

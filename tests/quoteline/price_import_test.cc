@@ -277,14 +277,15 @@ TEST(PriceImports, NamesEveryBadLineAndStoresNothing) {
         "w.csv:7: A: \"1,5\" has a comma or blank; a price is digits and a decimal point"}},
       {"A.csv",
        "Date;Close\n12/29/1899;1\n1899-02-29;1\n2000-01-03;3,257.85\n2000-01-04;$12.5\n"
-       "2000-01-05;12,34\n2000-01-06;null\n2000-01-07;5%\n",
+       "2000-01-05;12,34\n2000-01-06;null\n2000-01-07;5%\n2000-01-10;0.0,0\n",
        {"A.csv:2: \"12/29/1899\" lies before 1900, where dates begin",
         "A.csv:3: \"1899-02-29\" is not a date (YYYY-MM-DD or M/D/YYYY)",
         "A.csv:4: \"3,257.85\" groups its digits; a price is written 3257.85",
         "A.csv:5: \"$12.5\" has a currency sign; a price is digits and a point",
         "A.csv:6: \"12,34\" has a comma or blank; a price is digits and a decimal point",
         "A.csv:7: \"null\" is no price; leave out what has none",
-        "A.csv:8: \"5%\" has a percent sign; a price is digits and a point"}},
+        "A.csv:8: \"5%\" has a percent sign; a price is digits and a point",
+        "A.csv:9: \"0.0,0\" is not a price above 0"}},
   };
   for (const Refused& refused : cases) {
     SCOPED_TRACE(refused.text);
