@@ -75,8 +75,9 @@ void SetCellText(Column& column, const RecordBlock& records, int row, std::strin
 }
 
 void KeepTexts(Column& column, const RecordBlock& records, int last_row) {
-  std::vector<std::string> texts(
-      static_cast<std::size_t>(std::min(last_row, LastRow(column, records))));
+  const auto kept = static_cast<std::size_t>(std::min(last_row, LastRow(column, records)));
+  if (column.prices.empty() && !column.field) return column.texts.resize(kept);
+  std::vector<std::string> texts(kept);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     texts[i] = CellText(column, records, static_cast<int>(i) + 1);
   }
