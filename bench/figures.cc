@@ -49,7 +49,7 @@ int Run(const std::string& dir) {
   const QApplication application(argc, argv);
   // The platform without a display complains of each window.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  bench::MeasureWindows();
+  bench::MeasureWindows(summary_file);
   return 0;
 }
 

@@ -22,8 +22,9 @@ void MeasureCalculations(const std::string& wide_csv);
 void MeasureCharts();
 
 /// The windows: shown at start (beside a bare main window), a step of the chart's scroll bar, a
-/// move of the cross-hair, a page of the grid (beside the toolkit's own table view). Each from the
-/// event to the painted window of 1280 by 960 pixels. Needs a running QApplication.
-void MeasureWindows();
+/// move of the cross-hair, a page of the grid (beside the toolkit's own table view), the summary
+/// file imported into the sheet shown. Each from the event to the painted window of 1280 by 960
+/// pixels. Needs a running QApplication.
+void MeasureWindows(const std::string& summary_file);
 
 }  // namespace vistaplot::bench

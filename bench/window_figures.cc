@@ -15,6 +15,7 @@
 #include "bench_program.h"
 #include "charts/builders/time_periods.h"
 #include "figures.h"
+#include "import/result_files.h"
 #include "marketdata/quoteline_library.h"
 #include "price_walk.h"
 #include "support/temporary_folder.h"
@@ -178,13 +179,34 @@ void MeasureGrid() {
   MeasurePages("QTableView on float columns", plain, plain);
 }
 
+/// A summary file imported while the data screen shows the sheet that it goes into.
+void MeasureImport(const std::string& summary_file) {
+  const Service service(20, 1201);
+  Windows windows(service.Path());
+  windows.AllScreens().frmMain.cmdShowData_Click();
+  QApplication::processEvents();
+  QWidget& window = windows.Program().Window();
+  DataTable& table = windows.Program().Screens().State().table;
+  Measure("import 9999 summary records of 119 bytes, their sheet shown", kRuns, [&] {
+    const Status read =
+        LoadZephyrineSummary({table, windows.AllScreens().frmMain.progress}, summary_file);
+    if (!read) throw std::runtime_error(PlainText(read.Error()));
+    PaintNow(window);
+    return table.Active().CellNumber(table.Active().MaxRow, 1);
+  });
+  auto* grid = window.findChild<GridArea*>();
+  if (grid == nullptr || !grid->isVisible()) throw std::runtime_error("no grid is shown");
+  MeasurePages("ours, imported records", *grid, window);
+}
+
 }  // namespace
 
-void MeasureWindows() {
+void MeasureWindows(const std::string& summary_file) {
   MeasureStart();
   MeasureChart(10, 1200, "10 x 1200");
   MeasureChart(1, 12000, "1 x 12000");
   MeasureGrid();
+  MeasureImport(summary_file);
 }
 
 }  // namespace vistaplot::bench
