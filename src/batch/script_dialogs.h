@@ -95,6 +95,7 @@ class ScriptHost : public FormHost {
   void StepScreen(bool /*forward*/) override {}
   void SwitchFullScreen() override {}
   void ShowKeys() override {}
+  void ShowManual() override {}
 
  private:
   DisplaySize display_;

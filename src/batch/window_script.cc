@@ -35,6 +35,9 @@ class PlayingHost : public ScriptHost {
   void ShowKeys() override {
     if (!playing) windows_.ShowKeys();  // nobody would close the list
   }
+  void ShowManual() override {
+    if (!playing) windows_.ShowManual();
+  }
   void RunModal(Form& form) override {
     playing ? ScriptHost::RunModal(form) : windows_.RunModal(form);
   }

@@ -40,6 +40,10 @@ void Control::SetDescription(std::string_view description) {
   Tell(ControlAspect::kCaption);
 }
 
+std::string_view Control::HelpTopic() const {
+  return help_topic_.empty() && container_ != nullptr ? container_->HelpTopic() : help_topic_;
+}
+
 void Control::SetVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;

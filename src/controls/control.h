@@ -81,6 +81,12 @@ class Control {
   const std::string& Description() const { return description_; }
   void SetDescription(std::string_view description);
 
+  /// The heading of the manual's section about the control, or about what stands in it; empty where
+  /// its container's holds, or none.
+  std::string_view HelpTopic() const;
+  /// @param topic  lives as long as the control
+  void SetHelpTopic(std::string_view topic) { help_topic_ = topic; }
+
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
   bool Enabled() const { return enabled_; }
@@ -114,6 +120,7 @@ class Control {
   std::optional<int> index_;
   std::string caption_;
   std::string description_;
+  std::string_view help_topic_;
   bool visible_ = true;
   bool enabled_ = true;
   Control* container_ = nullptr;

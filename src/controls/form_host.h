@@ -44,6 +44,8 @@ class FormHost {
   virtual bool StopWanted() { return false; }
 
   virtual void ShowKeys() = 0;  ///< a list of the keys that do something
+  /// The manual, at the section about the control that has the keyboard.
+  virtual void ShowManual() = 0;
 };
 
 }  // namespace vistaplot

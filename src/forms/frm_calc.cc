@@ -49,6 +49,10 @@ FrmCalc::FrmCalc(const Context& context)
   Add(family.Designs());
   Add(beta.Designs());
   Add(summary.Designs());
+  exchange.fraAdvDec.SetHelpTopic("Advance/decline lines");
+  family.fraADFam.SetHelpTopic("Advance/decline lines");
+  beta.FraBeta.SetHelpTopic("A series of any beta");
+  summary.fraSigFam.SetHelpTopic("The signal summary");
   ConnectSeries();
   ConnectSignals();
   ConnectChecks();

@@ -38,6 +38,7 @@ class ActiveSheetScope {
 FrmData::FrmData(const Context& context)
     : Form("frmData", "Data", FormStyle::kScreen, context.host), context_(context) {
   Add({{&F1Book1, "F1Book1", "", At(0, 0, 9600, 7200)}});
+  F1Book1.SetHelpTopic("Look at the data");
   F1Book1.Click = [this](int row, int col) { F1Book1_Click(row, col); };
   F1Book1.RClick = [this](int row, int col) { F1Book1_RClick(row, col); };
 }

@@ -16,6 +16,7 @@ FrmGraph::FrmGraph(const Context& context)
        {&lblboxdate, "lblboxdate", "", At(90, 45, 4800, 255)},
        {&HScroll1, "HScroll1", "", At(60, 6855, 9480, 300)}});
   VtChart1.SetDescription("Graph");
+  VtChart1.SetHelpTopic("Chart");
   HScroll1.SetDescription("Last day shown");
   HScroll1.SetEnabled(false);  // until a chart is drawn
   HScroll1.Change = [this] { HScroll1_Change(); };
@@ -73,6 +74,9 @@ FrmPer::FrmPer(const Context& context)
   VtChart1.SetDescription("Prices");
   VtChart2.SetDescription("Analysis");
   VtChart3.SetDescription("Spectrum");
+  VtChart1.SetHelpTopic("Chart");
+  VtChart2.SetHelpTopic("Averages, bands and analyses");
+  VtChart3.SetHelpTopic("Maximum entropy (MEM)");
   VtChart3.SetVisible(false);
   VtChart1.ShareDaysWith(VtChart2);
   HScroll1.SetDescription("Last day shown");

@@ -118,6 +118,7 @@ void FrmMain::DesignMenus() {
        {&mnuWindowPrevious, "mnuWindowPrevious", "&Previous Screen", {}, &mnuWindow},
        {&mnuWindowFullScreen, "mnuWindowFullScreen", "&Full Screen", {}, &mnuWindow},
        {&mnuHelp, "mnuHelp", "Help", {}},
+       {&mnuHelpManual, "mnuHelpManual", "&Manual", {}, &mnuHelp},
        {&mnuHelpKeys, "mnuHelpKeys", "&Keys", {}, &mnuHelp},
        {&mnuHelpAbout, "mnuHelpAbout", "About", {}, &mnuHelp}});
 }
@@ -176,6 +177,7 @@ void FrmMain::ConnectMenus() {
   mnuWindowNext.Click = [this] { Host().StepScreen(true); };
   mnuWindowPrevious.Click = [this] { Host().StepScreen(false); };
   mnuWindowFullScreen.Click = [this] { Host().SwitchFullScreen(); };
+  mnuHelpManual.Click = [this] { Host().ShowManual(); };
   mnuHelpKeys.Click = [this] { Host().ShowKeys(); };
   mnuHelpAbout.Click = [this] { mnuHelpAbout_Click(); };
 }

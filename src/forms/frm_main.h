@@ -77,6 +77,7 @@ class FrmMain : public Form {
   MenuItem mnuWindowPrevious;
   MenuItem mnuWindowFullScreen;
   MenuItem mnuHelp;
+  MenuItem mnuHelpManual;
   MenuItem mnuHelpKeys;
   MenuItem mnuHelpAbout;
 

@@ -99,6 +99,7 @@ Frmpfp::Frmpfp(const Context& context)
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdSave.Click = [this] { cmdSave_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
+  for (Control* control : Controls()) control->SetHelpTopic("Point and figure");
 }
 
 // A row a range: its bounds, lower one first, and its box value. The form's order is the table's.

@@ -35,6 +35,7 @@ FrmTab::FrmTab(const Context& context)
   DesignSelections();
   Add(indicators.Designs());
   indicators.SetDefaults();
+  SetHelpTopics();
   indicators.Show(false);
   Connect();
 }
@@ -80,6 +81,17 @@ void FrmTab::DesignSelections() {
   lists.txtIndex.searched = &lists.lstIndex;
   lists.lstIndex2.SetVisible(false);
   lists.File1.SetVisible(false);
+}
+
+void FrmTab::SetHelpTopics() {
+  for (Control* control : Controls()) control->SetHelpTopic("Load");
+  for (Control* control : std::initializer_list<Control*>{
+           &cboXParm, &cboYParm, &cboDataField, &cboPercent, &cmdFileName}) {
+    control->SetHelpTopic("Result files");
+  }
+  optOneAll.SetHelpTopic("Chart");
+  cmdPoint.SetHelpTopic("Point and figure");
+  indicators.SetHelpTopics();
 }
 
 void FrmTab::Connect() {

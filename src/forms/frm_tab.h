@@ -112,6 +112,7 @@ class FrmTab : public Form {
  private:
   void DesignChoices();
   void DesignSelections();
+  void SetHelpTopics();
   void Connect();
   void ConnectIndicators();
 

@@ -122,6 +122,7 @@ void FrmTab::cboGraphType_Click() {
   HideGraphOptions();
   const DataType type = ChosenDataType();
   if (type != DataType::kPrices) {
+    cboGraphType.SetHelpTopic("Result files");
     context_.screens.frmPer.Unload();
     FillParameterLists(type);
     return;
@@ -134,10 +135,12 @@ void FrmTab::cboGraphType_Click() {
 
 void FrmTab::ShowGraphOptions(GraphType type) {
   const bool one_fund = type == GraphType::kPointAndFigure;
+  const bool indicated = type == GraphType::kLine || type == GraphType::kScatter;
+  cboGraphType.SetHelpTopic(one_fund ? "Point and figure" : indicated ? "Chart" : "Candles");
   fraOneAll.SetVisible(!one_fund);
   optOneAll.SetVisible(!one_fund);
   cmdPoint.SetVisible(one_fund);
-  indicators.Show(type == GraphType::kLine || type == GraphType::kScatter);
+  indicators.Show(indicated);
 }
 
 void FrmTab::HideGraphOptions() {

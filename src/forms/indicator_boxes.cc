@@ -83,6 +83,23 @@ std::vector<Design> IndicatorBoxes::Designs() {
       {&txtMemPoles, "txtMemPoles", "", BoxAt(9)}};
 }
 
+void IndicatorBoxes::SetHelpTopics() {
+  struct Topic {
+    std::string_view heading;
+    std::vector<Control*> controls;
+  };
+  for (const Topic& topic : std::initializer_list<Topic>{
+           {"Exponential moving average", {&chkMoveAvg, &txtMoveAvg}},
+           {"Adaptive moving average (AMA)", {&chkAMA, &txtAMA}},
+           {"Parabolic stop", {&chkParabolic, &txtPBStart, &txtPBMax, &txtPBAcc}},
+           {"Bollinger bands", {&chkBollinger, &txtBollinger}},
+           {"Hurst exponent", {&chkHurst, &txtHurstDays, &txtHurstPeriod}},
+           {"Correlation", {&chkCorrelation, &txtCorrPeriod}},
+           {"Maximum entropy (MEM)", {&chkMem, &txtMemPeriod, &txtMemPoles}}}) {
+    for (Control* control : topic.controls) control->SetHelpTopic(topic.heading);
+  }
+}
+
 void IndicatorBoxes::SetDefaults() {
   struct Preset {
     TextBox* box;

@@ -46,6 +46,8 @@ struct IndicatorBoxes {
   std::vector<Design> Designs();
   /// Fills the parameter boxes with their defaults.
   void SetDefaults();
+  /// Each box explains itself by its indicator's section of the manual.
+  void SetHelpTopics();
 
   std::array<CheckBox*, 7> CheckBoxes();
   std::array<CheckBox*, 4> Overlays();

@@ -31,6 +31,7 @@ class SilentHost : public FormHost {
   void SwitchFullScreen() override {}
   bool StopWanted() override { return stop_wanted; }
   void ShowKeys() override {}
+  void ShowManual() override {}
 };
 
 }  // namespace vistaplot::test

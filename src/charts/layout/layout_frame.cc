@@ -41,6 +41,11 @@ bool NoAxes(const ChartView& view) {
   return KindOf(view).Positions() == PositionAxis::kNone;
 }
 
+// The width at the picture's right where another chart lies.
+double CoveredWidth(const DrawContext& context) {
+  return std::clamp(context.view.facts.covered_right, 0.0, 0.5) * context.size.width;
+}
+
 double TitleLength(const DrawContext& context) {
   const int pixels = context.FontPixels(context.view.title.VtFont.Size);
   return context.measure.Width(context.view.TitleText, pixels, true);
@@ -126,7 +131,6 @@ void PlaceRightColumn(const DrawContext& context,
                       ChartFrame& frame) {
   const ChartView& view = context.view;
   const double margin = kMargin * context.scale;
-  const double covered = std::clamp(view.facts.covered_right, 0.0, 0.5) * context.size.width;
   const bool title_stands = !view.TitleText.empty() && AtBottom(view.title) && Upwards(view.title);
   const double title_length = title_stands ? TitleLength(context) + margin : 0.0;
   const double room = edges ? context.size.width - edges->plot_right - 2.3 * margin
@@ -136,7 +140,7 @@ void PlaceRightColumn(const DrawContext& context,
   if (title_stands) width = std::max(width, 1.0 * context.FontPixels(view.title.VtFont.Size));
   frame.plot.right = context.size.width - margin;
   if (width > 0.0) frame.plot.right -= width + 1.3 * margin;
-  frame.plot.right = std::min(frame.plot.right, context.size.width - covered);
+  frame.plot.right = std::min(frame.plot.right, context.size.width - CoveredWidth(context));
   frame.plot.right = edges ? edges->plot_right : std::floor(frame.plot.right);
   frame.legend_at = {std::floor(frame.plot.right + 1.3 * margin), frame.plot.top};
 }
@@ -201,7 +205,7 @@ PictureBox PlaceTitle(const DrawContext& context, const ChartFrame& frame) {
   if (view.TitleText.empty()) return {};
   const int pixels = context.FontPixels(view.title.VtFont.Size);
   const double margin = kMargin * context.scale;
-  const double right = context.size.width - margin;
+  const double right = context.size.width - std::max(margin, CoveredWidth(context));
   const double length = std::min(TitleLength(context), right - margin);
   if (!AtBottom(view.title)) {
     const bool middle = view.title.Location.LocationType == kLocationTop;

@@ -145,6 +145,13 @@ ControlAdapter* FormView::AdapterOf(const Control& control) const {
   return found == by_control_.end() ? nullptr : found->second;
 }
 
+const Control* FormView::ControlOf(const QWidget& widget) const {
+  for (const auto& adapter : adapters_) {
+    if (adapter->Widget() == &widget) return &adapter->Source();
+  }
+  return nullptr;
+}
+
 void FormView::Build(const AdapterParts& parts) {
   for (Control* control : form_.Controls()) {
     AdapterParts own = parts;

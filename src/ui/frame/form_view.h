@@ -34,6 +34,9 @@ class FormView : public QWidget {
   /// The control's adapter; null when it has none.
   ControlAdapter* AdapterOf(const Control& control) const;
 
+  /// The control whose own widget this is; null when there is none.
+  const Control* ControlOf(const QWidget& widget) const;
+
   /// Gives the keyboard to the first control that can be worked.
   void FocusFirst();
 

@@ -142,7 +142,8 @@ struct KeyGroup {
 };
 
 constexpr KeyText kEverywhere[] = {
-    {"F1", "this list"},
+    {"F1", "the manual, at the field that has the keyboard"},
+    {"Shift+F1", "this list"},
     {"Alt, Alt+underlined letter", "menu bar; menus, fields, buttons"},
     {"Tab, Shift+Tab", "next, previous field"},
     {"F6", "tool bar, and back to the screen"},

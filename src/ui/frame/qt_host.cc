@@ -1,11 +1,13 @@
 #include "ui/frame/qt_host.h"
 
 #include <QApplication>
+#include <QShortcut>
 #include <cmath>
 
 #include "ui/frame/escape_watch.h"
 #include "ui/frame/form_windows.h"
 #include "ui/frame/frame_menus.h"
+#include "ui/frame/manual.h"
 
 namespace vistaplot {
 
@@ -121,6 +123,7 @@ void QtHost::PointerChanged(Form& form) {
 void QtHost::RunModal(Form& form) {
   Entry& entry = EntryOf(form);
   const PointerPause pause;
+  const QShortcut help(QKeySequence(Qt::Key_F1), entry.window, [this] { ShowManual(); });
   QEventLoop loop;
   entry.modal_loop = &loop;
   loop.exec();
@@ -143,6 +146,18 @@ void QtHost::SwitchFullScreen() {
 void QtHost::ShowKeys() {
   QWidget* active = QApplication::activeWindow();
   ShowKeyList(active == nullptr ? window_ : active);
+}
+
+void QtHost::ShowManual() {
+  QWidget* active = QApplication::activeWindow();
+  std::string_view topic;
+  for (const QWidget* at = QApplication::focusWidget(); at != nullptr; at = at->parentWidget()) {
+    for (const auto& [form, entry] : entries_) {
+      const Control* control = entry.view->ControlOf(*at);
+      if (control != nullptr && topic.empty()) topic = control->HelpTopic();
+    }
+  }
+  vistaplot::ShowManual(active == nullptr ? window_ : active, topic);
 }
 
 }  // namespace vistaplot

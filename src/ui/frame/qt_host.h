@@ -51,6 +51,7 @@ class QtHost : public FormHost {
   void SwitchFullScreen() override;
   bool StopWanted() override { return escape_.Pressed(); }
   void ShowKeys() override;
+  void ShowManual() override;
 
  private:
   struct Entry {

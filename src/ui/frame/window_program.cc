@@ -12,14 +12,15 @@ namespace vistaplot {
 namespace {
 
 /// Keys of the frame's menu commands and tools, by control name.
-constexpr std::array<std::pair<std::string_view, const char*>, 13> kCommandKeys = {
+constexpr std::array<std::pair<std::string_view, const char*>, 14> kCommandKeys = {
     {{"mnuFilePrint", "Ctrl+P"},
      {"mnuFileExit", "Ctrl+Q"},
      {"mnuEditCopy", "Ctrl+C"},
      {"mnuWindowNext", "Ctrl+Tab"},
      {"mnuWindowPrevious", "Ctrl+Shift+Tab"},
      {"mnuWindowFullScreen", "F11"},
-     {"mnuHelpKeys", "F1"},
+     {"mnuHelpManual", "F1"},
+     {"mnuHelpKeys", "Shift+F1"},
      {"cmdPrev", "Alt+Left"},
      {"cmdNext", "Alt+Right"},
      {"cmdShowMain", "Ctrl+1"},

@@ -185,6 +185,9 @@ TEST(Layout, ChartsThatShareTheirDaysHaveThemBelowEachOtherToThePixel) {
   prices.days_with = &analysis;
   analysis.days_with = &prices;
   prices.facts.covered_right = 0.16;
+  prices.Legend.Location.Visible = false;
+  prices.TitleText = "NAV";
+  prices.title.Location.LocationType = kLocationBottomRight;
   for (const double width : {400.0, 640.0, 1280.0, 1920.0}) {
     const ChartPicture above = LayOut(prices, {width, 0.36 * width});
     const ChartPicture below = LayOut(analysis, {width, 0.35 * width});
@@ -192,7 +195,13 @@ TEST(Layout, ChartsThatShareTheirDaysHaveThemBelowEachOtherToThePixel) {
     EXPECT_EQ(above.scale.box.right, below.scale.box.right) << width;
     EXPECT_EQ(above.scale.X(2.0), below.scale.X(2.0)) << width;
     EXPECT_LE(above.plot.right, 0.84 * width);
-    EXPECT_LE(above.legend.right, width);
+    const std::vector<DrawText> texts = ItemsOf<DrawText>(above);
+    for (const DrawText& text : texts) EXPECT_LE(BoxOf(text).right, 0.84 * width) << text.text;
+    EXPECT_EQ(
+        std::count_if(
+            texts.begin(), texts.end(), [](const DrawText& text) { return text.text == "NAV"; }),
+        1)
+        << width;
   }
 }
 

@@ -3,13 +3,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTextBrowser>
 #include <QToolButton>
+#include <set>
 
 #include "ui/controls/widgets.h"
+#include "ui/frame/manual.h"
 #include "ui/frame/program_windows.h"
 
 namespace vistaplot::test {
@@ -53,7 +57,7 @@ TEST_F(WindowTest, EveryMenuAndCommandHasALetterOfItsOwn) {
   EXPECT_EQ(letters(*window.menuBar()), "FETUWH");
   EXPECT_EQ(letters(*Command("mnuTime").menu()), "OTMSNYWHFA");
   EXPECT_EQ(letters(*Command("mnuWindow").menu()), "CTANPF");
-  EXPECT_EQ(letters(*Command("mnuHelp").menu()), "KA");
+  EXPECT_EQ(letters(*Command("mnuHelp").menu()), "MKA");
 }
 
 TEST_F(WindowTest, ToolsAreWorkedAndLeftWithTheKeyboard) {
@@ -97,8 +101,45 @@ TEST_F(WindowTest, TheListOfKeysNamesEveryKeyOfTheWindow) {
     }
     box.reject();
   });
-  Press(Qt::Key_F1);
+  Press(Qt::Key_F1, Qt::ShiftModifier);
   for (const QString& key : keys) EXPECT_TRUE(listed.contains(key)) << key.toStdString();
+}
+
+TEST_F(WindowTest, TheManualOpensAtTheFieldThatHasTheKeyboard) {
+  frmTab.cboDataType.SetListIndex(1);
+  QString title;
+  QString text;
+  const auto press = [&](QWidget& at, const Form& form, const Control& control) {
+    program.Host().ViewOf(form)->AdapterOf(control)->Widget()->setFocus();
+    OnNextBox<QDialog>([&](QDialog& box) {
+      title = box.findChild<QListWidget*>()->currentItem()->text().trimmed();
+      text = box.findChild<QTextBrowser*>()->toPlainText();
+      box.reject();
+    });
+    QTest::keyClick(&at, Qt::Key_F1);
+  };
+  press(window, frmTab, frmTab.indicators.txtHurstDays);
+  EXPECT_EQ(title, "Hurst exponent");
+  EXPECT_TRUE(text.contains("Rescaled-range analysis") && !text.contains("Pearson")) << "only that";
+  OnNextBox<QDialog>([&](QDialog& dialog) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    press(dialog, screens.frmpfp, screens.frmpfp.txtBox[0]);
+    dialog.close();
+  });
+  frmTab.cmdPoint_Click();
+  EXPECT_EQ(title, "Point and figure");
+
+  std::multiset<QString> headings;
+  for (const ManualSection& section : ManualSections()) {
+    headings.insert(section.title);
+    EXPECT_FALSE(section.text.contains("](formats/")) << "leads nowhere here";
+  }
+  for (const Form* form : screens.All()) {
+    for (const Control* control : form->Controls()) {
+      const QString topic = QtText(control->HelpTopic());
+      EXPECT_TRUE(topic.isEmpty() || headings.count(topic) == 1) << control->Name();
+    }
+  }
 }
 
 TEST_F(WindowTest, KeysWorkFromAWindowOfItsOwn) {
@@ -128,7 +169,7 @@ TEST_F(WindowTest, NoKeyReachesTheScreensBesideAModalWindow) {
     for (const Qt::Key key : {Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_Tab, Qt::Key_Q}) {
       QTest::keyClick(modal, key, Qt::ControlModifier);
     }
-    for (const Qt::Key key : {Qt::Key_F1, Qt::Key_F6, Qt::Key_F11}) QTest::keyClick(modal, key);
+    for (const Qt::Key key : {Qt::Key_F6, Qt::Key_F11}) QTest::keyClick(modal, key);
     EXPECT_EQ(QApplication::activeModalWidget(), modal);
     EXPECT_EQ(Front(), &frmTab);
     EXPECT_FALSE(screens.frmData.Shown());
