@@ -19,11 +19,12 @@ constexpr int kLinePadding = 3;  ///< above and below the text of a line
 constexpr int kMark = 9;         ///< side of a series' colour mark
 constexpr int kMarkGap = 5;
 constexpr int kCellGap = 12;
-constexpr int kLongestLabel = 20;  ///< average characters; longer ones are cut in their middle
+constexpr int kLongestLabel = 26;  ///< average characters; longer ones are cut in their middle
 constexpr const char* kUsualHeading = "00/00/00";
 constexpr const char* kWidestChange = " +999.99%";
 constexpr const char* kWidestPrice = " 1234.56";
 constexpr const char* kHint = "Point at the chart, or press \u2190 and \u2192, to read off values";
+constexpr const char* kShortHint = "Point, or press \u2190 and \u2192";
 constexpr const char* kQuiet = "Nothing changes after %1: the histories may have ended";
 constexpr const char* kAllQuiet =
     "Nothing changes in these days: the histories may have ended before. Scroll back to see them";
@@ -252,6 +253,13 @@ void ReadOutLine::ShowHint() {
   update();
 }
 
+QString ReadOutLine::Hint(int width) const {
+  const bool fits = fontMetrics().horizontalAdvance(hint_) <= width;
+  const bool usual = hint_ == QString::fromUtf8(kHint);
+  const QString text = fits || !usual ? hint_ : QString::fromUtf8(kShortHint);
+  return fontMetrics().elidedText(text, Qt::ElideRight, width);
+}
+
 void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), QtColor(theme_.background));
@@ -259,9 +267,7 @@ void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
   if (!shown_) {
     painter.setPen(QtColor(theme_.label));
     const QRect line(kSideMargin, kLinePadding, width() - 2 * kSideMargin, LineHeight());
-    painter.drawText(line,
-                     Qt::AlignVCenter | Qt::AlignLeft,
-                     fontMetrics().elidedText(hint_, Qt::ElideRight, line.width()));
+    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft, Hint(line.width()));
     return;
   }
   painter.setRenderHint(QPainter::Antialiasing);

@@ -33,8 +33,8 @@ class ReadOutLine : public QWidget {
   /// Shows how to get a read-out instead, or where the histories seem to have ended.
   void ShowHint();
 
-  /// What it says while it shows no values.
-  const QString& Hint() const { return hint_; }
+  /// What it says in so many pixels while it shows no values.
+  QString Hint(int width) const;
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -220,8 +220,11 @@ TEST_F(ChartTest, TheWheelScrollsByWholeNotchesAndWithCtrlChangesThePeriod) {
 }
 
 TEST_F(ChartTest, ItsHintTellsFromWhereTheHistoriesHaveEnded) {
-  const auto hint = [this] { return chart.findChild<ReadOutLine*>()->Hint().toStdString(); };
+  const auto hint = [this](int width = 2000) {
+    return chart.findChild<ReadOutLine*>()->Hint(width).toStdString();
+  };
   EXPECT_EQ(hint().substr(0, 18), "Point at the chart");
+  EXPECT_EQ(hint(220), "Point, or press \u2190 and \u2192");
   std::vector<double> ended(kRows, 0.25);
   for (int row = 0; row < 40; ++row) ended[static_cast<std::size_t>(row)] = 0.001 * row;
   box.view = LineChart({ended});
