@@ -25,6 +25,11 @@ class OutputFile {
 
   bool IsOpen() const { return file_.IsOpen(); }
 
+  /// True while both would take the name of one file, so that one of them would be lost.
+  bool SharesTarget(const OutputFile& other) const {
+    return !draft_.empty() && !other.draft_.empty() && target_ == other.target_;
+  }
+
   /// What is still to be written; append to it.
   std::string& Bytes() { return bytes_; }
 

@@ -26,6 +26,9 @@ std::vector<TradeTexts> TextsOfTrades(const CaseLog& log,
 Status SignalFiles::Open(OutputFile& file, const std::string& path) {
   Result<OutputFile> created = OutputFile::Create(path);
   if (!created) return created.Error();
+  for (const OutputFile* other : {&summary_, &composite_, &fnu_, &detail_}) {
+    if (created.Value().SharesTarget(*other)) return MakeError(kErrorFileAlreadyOpen, path);
+  }
   file = std::move(created.Value());
   return Done{};
 }

@@ -58,7 +58,8 @@ class SignalFiles {
   Status Finish();
 
  private:
-  static Status Open(OutputFile& file, const std::string& path);
+  /// Error 55 for a file that another of them writes.
+  Status Open(OutputFile& file, const std::string& path);
 
   OutputFile summary_;
   OutputFile composite_;

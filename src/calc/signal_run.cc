@@ -1,5 +1,7 @@
 #include "calc/signal_run.h"
 
+#include <cmath>
+
 #include "calc/signal_cases.h"
 #include "calc/signal_sheets.h"
 #include "calc/signal_walk.h"
@@ -11,20 +13,26 @@ namespace {
 
 constexpr int kHeadingRows = 2;
 
+/// A figure that is not finite in single precision is undefined and shows 0, as in the summary of a
+/// family: a gain of one day, counted as a year's, may have no end.
+double Shown(double figure) {
+  return std::isfinite(static_cast<float>(figure)) ? figure : 0.0;
+}
+
 SummaryRecord RecordOf(int number,
                        const SignalThresholds& thresholds,
                        const CaseStatistics& statistics) {
   return {.case_number = number,
           .buy_signals = thresholds.buy,
           .sell_signals = thresholds.sell,
-          .annual_percent = statistics.annual_percent,
+          .annual_percent = Shown(statistics.annual_percent),
           .switches_per_year = statistics.switches_per_year,
           .draw_down_percent = statistics.drawdown_percent,
           .draw_down_date = statistics.drawdown_date > 0
                                 ? std::optional<DateSerial>(statistics.drawdown_date)
                                 : std::nullopt,
           .ulcer_index = statistics.ulcer_index,
-          .ulcer_performance = statistics.ulcer_performance,
+          .ulcer_performance = Shown(statistics.ulcer_performance),
           .winners_percent = statistics.percent_winners};
 }
 

@@ -283,6 +283,10 @@ TEST(FrmCalcSignals, AnOutputFileThatCannotBeMadeEndsTheRun) {
   EXPECT_EQ(world.NewMessages(),
             (Texts{"An error has occurred.  Error is: 75 Path/File access error"}));
   EXPECT_EQ(world.File("R.SSM").size(), 2U * 77U) << "the run goes on without that file";
+  world.frame.txtCompSigFile.SetText(world.Path("R.SSM"));
+  world.calc.cmdSigSum_Click();
+  EXPECT_EQ(world.NewMessages(), (Texts{"An error has occurred.  Error is: 55 File already open"}));
+  EXPECT_EQ(world.File("R.SSM").size(), 2U * 77U) << "the file opened first stays";
 }
 
 TEST(FrmCalcSignals, AStoppedRunKeepsItsFinishedCases) {
@@ -296,11 +300,26 @@ TEST(FrmCalcSignals, AStoppedRunKeepsItsFinishedCases) {
   EXPECT_TRUE(world.state.flags.ComputedSummaryShown);
 }
 
-TEST(FrmCalcSignals, AFundEnteredAtAPriceOfZeroStopsTheRun) {
-  SignalWorld world;
-  world.quoteline.issues["AAA"].prices[11] = 0.0F;  // day 12, entered in case 1
-  world.calc.cmdSigSum_Click();
-  EXPECT_EQ(world.NewMessages(), (Texts{"error: 11 Division by zero on 01/12/2001"}));
+TEST(FrmCalcSignals, PricesWithoutAResultStopTheRunOrShowZero) {
+  struct Row {
+    float price;  // of day 12, on which AAA is entered
+    int last_day;
+    Texts messages;
+    std::string figures;  // of case 1
+  };
+  const Row rows[] = {
+      {0.0F, 300, {"error: 11 Division by zero on 01/12/2001"}, "||||||||||"},
+      {-0.4F, 300, {"error: 5 Invalid procedure call or argument on 10/27/2001"}, "||||||||||"},
+      {1e-20F, 13, {}, "1|1|1|0.000|91.3|2.506|01/12/01|1.420|0.000|33.33|"},
+  };
+  for (const Row& row : rows) {
+    SignalWorld world;
+    world.quoteline.issues["AAA"].prices[11] = row.price;
+    world.frame.txtEndDate2.SetText(std::to_string(row.last_day));
+    world.calc.cmdSigSum_Click();
+    EXPECT_EQ(world.NewMessages(), row.messages);
+    EXPECT_EQ(world.Row(2, 3), row.figures);
+  }
 }
 
 TEST(FrmCalcSignals, ACaseShowsItsTradesBehindTheSheetsOfTheRun) {
