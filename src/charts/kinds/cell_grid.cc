@@ -90,6 +90,14 @@ bool EarlierCase(const ChartView& view, GridCell a, GridCell b) {
          cells.CaseAt(view.ColumnCount(), b.row, b.column);
 }
 
+// Of equal cells the first case of the file is the better one.
+bool IsBetter(const ChartView& view, const Stop& a, const Stop& b) {
+  const double x = view.DataAt(a.row, a.column);
+  const double y = view.DataAt(b.row, b.column);
+  if (x != y) return view.facts.cells.lower_is_better ? x < y : x > y;
+  return EarlierCase(view, {a.row, a.column}, {b.row, b.column});
+}
+
 std::string ParameterText(const std::string& name, const std::string& number) {
   return name.empty() ? number : name + " " + number;
 }
@@ -159,6 +167,23 @@ void DrawLegendMark(const LegendMark& mark, const PictureBox& box, ChartPicture&
   picture.Add(CellMark(mark.figure == LegendFigure::kBest, middle, 0.75 * box.Height()));
 }
 
+StopList CellStops(const ChartView& view) {
+  std::vector<Stop> stops;
+  std::size_t best = 0;
+  stops.reserve(static_cast<std::size_t>(view.rowcount()) *
+                static_cast<std::size_t>(view.ColumnCount()));
+  for (int column = 1; column <= view.ColumnCount(); ++column) {
+    for (int row = view.rowcount(); row >= 1; --row) {
+      if (!view.HasPoint(row, column)) continue;
+      stops.push_back({1.0 * column, row, column, view.rowcount() + 1.0 - row});
+      if (IsBetter(view, stops.back(), stops[best])) best = stops.size() - 1;
+    }
+  }
+  StopList list(std::move(stops), true);
+  if (list.Count() > 0) list.SetStart(static_cast<int>(best));
+  return list;
+}
+
 ReadOut ReadCell(const ChartView& view, int row, int column, const ChartTheme& theme) {
   ReadOut read_out;
   const auto& axes = view.Plot.Axis;
@@ -173,15 +198,16 @@ ReadOut ReadCell(const ChartView& view, int row, int column, const ChartTheme& t
   const double value = grid.At(row, column);
   const ValueBands bands = BandsOf(grid.Lowest(), grid.Highest());
   ReadOutEntry entry = NumberEntry(view.TitleText, PlainValueText(value), value);
-  entry.series = column;
+  entry.series = 1;
   entry.mark = BandColor(bands, bands.BandOf(value), theme.dark);
   read_out.entries.push_back(entry);
   const int rank = grid.RankOf(value, view.facts.cells.lower_is_better);
   read_out.entries.push_back(NumberEntry(
       "rank", std::to_string(rank) + " of " + std::to_string(grid.FilledCount()), rank));
-  if (const auto plateau = grid.PlateauOf({row, column})) {
-    read_out.entries.push_back(NumberEntry("plateau", PlainValueText(*plateau), *plateau));
-  }
+  const auto plateau = grid.PlateauOf({row, column});
+  read_out.entries.push_back(
+      NumberEntry("plateau", plateau ? PlainValueText(*plateau) : kNoReading, plateau.value_or(0)));
+  if (!plateau) read_out.entries.back().values.clear();
   return read_out;
 }
 

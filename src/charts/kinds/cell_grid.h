@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "charts/kinds/cross_hair.h"
 #include "charts/kinds/draw_context.h"
 #include "charts/kinds/read_out.h"
 #include "charts/kinds/value_bands.h"
@@ -97,8 +98,8 @@ struct ParameterCells {
   std::optional<GridCell> plateau;  ///< the cell with the best neighbourhood
 };
 
-/// The numbers that stand at columns and rows: their labels where a case has set them, else what
-/// the grid's step makes of the neighbours'. `number` from 1.
+/// The parameters of the grid's columns and rows as plain numbers, by its first ones and steps; a case
+/// beside the grid counts to the crossing that it landed on. `number` from 1.
 std::string ColumnNumber(const ChartView& view, int number);
 std::string RowNumber(const ChartView& view, int number);
 
@@ -108,7 +109,12 @@ std::vector<LegendMark> ParameterLegend(const ChartView& view, const ChartTheme&
 /// The mark of the best cell (a star) or of the best plateau (a diamond), `size` wide.
 FillShape CellMark(bool best, PicturePoint at, double size);
 
-/// The two parameters as heading; value, rank and plateau of a filled cell as entries.
+/// The filled cells as stops of a cross-hair, column by column, each from below; the best is where it
+/// appears. Heights count rows from below.
+StopList CellStops(const ChartView& view);
+
+/// The two parameters as heading; value, rank and plateau of a filled cell as entries (a dash where
+/// too few neighbours make no plateau).
 ReadOut ReadCell(const ChartView& view, int row, int column, const ChartTheme& theme);
 
 }  // namespace vistaplot

@@ -180,14 +180,7 @@ std::string ContourKind::RowText(const ChartView& view, int row) const {
 }
 
 StopList ContourKind::Stops(const ChartView& view) const {
-  std::vector<Stop> stops;
-  for (int column = 1; column <= view.ColumnCount(); ++column) {
-    for (int row = view.rowcount(); row >= 1; --row) {
-      if (!view.HasPoint(row, column)) continue;
-      stops.push_back({1.0 * column, row, column, view.rowcount() + 1.0 - row});
-    }
-  }
-  return StopList(std::move(stops), true);
+  return CellStops(view);
 }
 
 ReadOut ContourKind::ReadAt(const ChartView& view,

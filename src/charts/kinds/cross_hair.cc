@@ -25,11 +25,11 @@ bool CrossHair::GoToRow(int row, int column) {
 }
 
 bool CrossHair::Step(int steps) {
-  return GoTo(shown_ ? stops_.Beside(stop_, steps) : stops_.Count() - 1);
+  return shown_ ? GoTo(stops_.Beside(stop_, steps)) : Appear();
 }
 
 bool CrossHair::Climb(int steps) {
-  return GoTo(shown_ ? stops_.Above(stop_, steps) : stops_.Count() - 1);
+  return shown_ ? GoTo(stops_.Above(stop_, steps)) : Appear();
 }
 
 bool CrossHair::GoTo(int stop) {
@@ -47,10 +47,12 @@ StopList StopList::OfRows(int count) {
 
 StopList::StopList(std::vector<Stop> stops, bool stacked)
     : stops_(std::move(stops)), count_(static_cast<int>(stops_.size())), stacked_(stacked) {
-  std::stable_sort(stops_.begin(), stops_.end(), [stacked](const Stop& a, const Stop& b) {
+  const auto before = [stacked](const Stop& a, const Stop& b) {
     if (a.position != b.position || !stacked) return a.position < b.position;
     return a.value < b.value;
-  });
+  };
+  if (std::is_sorted(stops_.begin(), stops_.end(), before)) return;  // a million cells are
+  std::stable_sort(stops_.begin(), stops_.end(), before);
 }
 
 Stop StopList::At(int stop) const {

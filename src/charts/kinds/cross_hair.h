@@ -31,6 +31,11 @@ class StopList {
 
   int Count() const { return count_; }
   bool Stacked() const { return stacked_; }
+
+  /// Where a cross-hair appears when a key asks for it: the last stop, or what was set.
+  int Start() const { return start_ < 0 ? count_ - 1 : start_; }
+  void SetStart(int stop) { start_ = stop; }
+
   Stop At(int stop) const;
 
   /// The stop of a row (and column); Count() when there is none.
@@ -53,13 +58,14 @@ class StopList {
 
   std::vector<Stop> stops_;  ///< empty where positions are the row numbers
   int count_ = 0;
+  int start_ = -1;
   bool stacked_ = false;
 };
 
 class CrossHair {
  public:
-  /// Takes over a view's stops; views without any (surfaces) get no cross-hair. Hides when no stop
-  /// is left. A row number that the view no longer has becomes its last.
+  /// Takes over a view's stops. Hides when no stop is left. A row number that the view no longer
+  /// has becomes its last.
   void Follow(const ChartView& view);
 
   /// False when the view has nothing to stand on.
@@ -80,8 +86,9 @@ class CrossHair {
   /// counts.
   bool SnapTo(double position, double value = 0.0);
   bool GoToRow(int row, int column = 0);  ///< nothing happens when the row has no stop
-  bool Step(int steps);   ///< to the right, or left; a hidden one appears on the last stop
+  bool Step(int steps);   ///< to the right, or left; a hidden one appears where stops start
   bool Climb(int steps);  ///< up, or down, where it Climbs
+  bool Appear() { return GoTo(stops_.Start()); }
   bool GoToFirst() { return GoTo(0); }
   bool GoToLast() { return GoTo(stops_.Count() - 1); }
 

@@ -64,8 +64,17 @@ class Kind {
   virtual std::string ColumnText(const ChartView& /*view*/, int /*column*/) const { return {}; }
   virtual std::string RowText(const ChartView& /*view*/, int /*row*/) const { return {}; }
 
-  /// The figure is turned by dragging it and by the arrow keys, and has no cross-hair.
+  /// The figure is turned by dragging it and by the arrow keys; a ring in the place of a cross-hair
+  /// marks the cell that is read off.
   virtual bool Turns() const { return false; }
+
+  /// Where a cell of a figure that turns is seen; nothing where the view has none.
+  virtual std::optional<PicturePoint> PlaceOf(const ChartView& /*view*/,
+                                              const ChartPicture& /*picture*/,
+                                              int /*row*/,
+                                              int /*column*/) const {
+    return std::nullopt;
+  }
 
   /// Where the cross-hair rests.
   virtual StopList Stops(const ChartView& view) const = 0;

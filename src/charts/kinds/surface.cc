@@ -32,8 +32,8 @@ PictureBox RoomOf(const PictureBox& plot) {
           plot.bottom - kBottomRoom * plot.Height()};
 }
 
-SurfaceScene SceneOf(const ChartView& view, const ParameterCells& cells, const PictureBox& plot) {
-  return {cells.grid, cells.bands, view.facts.cells.turn, RoomOf(plot)};
+SurfaceScene SceneOf(const ChartView& view, const CellGrid& grid, const PictureBox& plot) {
+  return {grid, BandsOf(grid.Lowest(), grid.Highest()), view.facts.cells.turn, RoomOf(plot)};
 }
 
 int StrideOf(const DrawContext& context, const ParameterCells& cells, const SurfaceScene& scene) {
@@ -252,7 +252,7 @@ void SurfaceKind::Draw(const DrawContext& context,
                        ChartPicture& picture) const {
   const ParameterCells cells(context.view);
   if (cells.grid.FilledCount() == 0) return;
-  const SurfaceScene scene = SceneOf(context.view, cells, scale.box);
+  const SurfaceScene scene = SceneOf(context.view, cells.grid, scale.box);
   Painter(context, cells, scene, picture).DrawAll();
 }
 
@@ -260,16 +260,16 @@ std::optional<ChartHit> SurfaceKind::HitAt(const ChartView& view,
                                            const ChartPicture& picture,
                                            PicturePoint at,
                                            double reach) const {
-  const ParameterCells cells(view);
-  if (cells.grid.FilledCount() == 0) return std::nullopt;
-  const SurfaceScene scene = SceneOf(view, cells, picture.scale.box);
+  const CellGrid grid(view);
+  if (grid.FilledCount() == 0) return std::nullopt;
+  const SurfaceScene scene = SceneOf(view, grid, picture.scale.box);
   const double most = std::max(reach, 0.75 * scene.FacetWidth());
   std::optional<ChartHit> hit;
   double nearest = 0.0;
-  for (int row = 1; row <= cells.grid.Rows(); ++row) {
-    for (int column = 1; column <= cells.grid.Columns(); ++column) {
-      if (!cells.grid.Filled(row, column)) continue;
-      const BoxPoint point = scene.PointAt(row, column, cells.grid.At(row, column));
+  for (int row = 1; row <= grid.Rows(); ++row) {
+    for (int column = 1; column <= grid.Columns(); ++column) {
+      if (!grid.Filled(row, column)) continue;
+      const BoxPoint point = scene.PointAt(row, column, grid.At(row, column));
       const PicturePoint seen = scene.Project(point);
       const double away = std::hypot(seen.x - at.x, seen.y - at.y);
       if (away > most) continue;
@@ -283,11 +283,27 @@ std::optional<ChartHit> SurfaceKind::HitAt(const ChartView& view,
   return hit;
 }
 
+std::optional<PicturePoint> SurfaceKind::PlaceOf(const ChartView& view,
+                                                 const ChartPicture& picture,
+                                                 int row,
+                                                 int column) const {
+  if (!view.HasPoint(row, column)) return std::nullopt;
+  const CellGrid grid(view);
+  const SurfaceScene scene = SceneOf(view, grid, picture.scale.box);
+  return scene.Project(scene.PointAt(row, column, grid.At(row, column)));
+}
+
+StopList SurfaceKind::Stops(const ChartView& view) const {
+  return CellStops(view);
+}
+
 ReadOut SurfaceKind::ReadAt(const ChartView& view,
                             int row,
                             int column,
                             const ChartTheme& theme) const {
-  return ReadCell(view, row, column, theme);
+  ReadOut read_out = ReadCell(view, row, column, theme);
+  if (!read_out.entries.empty()) read_out.entries.front().at = PicturePoint{};  // PlaceOf tells it
+  return read_out;
 }
 
 void TurnSurface(ChartView& view, double right, double down) {

@@ -7,7 +7,8 @@
 namespace vistaplot {
 
 /// A surface has no plane that a cross-hair could run over: what is read off is the cell under the
-/// pointer, the nearest one to the reader where several lie behind each other.
+/// pointer, the nearest one to the reader where several lie behind each other, or the cell that keys
+/// have led to.
 class SurfaceKind : public Kind {
  public:
   PositionAxis Positions() const override { return PositionAxis::kNone; }
@@ -26,7 +27,11 @@ class SurfaceKind : public Kind {
                                 PicturePoint at,
                                 double reach) const override;
   bool Turns() const override { return true; }
-  StopList Stops(const ChartView&) const override { return {}; }
+  std::optional<PicturePoint> PlaceOf(const ChartView& view,
+                                      const ChartPicture& picture,
+                                      int row,
+                                      int column) const override;
+  StopList Stops(const ChartView& view) const override;
   ReadOut ReadAt(const ChartView& view,
                  int row,
                  int column,

@@ -75,8 +75,10 @@ void ChartWidget::Prepare() {
   if (!stale_) return;
   stale_ = false;
   theme_ = palette().color(QPalette::Window).lightness() < kDarkest ? DarkTheme() : LightTheme();
-  read_out_line_.Prepare(control_.view, theme_);
-  PlaceReadOut();
+  if (!control_.view.facts.cells.turning) {  // a hand that turns changes neither cells nor values
+    read_out_line_.Prepare(control_.view, theme_);
+    PlaceReadOut();
+  }
   LayOut();
 }
 
@@ -100,9 +102,10 @@ void ChartWidget::LayOut() {
                          texts_,
                          {.dark = theme_.dark, .detail = devicePixelRatioF()});
   paint_anew_ = true;
-  cross_hair_.Follow(control_.view);
+  if (!control_.view.facts.cells.turning) cross_hair_.Follow(control_.view);
   if (!cross_hair_.Shown()) return ClearCrossHair();
-  if (other_rows) cross_hair_.SnapTo(PositionAt(picture_.scale, place));
+  if (other_rows && !KindOf(control_.view).Turns())
+    cross_hair_.SnapTo(PositionAt(picture_.scale, place));
   ShowCrossHair();
 }
 
@@ -195,11 +198,20 @@ void ChartWidget::changeEvent(QEvent* event) {
 
 void ChartWidget::keyPressEvent(QKeyEvent* event) {
   Prepare();
-  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  const bool turns = KindOf(control_.view).Turns();
-  const bool done =
-      plain && (turns ? DoTurnKey(event->key()) : cross_hair_.Possible() && DoKey(event->key()));
+  const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  const int key = event->key();
+  const bool done = MovesCell(key, modifiers) ? cross_hair_.Possible() && DoKey(key)
+                                              : modifiers == Qt::NoModifier && DoTurnKey(key);
   if (!done) QWidget::keyPressEvent(event);
+}
+
+// Whether a key is about the cross-hair; on a surface the plain arrows turn it.
+bool ChartWidget::MovesCell(int key, Qt::KeyboardModifiers modifiers) const {
+  if (!KindOf(control_.view).Turns()) return modifiers == Qt::NoModifier;
+  const bool arrow =
+      key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+  const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
+  return arrow ? modifiers == Qt::ShiftModifier : chooses && modifiers == Qt::NoModifier;
 }
 
 // False for keys that mean nothing here.
@@ -233,12 +245,7 @@ bool ChartWidget::DoKey(int key) {
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (cross_hair_.Shown() && OpenCell({cross_hair_.Place().column, cross_hair_.Row()})) {
-        return true;
-      }
-      if (!cross_hair_.Shown() || marks_.Chosen() == nullptr) return false;
-      SelectPoint(chosen_series_, cross_hair_.Row());
-      return true;
+      return DoEnter();
     case Qt::Key_Escape:
       if (!cross_hair_.Shown()) return false;
       HideCrossHair();
@@ -250,8 +257,21 @@ bool ChartWidget::DoKey(int key) {
   return true;
 }
 
+// Opens the cell that is read off, at first the best one; elsewhere selects the point.
+bool ChartWidget::DoEnter() {
+  if (HasCells()) {
+    if (!cross_hair_.Shown() && cross_hair_.Appear()) ShowCrossHair();
+    OpenCell({cross_hair_.Place().column, cross_hair_.Row()});
+    return true;
+  }
+  if (!cross_hair_.Shown() || marks_.Chosen() == nullptr) return false;
+  SelectPoint(chosen_series_, cross_hair_.Row());
+  return true;
+}
+
 bool ChartWidget::DoTurnKey(int key) {
   ChartView& view = control_.view;
+  if (!KindOf(view).Turns()) return false;
   switch (key) {
     case Qt::Key_Left:
       StepSurface(view, -1, 0);
@@ -275,30 +295,29 @@ bool ChartWidget::DoTurnKey(int key) {
   return true;
 }
 
-// A surface turns with the hand, large ones coarser until the button is let go.
+// A surface turns with the hand, large ones coarser until the button is let go. A hand that
+// trembles within a click turns nothing.
 void ChartWidget::Drag(QPointF at) {
+  if (!dragged_to_ && (at - *pressed_at_).manhattanLength() <= kClickReach) return;
   const QPointF from = std::exchange(dragged_to_, at).value_or(*pressed_at_);
   control_.view.facts.cells.turning = true;
   TurnSurface(control_.view, at.x() - from.x(), at.y() - from.y());
   control_.view.Refresh();
 }
 
-// What stands under the pointer where no cross-hair can go.
+// The cell of a surface under the pointer; beside them the last one stays.
 void ChartWidget::ReadCellAt(QPointF at) {
   const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
-  if (!hit) return ClearCrossHair();
-  const ReadOut read_out = ReadRow(control_.view, hit->point, theme_.dark, hit->series);
-  read_out_line_.Show(read_out, hit->series);
-  read_out_text_ = QtText(LineText(read_out));
-  setAccessibleDescription(read_out_text_);
+  if (hit && cross_hair_.GoToRow(hit->point, hit->series)) ShowCrossHair();
 }
 
-// False on charts without cells; of a cell nobody made nothing opens.
-bool ChartWidget::OpenCell(const ChartHit& hit) {
+bool ChartWidget::HasCells() const {
   const PositionAxis axis = KindOf(control_.view).Positions();
-  if (axis != PositionAxis::kCells && axis != PositionAxis::kNone) return false;
+  return axis == PositionAxis::kCells || axis == PositionAxis::kNone;
+}
+
+void ChartWidget::OpenCell(const ChartHit& hit) {
   guard_.Run([&] { control_.RaiseCellOpened(hit.point, hit.series); });
-  return true;
 }
 
 int ChartWidget::LabelSpacing() const {
@@ -333,8 +352,9 @@ void ChartWidget::PointAt(QPointF at) {
 void ChartWidget::ShowCrossHair(std::optional<double> near_y) {
   const Stop place = cross_hair_.Place();
   const ReadOut read_out = ReadRow(control_.view, place.row, theme_.dark, place.column);
-  CrossHairMarks marks = MarksOf(picture_, cross_hair_, read_out);
-  if (chosen_series_ > static_cast<int>(read_out.entries.size())) chosen_series_ = 1;
+  CrossHairMarks marks = MarksOf(control_.view, picture_, cross_hair_, read_out);
+  const auto series = static_cast<int>(read_out.entries.size());
+  if (chosen_series_ > series || place.column > 0) chosen_series_ = 1;
   if (near_y) chosen_series_ = marks.NearestSeries(*near_y);
   marks.chosen_series = chosen_series_;
   ReplaceMarks(marks);
@@ -402,7 +422,10 @@ void ChartWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   Prepare();
   const QPointF at = event->position();
   const auto hit = FindPoint(control_.view, picture_, {at.x(), at.y()});
-  if (!hit || !OpenCell(*hit)) QWidget::mouseDoubleClickEvent(event);
+  if (!hit || !HasCells() || event->button() != Qt::LeftButton) {
+    return QWidget::mouseDoubleClickEvent(event);
+  }
+  OpenCell(*hit);
 }
 
 // On a steep curve the nearest point may be days beside the pointer; the day that the read-out

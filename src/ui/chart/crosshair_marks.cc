@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "charts/kinds/kind.h"
 #include "ui/chart/chart_canvas.h"
 
 namespace vistaplot {
@@ -34,12 +35,20 @@ int CrossHairMarks::NearestSeries(double y) const {
   return nearest == points.end() ? 0 : nearest->series;
 }
 
-CrossHairMarks MarksOf(const ChartPicture& picture,
+CrossHairMarks MarksOf(const ChartView& view,
+                       const ChartPicture& picture,
                        const CrossHair& cross_hair,
                        const ReadOut& read_out) {
   PictureBox plot = picture.plot;
   plot.left = picture.scale.box.left;  // beside the values of the axis
-  CrossHairMarks marks{plot, picture.scale.X(cross_hair.Position()), {}, 0};
+  CrossHairMarks marks{true, plot, picture.scale.X(cross_hair.Position()), {}, 0};
+  if (const Kind& kind = KindOf(view); kind.Turns()) {
+    marks.lines = false;
+    const Stop place = cross_hair.Place();
+    const auto at = kind.PlaceOf(view, picture, place.row, place.column);
+    if (at && !read_out.entries.empty()) marks.points = {{1, *at, read_out.entries.front().mark}};
+    return marks;
+  }
   for (const ReadOutEntry& entry : read_out.entries) {
     if (!entry.at) continue;
     const PicturePoint at{picture.scale.X(entry.at->x), picture.scale.Y(entry.at->y)};
@@ -56,8 +65,10 @@ QRegion AreaOf(const CrossHairMarks& marks) {
   const int width = static_cast<int>(std::ceil(plot.right)) - left;
   const int height = static_cast<int>(std::ceil(plot.bottom)) - top;
   // As wide as the rings on it: a region of few rectangles is painted much faster.
-  QRegion area(static_cast<int>(std::floor(marks.x)) - kReach, top, 2 * kReach + 1, height);
-  if (const CrossHairPoint* chosen = marks.Chosen()) {
+  QRegion area;
+  if (marks.lines)
+    area = {static_cast<int>(std::floor(marks.x)) - kReach, top, 2 * kReach + 1, height};
+  if (const CrossHairPoint* chosen = marks.Chosen(); chosen != nullptr && marks.lines) {
     area += QRect(left, static_cast<int>(std::floor(chosen->at.y)) - 1, width, 3);
   }
   for (const CrossHairPoint& point : marks.points) {
@@ -70,6 +81,7 @@ QRegion AreaOf(const CrossHairMarks& marks) {
 }
 
 void PaintLines(QPainter& painter, const CrossHairMarks& marks, const ChartTheme& theme) {
+  if (!marks.lines) return;
   const double ratio = painter.device()->devicePixelRatioF();
   const PictureBox& plot = marks.plot;
   const QColor line = QtColor(theme.label);  // opaque: filled at once, not blended line by line

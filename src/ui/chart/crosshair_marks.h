@@ -1,5 +1,6 @@
 // The cross-hair as it is drawn over a chart's picture: a line through the day, a line through the
-// chosen series' point, and a ring about every series' point on that day.
+// chosen series' point, and a ring about every series' point on that day. Figures that turn have the
+// ring alone.
 #pragma once
 
 #include <QPainter>
@@ -21,6 +22,7 @@ struct CrossHairPoint {
 };
 
 struct CrossHairMarks {
+  bool lines = true;
   PictureBox plot;  ///< the lines end at its edges
   double x = 0.0;
   std::vector<CrossHairPoint> points;  ///< those inside the plot
@@ -34,7 +36,8 @@ struct CrossHairMarks {
 };
 
 /// Where the marks lie on `picture`; `read_out` is the cross-hair's row.
-CrossHairMarks MarksOf(const ChartPicture& picture,
+CrossHairMarks MarksOf(const ChartView& view,
+                       const ChartPicture& picture,
                        const CrossHair& cross_hair,
                        const ReadOut& read_out);
 

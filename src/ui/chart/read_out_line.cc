@@ -39,12 +39,14 @@ bool HasPrices(const ChartView& view) {
          std::any_of(series.begin(), series.end(), [](const auto& s) { return s.base > 0.0; });
 }
 
-/// A row whose reading shows what there is to read.
-int SampleRow(const ChartView& view) {
+/// A reading that shows what there is to read.
+ReadOut SampleOf(const ChartView& view, bool dark) {
   const int last_real = view.facts.last_real_row;
-  if (last_real > 0) return std::min(last_real, view.rowcount());
+  if (last_real > 0) return ReadRow(view, std::min(last_real, view.rowcount()), dark);
   const StopList stops = KindOf(view).Stops(view);
-  return stops.Count() > 0 ? stops.At(stops.Count() - 1).row : view.rowcount();
+  if (stops.Count() == 0) return ReadRow(view, view.rowcount(), dark);
+  const Stop last = stops.At(stops.Count() - 1);
+  return ReadRow(view, last.row, dark, last.column);
 }
 
 /// The width of readings of several parts (a bar, a box), with room for longer numbers; 0 where all
@@ -114,7 +116,7 @@ void ReadOutLine::Prepare(const ChartView& view, const ChartTheme& theme) {
     hint_ = hint;
     if (!shown_) update();
   }
-  const ReadOut last = ReadRow(view, SampleRow(view), theme.dark);
+  const ReadOut last = SampleOf(view, theme.dark);
   const bool with_prices = HasPrices(view);
   const int series = static_cast<int>(last.entries.size());
   std::vector<std::string> labels{last.heading};
@@ -224,6 +226,7 @@ std::vector<const ReadOutEntry*> ReadOutLine::EntriesInRoom(const ReadOut& read_
   std::vector<const ReadOutEntry*> entries;
   for (const ReadOutEntry& entry : read_out.entries) entries.push_back(&entry);
   if (entries.size() <= marks_.size()) return entries;
+  if (marks_.empty()) return {};
   const std::size_t room = std::max<std::size_t>(marks_.size(), 2) - 1;
   const auto is_chosen = [chosen](const ReadOutEntry* entry) { return entry->series == chosen; };
   const auto found = std::find_if(entries.begin(), entries.end(), is_chosen);
