@@ -1,14 +1,20 @@
 #include <QImage>
 #include <QPainter>
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "bench_program.h"
 #include "charts/builders/price_chart.h"
+#include "charts/builders/summary_chart.h"
+#include "charts/kinds/surface.h"
 #include "charts/layout/layout.h"
 #include "figures.h"
 #include "price_walk.h"
+#include "random.h"
 #include "support/temporary_folder.h"
 #include "timing.h"
 #include "ui/chart/chart_canvas.h"
@@ -83,6 +89,77 @@ void MeasureOne(ChartWorld& world, Painting& painting, const std::string& what, 
   Measure(paint.c_str(), kRuns, [&] { return painting.Paint(world.Graph().VtChart1.view); });
 }
 
+/// The sheet of a test of `side` by `side` parameters (columns 2 and 3) and its result (column 5):
+/// hills with noise on them.
+class ResultWorld {
+ public:
+  explicit ResultWorld(int side) {
+    Random random(kSeed, 0);
+    std::vector<std::string> x;
+    std::vector<std::string> y;
+    std::vector<std::string> result;
+    for (int column = 1; column <= side; ++column) {
+      for (int row = 1; row <= side; ++row) {
+        x.push_back(std::to_string(column));
+        y.push_back(std::to_string(5 * row));
+        const double hills = std::sin(6.0 * column / side) * std::cos(5.0 * row / side);
+        result.push_back(std::to_string(12.0 * hills + 2.0 * random.Uniform()));
+      }
+    }
+    Sheet& sheet = table_.Active();
+    sheet.FixedRows = 2;
+    sheet.MaxRow = side * side + 2;
+    sheet.MaxCol = 5;
+    for (auto [column, texts] : {std::pair{2, &x}, std::pair{3, &y}, std::pair{5, &result}}) {
+      texts->insert(texts->begin(), {"", "heading"});
+      sheet.SetTextColumn(column, std::move(*texts));
+    }
+    table_.SetSheetCount(2);
+  }
+
+  /// Builds and paints the chart over the parameters.
+  int DrawCells(bool surface, Painting& painting) {
+    const ParameterRequest request{.x = {"Buy", 2},
+                                   .y = {"Sell", 3},
+                                   .data = {"Gain", 5},
+                                   .GraphFraction = 1.0F,
+                                   .surface = surface};
+    if (!BuildParameterChart(request, table_, view).drawn) throw std::runtime_error("not drawn");
+    return painting.Paint(view);
+  }
+
+  /// Builds and paints the chart over the cases.
+  int DrawCases(Painting& painting) {
+    const TestCaseRequest request{.sheets = TestCaseSheets(table_, false),
+                                  .statistic = "Gain",
+                                  .statistic_column = 5,
+                                  .scatter = true};
+    table_.SheetAt(1).MaxRow = 6002;
+    if (!BuildTestCaseChart(request, table_, view).drawn) throw std::runtime_error("not drawn");
+    return painting.Paint(view);
+  }
+
+  ChartView view;
+
+ private:
+  DataTable table_;
+};
+
+void MeasureResultCharts(Painting& painting) {
+  {
+    ResultWorld hundred(100);
+    Measure("contour 100 x 100", kRuns, [&] { return hundred.DrawCells(false, painting); });
+    Measure("surface 100 x 100", kRuns, [&] { return hundred.DrawCells(true, painting); });
+    Measure("turn of the surface 100 x 100", kRuns, [&] {
+      StepSurface(hundred.view, 1, 0);
+      return painting.Paint(hundred.view);
+    });
+    Measure("test-case scatter 6000", kRuns, [&] { return hundred.DrawCases(painting); });
+  }
+  ResultWorld thousand(1000);
+  Measure("surface 1000 x 1000", 7, [&] { return thousand.DrawCells(true, painting); });
+}
+
 }  // namespace
 
 void MeasureCharts() {
@@ -92,6 +169,7 @@ void MeasureCharts() {
     MeasureOne(one, painting, "1 x 12000 line", false);
     MeasureOne(one, painting, "1 x 12000 scatter", true);
   }
+  MeasureResultCharts(painting);
   ChartWorld ten(10, 1200);
   MeasureOne(ten, painting, "10 x 1200 line", false);
   int day = 0;

@@ -9,6 +9,8 @@
 #include <variant>
 #include <vector>
 
+#include "base/number_text.h"
+#include "base/text.h"
 #include "charts/layout/layout.h"
 #include "charts/view/chart_picture.h"
 #include "charts/view/chart_view.h"
@@ -28,6 +30,19 @@ class EvenTextMeasure : public TextMeasure {
 };
 
 inline constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
+
+/// Fills `view` from lines of blank-separated numbers, row 1 first; "-" leaves a cell empty.
+inline void FillCellView(std::string_view lines, ChartView& view) {
+  int row = 0;
+  for (const std::string_view line : Split(lines, '\n')) {
+    const auto cells = Split(line, ' ');
+    view.rowcount(++row);
+    view.ColumnCount(static_cast<int>(cells.size()));
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      view.SetData(row, static_cast<int>(i) + 1, LeadingNumber(cells[i]), cells[i] == "-");
+    }
+  }
+}
 
 /// A chart of lines with the settings that a price chart has: hidden value axes, legend at the
 /// right, title "NAV" at the top left. One vector of values a series; row labels are "d1", "d2",

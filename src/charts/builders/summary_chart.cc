@@ -220,8 +220,13 @@ BuildOutcome BuildParameterChart(const ParameterRequest& request,
   const RedrawPause pause(view);
   view.ToDefaults();
   StyleParameterChart(request, sheet.SheetName, view);
-  view.Refresh();
-  if (scanned.Count() == 0 || !(x.Step() > 0.0) || !(y.Step() > 0.0)) return Drawn();
+  if (scanned.Count() == 0 || !(x.Step() > 0.0) || !(y.Step() > 0.0)) {
+    const std::string& large = x.Step() > 0.0 ? request.y.name : request.x.name;
+    view.WhyEmpty = scanned.Count() == 0
+                        ? "No test case in sheet " + sheet.SheetName + "."
+                        : "The values of " + large + " make no grid: all are 9999 or more.";
+    return Drawn();
+  }
   if (!(x.Count() * y.Count() <= kMostParameterCells)) return Refuse(view);
   view.rowcount(static_cast<int>(y.Count()));
   view.ColumnCount(static_cast<int>(x.Count()));

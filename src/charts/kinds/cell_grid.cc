@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "base/number_text.h"
+#include "charts/kinds/value_range.h"
 
 namespace vistaplot {
 
@@ -102,8 +103,26 @@ std::string ParameterText(const std::string& name, const std::string& number) {
   return name.empty() ? number : name + " " + number;
 }
 
+// Every so many of `count` places whose numbers begin with `first` and rise by `step`; the first
+// one is a multiple of the labels' distance where there is such a place.
+std::vector<int> Labelled(double first, double step, int count, double least) {
+  const int every = WholeStep(least);
+  const auto is_round = [&](int place) {
+    const double multiple = (first + (place - 1) * step) / (every * step);
+    return std::abs(multiple - std::nearbyint(multiple)) < 1e-4;
+  };
+  int place = 1;
+  while (place <= std::min(every, count) && !is_round(place)) ++place;
+  std::vector<int> places;
+  for (place = place > std::min(every, count) ? 1 : place; place <= count; place += every) {
+    places.push_back(place);
+  }
+  return places;
+}
+
 ReadOutEntry NumberEntry(std::string name, std::string text, double value) {
   ReadOutEntry entry;
+  entry.mark.alpha = 0;
   entry.label = name;
   entry.text = text;
   entry.values.push_back({std::move(name), std::move(text), value, std::nullopt});
@@ -129,6 +148,17 @@ std::string ColumnNumber(const ChartView& view, int number) {
 std::string RowNumber(const ChartView& view, int number) {
   const GridParameters& cells = view.facts.cells;
   return NumberText(static_cast<float>(cells.first_y - (number - 1) * cells.step_y));
+}
+
+std::vector<int> LabelledColumns(const ChartView& view, double least) {
+  const GridParameters& cells = view.facts.cells;
+  return Labelled(cells.first_x, cells.step_x, view.ColumnCount(), least);
+}
+
+std::vector<int> LabelledRows(const ChartView& view, double least) {
+  const GridParameters& cells = view.facts.cells;
+  const double lowest = cells.first_y - (view.rowcount() - 1) * cells.step_y;
+  return Labelled(lowest, cells.step_y, view.rowcount(), least);
 }
 
 std::vector<LegendMark> ParameterLegend(const ChartView& view, const ChartTheme& theme) {

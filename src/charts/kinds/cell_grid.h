@@ -45,6 +45,12 @@ class CellGrid {
            Filled(row, column + 1) && Filled(row + 1, column) && Filled(row + 1, column + 1);
   }
 
+  /// A filled cell that is a corner of no filled square.
+  bool Lone(int row, int column) const {
+    return Filled(row, column) && !SquareFilled(row, column) && !SquareFilled(row - 1, column) &&
+           !SquareFilled(row, column - 1) && !SquareFilled(row - 1, column - 1);
+  }
+
   int FilledCount() const { return filled_; }
   double Lowest() const { return lowest_; }    ///< of the filled cells; 0 without any
   double Highest() const { return highest_; }  ///< of the filled cells; 0 without any
@@ -103,8 +109,18 @@ struct ParameterCells {
 std::string ColumnNumber(const ChartView& view, int number);
 std::string RowNumber(const ChartView& view, int number);
 
+/// The columns that bear a number, from 1: `least` or more of them from one to the next, at round
+/// numbers where the parameters have any.
+std::vector<int> LabelledColumns(const ChartView& view, double least);
+
+/// The same of rows, counted from below.
+std::vector<int> LabelledRows(const ChartView& view, double least);
+
 /// "12.5 – 15" for each band, the highest first, then the two marks.
 std::vector<LegendMark> ParameterLegend(const ChartView& view, const ChartTheme& theme);
+
+/// How much larger the diamond is where the star lies on it.
+inline constexpr double kBehindStar = 1.9;
 
 /// The mark of the best cell (a star) or of the best plateau (a diamond), `size` wide.
 FillShape CellMark(bool best, PicturePoint at, double size);

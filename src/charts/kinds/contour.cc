@@ -18,6 +18,7 @@ constexpr double kLoneCell = 0.35;  // half the side of its box, in columns
 class GridPlace {
  public:
   GridPlace(const PlotScale& scale, int rows) : scale_(scale), rows_(rows) {}
+  const PictureBox& Plot() const { return scale_.box; }
   PicturePoint At(double row, double column) const {
     return {scale_.X(column), scale_.Y(rows_ + 1.0 - row)};
   }
@@ -91,11 +92,6 @@ void HatchEmptySquares(const CellGrid& grid,
   }
 }
 
-bool InFullSquare(const CellGrid& grid, int row, int column) {
-  return grid.SquareFilled(row, column) || grid.SquareFilled(row - 1, column) ||
-         grid.SquareFilled(row, column - 1) || grid.SquareFilled(row - 1, column - 1);
-}
-
 // Filled cells that no band reaches.
 void DrawLoneCells(const ParameterCells& cells,
                    const GridPlace& place,
@@ -105,12 +101,15 @@ void DrawLoneCells(const ParameterCells& cells,
                    ChartPicture& picture) {
   for (int row = 1; row <= cells.grid.Rows(); ++row) {
     for (int column = 1; column <= cells.grid.Columns(); ++column) {
-      if (!cells.grid.Filled(row, column) || InFullSquare(cells.grid, row, column)) continue;
+      if (!cells.grid.Lone(row, column)) continue;
       const int band = cells.bands.BandOf(cells.grid.At(row, column));
       PictureBox box =
           place.Box(row - half_row, column - half_column, row + half_row, column + half_column);
-      box = {
-          std::round(box.left), std::round(box.top), std::round(box.right), std::round(box.bottom)};
+      const PictureBox& plot = place.Plot();
+      box = {std::round(std::max(box.left, plot.left)),
+             std::round(std::max(box.top, plot.top)),
+             std::round(std::min(box.right, plot.right)),
+             std::round(std::min(box.bottom, plot.bottom))};
       picture.Add(FillBox{box, BandColor(cells.bands, band, context.theme.dark)});
     }
   }
@@ -151,7 +150,8 @@ void ContourKind::Draw(const DrawContext& context,
   }
   const double size = kMarkSize * context.scale;
   if (cells.plateau) {
-    picture.Add(CellMark(false, place.At(cells.plateau->row, cells.plateau->column), size));
+    const PicturePoint at = place.At(cells.plateau->row, cells.plateau->column);
+    picture.Add(CellMark(false, at, cells.plateau == cells.best ? kBehindStar * size : size));
   }
   if (cells.best) picture.Add(CellMark(true, place.At(cells.best->row, cells.best->column), size));
 }

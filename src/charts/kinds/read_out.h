@@ -22,7 +22,7 @@ struct ReadOutValue {
 
 struct ReadOutEntry {
   int series = 0;  ///< from 1, as in clicks
-  PictureColor mark;
+  PictureColor mark;  ///< alpha 0: it has none
   std::string label;
   std::string text;                  ///< a dash where the series has no point
   std::vector<ReadOutValue> values;  ///< none without a point; a bar has four

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "charts/kinds/cell_grid.h"
 #include "charts/kinds/iso_regions.h"
@@ -17,13 +19,12 @@ constexpr double kSideRoom = 0.09;
 constexpr double kTopRoom = 0.01;
 constexpr double kBottomRoom = 0.13;
 
-constexpr double kLabelPoints = 9.0;
-constexpr double kTitlePoints = 10.0;
 constexpr double kTick = 6.0;  // lengths at scale 1
 constexpr double kMarkSize = 13.0;
 constexpr double kLeastFacet = 1.0;  // pixels of the device; smaller ones are drawn by twos, threes
 constexpr int kWholeFacets = 10000;  // while turning, larger surfaces are drawn by twos
 constexpr double kCapPart = 0.36;    // half the height of capitals, in font sizes
+constexpr double kLoneCell = 0.35;   // half the side of its box on the base, in columns
 
 PictureBox RoomOf(const PictureBox& plot) {
   return {plot.left + kSideRoom * plot.Width(),
@@ -43,62 +44,60 @@ int StrideOf(const DrawContext& context, const ParameterCells& cells, const Surf
   return context.view.facts.cells.turning && large ? std::max(stride, 2) : stride;
 }
 
-// 1, 2, 5, 10, 20, 50, ...: the first at or above `least`.
-int WholeStep(double least) {
-  for (int power = 1;; power *= 10) {
-    for (const int step : {1, 2, 5}) {
-      if (step * power >= std::min(least, 1e6)) return step * power;
-    }
-  }
-}
-
 class Painter {
  public:
   Painter(const DrawContext& context,
           const ParameterCells& cells,
           const SurfaceScene& scene,
+          const PictureBox& plot,
           ChartPicture& picture)
       : context_(context),
         cells_(cells),
         scene_(scene),
+        plot_(plot),
         picture_(picture),
         near_(scene.NearestCorner()),
-        label_pixels_(context.FontPixels(kLabelPoints)) {}
+        label_pixels_(context.FontPixels(context.view.Plot.Axis[3].Labels.VtFont.Size)) {}
 
   void DrawAll() {
     DrawBase();
     DrawWalls();
     picture_.Add(scene_.Facets(StrideOf(context_, cells_, scene_), context_.theme.dark));
-    DrawMark(cells_.plateau, false);
-    DrawMark(cells_.best, true);
+    const double size = kMarkSize * context_.scale;
+    DrawMark(cells_.plateau, false, MarksMeet(size) ? kBehindStar * size : size);
+    DrawMark(cells_.best, true, size);
     const CellGrid& grid = cells_.grid;
-    DrawEdge({.count = grid.Columns(),
+    const int rows = grid.Rows();
+    DrawEdge({.labels = [&](double least) { return LabelledColumns(context_.view, least); },
+              .count = grid.Columns(),
               .at =
                   [&](int i) {
                     return BoxPoint{scene_.OnBase(1, i).x, near_.y, 0.0};
                   },
               .outwards = {0.0, near_.y, 0.0},
               .text = [&](int i) { return ColumnNumber(context_.view, i); },
-              .title = context_.view.Plot.Axis[3].AxisTitle.Text});
-    DrawEdge({.count = grid.Rows(),
+              .axis = 3});
+    DrawEdge({.labels = [&](double least) { return LabelledRows(context_.view, least); },
+              .count = rows,
               .at =
                   [&](int i) {
-                    return BoxPoint{near_.x, scene_.OnBase(i, 1).y, 0.0};
+                    return BoxPoint{near_.x, scene_.OnBase(rows + 1 - i, 1).y, 0.0};
                   },
               .outwards = {near_.x, 0.0, 0.0},
-              .text = [&](int i) { return RowNumber(context_.view, i); },
-              .title = context_.view.Plot.Axis[0].AxisTitle.Text});
+              .text = [&](int i) { return RowNumber(context_.view, rows + 1 - i); },
+              .axis = 0});
     DrawHeights();
   }
 
  private:
   // One side of the base with the numbers of a parameter.
   struct Edge {
+    std::function<std::vector<int>(double)> labels;  // those that bear a number, apart by so many
     int count;
     std::function<BoxPoint(int)> at;  // from 1
     BoxPoint outwards;
     std::function<std::string(int)> text;
-    std::string title;
+    std::size_t axis;
   };
 
   void Line(const std::vector<BoxPoint>& points, PictureColor ink) {
@@ -124,7 +123,27 @@ class Painter {
     for (const IsoRegion& region : TraceRegions(cells_.grid, cells_.bands.InnerLimits())) {
       picture_.Add(OnBase(region.rings, ++band));
     }
+    DrawLoneCells();
     Line({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}, {-1, -1, 0}}, context_.theme.axis);
+  }
+
+  // Filled cells that no band reaches, as on a contour.
+  void DrawLoneCells() {
+    const CellGrid& grid = cells_.grid;
+    const auto inside = [](double number, int count) {
+      return std::clamp(number, 1.0, 1.0 * count);
+    };
+    for (int row = 1; row <= grid.Rows(); ++row) {
+      for (int column = 1; column <= grid.Columns(); ++column) {
+        if (!grid.Lone(row, column)) continue;
+        const double left = inside(column - kLoneCell, grid.Columns());
+        const double right = inside(column + kLoneCell, grid.Columns());
+        const double top = inside(row - kLoneCell, grid.Rows());
+        const double bottom = inside(row + kLoneCell, grid.Rows());
+        picture_.Add(OnBase({{{left, top}, {right, top}, {right, bottom}, {left, bottom}}},
+                            cells_.bands.BandOf(grid.At(row, column))));
+      }
+    }
   }
 
   // The two sides of the box behind the surface, with the heights that are labelled.
@@ -167,8 +186,7 @@ class Painter {
       Text(PlainValueText(static_cast<float>(cells_.bands.LowerLimit(i))),
            {at.x - 1.5 * tick, at.y},
            TextAlign::kRight,
-           label_pixels_,
-           false);
+           label_pixels_);
     }
   }
 
@@ -186,56 +204,84 @@ class Painter {
       widest = std::max(widest, context_.measure.Width(edge.text(i), label_pixels_, false));
     }
     const double tick = kTick * context_.scale;
-    for (int i = 1; i <= edge.count; i += LabelStep(edge, widest)) {
+    for (const int i : edge.labels(LeastApart(edge, widest))) {
       const PicturePoint at = scene_.Project(edge.at(i));
       const PicturePoint tip{at.x + out.x * tick, at.y + out.y * tick};
       picture_.Add(StrokeLine{{at, tip}, context_.theme.axis, 1.0});
       const double down = out.y * 0.7 * label_pixels_;
-      Text(edge.text(i), {tip.x + out.x * 0.5 * tick, tip.y + down}, align, label_pixels_, false);
+      Text(edge.text(i), {tip.x + out.x * 0.5 * tick, tip.y + down}, align, label_pixels_);
     }
-    const double reach = 2.0 * tick + std::abs(out.x) * widest + 1.9 * label_pixels_;
-    const BoxPoint from = edge.at(1);
-    const BoxPoint to = edge.at(edge.count);
-    const PicturePoint half = scene_.Project({(from.x + to.x) / 2.0, (from.y + to.y) / 2.0, 0.0});
-    Text(edge.title,
-         {half.x + out.x * reach, half.y + out.y * reach},
-         align,
-         context_.FontPixels(kTitlePoints),
-         true);
+    DrawEdgeTitle(edge, out, align, 2.0 * tick + std::abs(out.x) * widest + 1.9 * label_pixels_);
   }
 
-  // Numbers from label to label, so that neighbours keep apart to the side or in height.
-  int LabelStep(const Edge& edge, double widest) const {
-    if (edge.count < 2) return 1;
+  // At the edge's middle, or as far along the edge as it takes to stand on the plot whole.
+  void DrawEdgeTitle(const Edge& edge, PicturePoint out, TextAlign align, double reach) {
+    const auto& title = context_.view.Plot.Axis[edge.axis].AxisTitle;
+    const int pixels = context_.FontPixels(title.VtFont.Size);
+    const PicturePoint from = scene_.Project(edge.at(1));
+    const PicturePoint to = scene_.Project(edge.at(edge.count));
+    PicturePoint at{(from.x + to.x) / 2.0 + out.x * reach, (from.y + to.y) / 2.0 + out.y * reach};
+    const double aside =
+        LeftOf(title.Text, at.x, align, pixels) - BesideOf(title.Text, at.x, align, pixels);
+    if (std::abs(to.x - from.x) > 1.0) at.y += aside * (to.y - from.y) / (to.x - from.x);
+    Text(title.Text, at, align, pixels);
+  }
+
+  // Numbers from label to label, at least, so that neighbours keep apart to the side or in height.
+  double LeastApart(const Edge& edge, double widest) const {
+    if (edge.count < 2) return 1.0;
     const PicturePoint a = scene_.Project(edge.at(1));
     const PicturePoint b = scene_.Project(edge.at(2));
     const double across = std::abs(b.x - a.x) / (widest + 0.8 * label_pixels_);
-    const double down = std::abs(b.y - a.y) / (1.3 * label_pixels_);
-    return WholeStep(1.0 / std::max({across, down, 1e-6}));
+    const double down = std::abs(b.y - a.y) / (1.2 * label_pixels_);
+    return 1.0 / std::max({across, down, 1e-6});
   }
 
-  void DrawMark(const std::optional<GridCell>& cell, bool best) {
+  BoxPoint PointOf(GridCell cell) const {
+    return scene_.PointAt(cell.row, cell.column, cells_.grid.At(cell.row, cell.column));
+  }
+
+  bool MarksMeet(double size) const {
+    if (!cells_.best || !cells_.plateau) return false;
+    const PicturePoint a = scene_.Project(PointOf(*cells_.best));
+    const PicturePoint b = scene_.Project(PointOf(*cells_.plateau));
+    return std::hypot(a.x - b.x, a.y - b.y) < size;
+  }
+
+  // Behind a part of the surface a mark is a pale outline.
+  void DrawMark(const std::optional<GridCell>& cell, bool best, double size) {
     if (!cell) return;
-    const double value = cells_.grid.At(cell->row, cell->column);
-    const PicturePoint at = scene_.Project(scene_.PointAt(cell->row, cell->column, value));
-    picture_.Add(CellMark(best, at, kMarkSize * context_.scale));
+    const BoxPoint point = PointOf(*cell);
+    FillShape mark = CellMark(best, scene_.Project(point), size);
+    if (scene_.Hidden(point)) {
+      mark.fill.alpha = 0;
+      mark.outline = {255, 255, 255, 150};
+    }
+    picture_.Add(std::move(mark));
   }
 
-  void Text(const std::string& text, PicturePoint at, TextAlign align, int pixels, bool bold) {
-    const double width = context_.measure.Width(text, pixels, bold);
+  // The left end of a text that stands at `x`, and the same on the plot.
+  double BesideOf(const std::string& text, double x, TextAlign align, int pixels) const {
     const double before = align == TextAlign::kLeft ? 0.0 : align == TextAlign::kRight ? 1.0 : 0.5;
-    const double left =
-        std::clamp(at.x - before * width, 2.0, std::max(2.0, context_.size.width - width - 2.0));
+    return x - before * context_.measure.Width(text, pixels, false);
+  }
+  double LeftOf(const std::string& text, double x, TextAlign align, int pixels) const {
+    const double last = plot_.right - context_.measure.Width(text, pixels, false);
+    return std::clamp(BesideOf(text, x, align, pixels), plot_.left, std::max(plot_.left, last));
+  }
+
+  void Text(const std::string& text, PicturePoint at, TextAlign align, int pixels) {
+    const double left = LeftOf(text, at.x, align, pixels);
     picture_.Add(DrawText{.text = text,
                           .at = {std::round(left), std::round(at.y + kCapPart * pixels)},
                           .pixel_size = pixels,
-                          .bold = bold,
-                          .color = bold ? context_.theme.title : context_.theme.label});
+                          .color = context_.theme.label});
   }
 
   const DrawContext& context_;
   const ParameterCells& cells_;
   const SurfaceScene& scene_;
+  const PictureBox& plot_;
   ChartPicture& picture_;
   BoxPoint near_;
   int label_pixels_;
@@ -253,7 +299,7 @@ void SurfaceKind::Draw(const DrawContext& context,
   const ParameterCells cells(context.view);
   if (cells.grid.FilledCount() == 0) return;
   const SurfaceScene scene = SceneOf(context.view, cells.grid, scale.box);
-  Painter(context, cells, scene, picture).DrawAll();
+  Painter(context, cells, scene, scale.box, picture).DrawAll();
 }
 
 std::optional<ChartHit> SurfaceKind::HitAt(const ChartView& view,

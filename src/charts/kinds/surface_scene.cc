@@ -20,6 +20,9 @@ constexpr int kShades = 256;
 constexpr double kLeastLight = 0.35;
 constexpr double kWideFacet = 6.0;  // pixels from which facets show their edges
 constexpr double kEdgeLight = 0.78;
+constexpr double kPin = 0.12;       // half the width of a pin, in columns
+constexpr double kPinHead = 0.3;    // half the width of its head
+constexpr double kWidestPin = 5.0;  // half the widest one, in pixels
 
 // Node numbers 1, 1 + stride, ..., and the last one.
 std::vector<int> Nodes(int last, int stride) {
@@ -27,6 +30,11 @@ std::vector<int> Nodes(int last, int stride) {
   for (int node = 1; node < last; node += stride) nodes.push_back(node);
   nodes.push_back(last);
   return nodes;
+}
+
+// The entry of the ramp's table for a height of the box.
+std::size_t ShadeOf(double z) {
+  return static_cast<std::size_t>(std::lround((z - kGap) / (1.0 - kGap) * (kShades - 1)));
 }
 
 std::vector<PictureColor> RampTable(bool dark) {
@@ -77,9 +85,10 @@ double SurfaceScene::Nearness(const BoxPoint& point) const {
 }
 
 BoxPoint SurfaceScene::OnBase(double row, double column) const {
-  const double columns = std::max(1, grid_.Columns() - 1);
-  const double rows = std::max(1, grid_.Rows() - 1);
-  return {2.0 * (column - 1.0) / columns - 1.0, 1.0 - 2.0 * (row - 1.0) / rows, 0.0};
+  const auto along = [](double number, int count) {
+    return count < 2 ? 0.0 : 2.0 * (number - 1.0) / (count - 1) - 1.0;
+  };
+  return {along(column, grid_.Columns()), -along(row, grid_.Rows()), 0.0};
 }
 
 BoxPoint SurfaceScene::PointAt(double row, double column, double value) const {
@@ -115,23 +124,74 @@ PictureColor SurfaceScene::FacetColor(const std::array<BoxPoint, 4>& p,
   const double sign = nz < 0.0 ? -1.0 : 1.0;
   const double right = sign * (nx * right_x_ + ny * right_y_) / length;
   const double near = sign * (nx * near_x_ + ny * near_y_) / length;
-  const double light = std::max(0.0, -0.55 * right + 0.30 * near + 0.78 * up);
-  return Shaded(full, kLeastLight + (1.0 - kLeastLight) * std::min(1.0, light));
+  // Light from the sky reaches what is turned from the lamp, so that its colour can still be named.
+  const double light = 0.5 + 0.5 * (-0.55 * right + 0.30 * near + 0.78 * up);
+  return Shaded(full, kLeastLight + (1.0 - kLeastLight) * std::clamp(light, 0.0, 1.0));
+}
+
+// The height of the surface over a place of the base; below everything where it has none.
+double SurfaceScene::HeightAt(double x, double y) const {
+  const double column = 1.0 + (x + 1.0) / 2.0 * (grid_.Columns() - 1);
+  const double row = 1.0 + (1.0 - y) / 2.0 * (grid_.Rows() - 1);
+  const int left = static_cast<int>(column);
+  const int top = static_cast<int>(row);
+  if (!grid_.SquareFilled(top, left)) return -1.0;
+  const auto height = [&](int r, int c) { return PointAt(r, c, grid_.At(r, c)).z; };
+  const double u = column - left;
+  const double v = row - top;
+  return (1.0 - v) * ((1.0 - u) * height(top, left) + u * height(top, left + 1)) +
+         v * ((1.0 - u) * height(top + 1, left) + u * height(top + 1, left + 1));
+}
+
+// Goes from the point towards the reader, by half a cell a step.
+bool SurfaceScene::Hidden(const BoxPoint& point) const {
+  constexpr double kClear = 0.08;  // what stands that little before a mark does not hide it
+  if (rise_ < 1e-6) return false;  // seen from above
+  const double along = rise_ / std::max({1, grid_.Columns(), grid_.Rows()});
+  const double up = along * tilt_ / (rise_ * kHeight);
+  BoxPoint at = point;
+  while (std::abs(at.x) <= 1.0 && std::abs(at.y) <= 1.0 && at.z <= 1.0) {
+    if (HeightAt(at.x, at.y) > at.z + kClear) return true;
+    at = {at.x + along * near_x_, at.y + along * near_y_, at.z + up};
+  }
+  return false;
+}
+
+// A stem as wide as a part of a column and a head, both turned to the reader.
+void SurfaceScene::AddPin(GridCell cell, PictureColor color, FillFacets& drawn) const {
+  const PicturePoint foot = Project(OnBase(cell.row, cell.column));
+  const PicturePoint top = Project(PointAt(cell.row, cell.column, grid_.At(cell.row, cell.column)));
+  const double half = std::clamp(kPin * FacetWidth(), 0.75, kWidestPin);
+  const double head = std::clamp(kPinHead * FacetWidth(), 1.5, 2.0 * kWidestPin);
+  drawn.facets.push_back({{{{foot.x - half, foot.y},
+                            {foot.x + half, foot.y},
+                            {top.x + half, top.y},
+                            {top.x - half, top.y}}},
+                          Shaded(color, kEdgeLight)});
+  drawn.facets.push_back({{{{top.x, top.y - head},
+                            {top.x + head, top.y},
+                            {top.x, top.y + head},
+                            {top.x - head, top.y}}},
+                          color});
 }
 
 FillFacets SurfaceScene::Facets(int stride, bool dark) const {
   FillFacets drawn;
   if (FacetWidth() * stride > kWideFacet) drawn.outline = kEdgeLight;
-  if (grid_.Rows() < 2 || grid_.Columns() < 2) return drawn;
   std::vector<int> rows = Nodes(grid_.Rows(), stride);
   std::vector<int> columns = Nodes(grid_.Columns(), stride);
   // Towards the reader: rows count against y, columns with x.
   if (near_y_ > 0.0) std::reverse(rows.begin(), rows.end());
   if (near_x_ < 0.0) std::reverse(columns.begin(), columns.end());
   const std::vector<PictureColor> ramp = RampTable(dark);
-  drawn.facets.reserve((rows.size() - 1) * (columns.size() - 1));
-  for (std::size_t r = 0; r + 1 < rows.size(); ++r) {
-    for (std::size_t c = 0; c + 1 < columns.size(); ++c) {
+  drawn.facets.reserve(rows.size() * columns.size());
+  for (std::size_t r = 0; r < rows.size(); ++r) {
+    for (const int column : columns) {
+      if (!grid_.Lone(rows[r], column)) continue;
+      const double z = PointAt(rows[r], column, grid_.At(rows[r], column)).z;
+      AddPin({rows[r], column}, ramp[ShadeOf(z)], drawn);
+    }
+    for (std::size_t c = 0; r + 1 < rows.size() && c + 1 < columns.size(); ++c) {
       const std::array<GridCell, 4> cells = {{{rows[r], columns[c]},
                                               {rows[r], columns[c + 1]},
                                               {rows[r + 1], columns[c + 1]},
@@ -146,9 +206,7 @@ FillFacets SurfaceScene::Facets(int stride, bool dark) const {
         height += corners[i].z / 4.0;
       }
       if (!std::isfinite(height)) continue;
-      const auto shade =
-          static_cast<std::size_t>(std::lround((height - kGap) / (1.0 - kGap) * (kShades - 1)));
-      facet.color = FacetColor(corners, ramp[shade]);
+      facet.color = FacetColor(corners, ramp[ShadeOf(height)]);
       drawn.facets.push_back(facet);
     }
   }

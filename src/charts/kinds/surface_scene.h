@@ -39,6 +39,9 @@ class SurfaceScene {
   BoxPoint PointAt(double row, double column, double value) const;
   BoxPoint OnBase(double row, double column) const;
 
+  /// Whether a part of the surface stands before a point, seen by the reader.
+  bool Hidden(const BoxPoint& point) const;
+
   /// The corner of the base nearest to the reader: x and y are -1 or 1, z is 0.
   BoxPoint NearestCorner() const;
 
@@ -46,10 +49,13 @@ class SurfaceScene {
   double FacetWidth() const;
 
   /// The faces between each `stride` rows and columns, those behind first, coloured by height and
-  /// shaded by a light from the upper left of the reader; none where a corner is empty.
+  /// shaded by a light from the upper left of the reader; none where a corner is empty. A filled cell
+  /// that no face can reach stands on the base as a pin.
   FillFacets Facets(int stride, bool dark) const;
 
  private:
+  double HeightAt(double x, double y) const;
+  void AddPin(GridCell cell, PictureColor color, FillFacets& drawn) const;
   PictureColor FacetColor(const std::array<BoxPoint, 4>& corners, const PictureColor& full) const;
 
   const CellGrid& grid_;

@@ -107,6 +107,14 @@ std::string PlainText(double value, double step) {
 
 }  // namespace
 
+int WholeStep(double least) {
+  for (int power = 1;; power *= 10) {
+    for (const int step : {1, 2, 5}) {
+      if (step * power >= std::min(least, 1e6)) return step * power;
+    }
+  }
+}
+
 double RoundStep(double span, int most) {
   const double exact = span / most;
   const double power = std::pow(10.0, std::floor(std::log10(exact)));

@@ -51,6 +51,9 @@ struct ValueMark {
   bool zero = false;  ///< stands for no change, or 0
 };
 
+/// 1, 2, 5, 10, 20, 50, ...: the first at or above `least`; at most a million.
+int WholeStep(double least);
+
 /// The smallest step of 1, 2, 2.5 or 5 times a power of ten that divides `span` (above 0) into at
 /// most `most` (at least 1) steps.
 double RoundStep(double span, int most);

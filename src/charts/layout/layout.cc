@@ -105,12 +105,4 @@ std::string ElideText(const DrawContext& context,
   return MiddleElided(text, starts, fits);
 }
 
-int RoundFactor(int least) {
-  for (int power = 1;; power *= 10) {
-    for (const int step : {1, 2, 5}) {
-      if (step * power >= least) return step * power;
-    }
-  }
-}
-
 }  // namespace vistaplot

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "charts/kinds/cell_grid.h"
 #include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
@@ -69,7 +70,7 @@ int LabelSpacing(const ChartView& view, const LabelRow& labels, double row_width
       std::max(labels.Width(view.RowLabelAt(1)), labels.Width(view.RowLabelAt(last)));
   const double needed = (width + labels.Gap()) / (wanted * row_width);
   const int factor = static_cast<int>(std::ceil(std::clamp(needed, 1.0, 1e6)));
-  return wanted * (scale.Auto || wanted == 1 ? RoundFactor(factor) : factor);
+  return wanted * (scale.Auto || wanted == 1 ? WholeStep(factor) : factor);
 }
 
 // Rows from tick to tick, so far apart that ticks can be told.
@@ -128,9 +129,7 @@ void DrawColumnAxis(const DrawContext& context, const ChartFrame& frame, ChartPi
     widest = std::max(widest, labels.Width(kind.ColumnText(view, column)));
   }
   const double apart = frame.scale.X(2.0) - frame.scale.X(1.0);
-  const double needed = std::clamp((widest + labels.Gap()) / apart, 1.0, 1e6);
-  const int step = RoundFactor(static_cast<int>(std::ceil(needed)));
-  for (int column = 1; column <= columns; column += step) {
+  for (const int column : LabelledColumns(view, (widest + labels.Gap()) / apart)) {
     labels.Put({frame.scale.X(column), kind.ColumnText(view, column)}, picture);
     DrawTick(context, frame, frame.scale.X(column), kLabelTick, picture);
   }
@@ -155,7 +154,8 @@ void DrawNumberAxis(const DrawContext& context, const ChartFrame& frame, ChartPi
 }  // namespace
 
 void DrawValueAxis(const DrawContext& context, const ChartFrame& frame, ChartPicture& picture) {
-  const int pixels = context.FontPixels(context.view.Plot.Axis[1].Labels.VtFont.Size);
+  const int pixels =
+      context.FontPixels(context.view.Plot.Axis[AxesOf(context.view).upright].Labels.VtFont.Size);
   const double hair = HairLine(context);
   const PictureBox& box = frame.scale.box;
   for (const ValueMark& mark : frame.marks) {

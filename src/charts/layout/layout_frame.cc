@@ -2,6 +2,7 @@
 #include <cmath>
 #include <optional>
 
+#include "charts/kinds/cell_grid.h"
 #include "charts/layout/layout_parts.h"
 
 namespace vistaplot {
@@ -23,17 +24,6 @@ bool AtBottom(const ChartText& text) {
 
 bool Upwards(const ChartText& text) {
   return text.TextLayout.Orientation == kOrientationVertical;
-}
-
-// The numbers of the axes whose labels and titles stand below and beside the plot.
-struct FrameAxes {
-  std::size_t across = 0;
-  std::size_t upright = 1;
-};
-
-FrameAxes AxesOf(const ChartView& view) {
-  if (KindOf(view).Positions() == PositionAxis::kCells) return {3, 0};
-  return {};
 }
 
 // The kind draws its axes itself.
@@ -150,9 +140,8 @@ std::vector<ValueMark> CellMarks(const ChartView& view, int most) {
   const Kind& kind = KindOf(view);
   std::vector<ValueMark> marks;
   const int rows = view.rowcount();
-  const int step = RoundFactor((rows + most - 1) / most);
-  for (int height = 1; height <= rows; height += step) {
-    marks.push_back({static_cast<double>(height), kind.RowText(view, rows + 1 - height), false});
+  for (const int height : LabelledRows(view, 1.0 * rows / most)) {
+    marks.push_back({1.0 * height, kind.RowText(view, rows + 1 - height), false});
   }
   return marks;
 }
@@ -294,6 +283,11 @@ std::optional<SideEdges> CommonEdges(const DrawContext& context) {
 }
 
 }  // namespace
+
+FrameAxes AxesOf(const ChartView& view) {
+  if (KindOf(view).Positions() == PositionAxis::kCells) return {3, 0};
+  return {};
+}
 
 double TextScale(PictureSize size) {
   constexpr PictureSize kDesignSize{640.0, 480.0};

@@ -2,6 +2,7 @@
 // own sources.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,9 +12,6 @@
 #include "charts/kinds/value_range.h"
 
 namespace vistaplot {
-
-/// 1, 2, 5, 10, 20, 50, ...: the first at or above `least`.
-int RoundFactor(int least);
 
 /// Text metrics of the charts' fonts as parts of the pixel size.
 inline constexpr double kCapHeight = 0.73;
@@ -68,6 +66,13 @@ struct ChartFrame {
   LegendPlan legend;
   PicturePoint legend_at;
 };
+
+/// The numbers of the axes whose labels and titles stand below and beside the plot.
+struct FrameAxes {
+  std::size_t across = 0;
+  std::size_t upright = 1;
+};
+FrameAxes AxesOf(const ChartView& view);
 
 /// How much larger than at 640 by 480 texts and margins are.
 double TextScale(PictureSize size);

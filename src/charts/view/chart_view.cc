@@ -7,6 +7,11 @@
 #include "charts/view/palette.h"
 
 namespace vistaplot {
+namespace {
+
+constexpr double kTitleSize = 12.0;  // points, where a builder states none
+
+}  // namespace
 
 ChartDataPoint& ChartDataPoints::Item(int point) {
   if (items.empty() || items.back().first < point) {
@@ -22,6 +27,7 @@ void ChartView::ToDefaults() {
   ChartType = kChartCombination;
   TitleText.clear();
   title = {};
+  title.VtFont.Size = kTitleSize;
   Legend = {};
   Footnote = {};
   WhyEmpty.clear();

@@ -281,7 +281,7 @@ void ReadOutLine::paintEvent(QPaintEvent* /*event*/) {
       painter.setBrush(QtColor(theme_.guide));
       painter.drawRoundedRect(place.adjusted(-kMarkGap, 2, -kCellGap / 2, -1), 4, 4);
     }
-    if (!marks_[i].isValid()) continue;
+    if (!marks_[i].isValid() || marks_[i].alpha() == 0) continue;
     const int top = place.top() + (place.height() - kMark) / 2;
     painter.fillRect(QRect(place.left(), top, kMark, kMark), marks_[i]);
   }

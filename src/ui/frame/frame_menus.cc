@@ -185,6 +185,11 @@ constexpr KeyText kChart[] = {{"Left, Right", "cross-hair to the day before, aft
                               {"Wheel", "earlier, later days"},
                               {"Ctrl+wheel", "shorter, longer time period"}};
 
+constexpr KeyText kCells[] = {{"Arrows", "contour: from cell to cell; surface: turn and tilt"},
+                              {"Shift+arrows", "surface: from cell to cell"},
+                              {"Home", "surface: as it was turned at first"},
+                              {"Enter, double click", "show the case on the data screen"}};
+
 constexpr double kMostOfDisplay = 0.9;
 constexpr int kGroupGap = 14;  ///< pixels above a group that is not the first
 constexpr int kColumnGap = 40;
@@ -220,7 +225,8 @@ QWidget* Groups() {
   auto* page = new QWidget;
   auto* columns = new QHBoxLayout(page);
   columns->setSpacing(kColumnGap);
-  columns->addLayout(Column({{"Everywhere", kEverywhere}, {"Lists", kLists}}));
+  columns->addLayout(
+      Column({{"Everywhere", kEverywhere}, {"Lists", kLists}, {"Contour and surface", kCells}}));
   columns->addLayout(Column({{"Data screen", kData}, {"Chart", kChart}}));
   return page;
 }

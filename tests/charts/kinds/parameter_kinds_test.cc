@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
-#include "base/number_text.h"
-#include "base/text.h"
 #include "charts/kinds/cell_grid.h"
 #include "charts/kinds/facet_raster.h"
 #include "charts/kinds/iso_regions.h"
@@ -17,19 +17,6 @@
 
 namespace vistaplot::test {
 namespace {
-
-/// Fills `view` from lines of blank-separated numbers, row 1 first; "-" leaves a cell empty.
-void FillCellView(std::string_view lines, ChartView& view) {
-  int row = 0;
-  for (const std::string_view line : Split(lines, '\n')) {
-    const auto cells = Split(line, ' ');
-    view.rowcount(++row);
-    view.ColumnCount(static_cast<int>(cells.size()));
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      view.SetData(row, static_cast<int>(i) + 1, LeadingNumber(cells[i]), cells[i] == "-");
-    }
-  }
-}
 
 // Buy 10, 20, 30 across, sell 5, 10, ... upwards.
 ChartView Chart(std::string_view lines, FigureKind kind) {
@@ -89,6 +76,30 @@ TEST(ContourChart, ASingleRowIsBarsOfColour) {
   EXPECT_EQ(picture.scale.first_position, 0.5);
 }
 
+TEST(ContourChart, LabelsStandAtRoundNumbersWhereThereAreAny) {
+  struct Case {
+    double first, step;
+    int count;
+    double least;
+    std::vector<int> places;
+  };
+  for (const Case& c : {Case{1, 1, 1000, 201.0, {500, 1000}},
+                        Case{5, 5, 6, 1.2, {2, 4, 6}},
+                        Case{0.25, 0.25, 8, 3.0, {5}},
+                        Case{7, 10, 5, 2.0, {1, 3, 5}},
+                        Case{20, 10, 2, 1e9, {1}},
+                        Case{3, 9996, 1, 0.1, {1}}}) {
+    ChartView view;
+    view.ColumnCount(c.count);
+    view.rowcount(c.count);
+    view.facts.cells.first_x = c.first;
+    view.facts.cells.step_x = view.facts.cells.step_y = c.step;
+    view.facts.cells.first_y = c.first + (c.count - 1) * c.step;
+    EXPECT_EQ(LabelledColumns(view, c.least), c.places) << c.first;
+    EXPECT_EQ(LabelledRows(view, c.least), c.places) << c.first;
+  }
+}
+
 TEST(ContourChart, TheCrossHairGoesFromCellToCellAndReadsRankAndPlateau) {
   const ChartView view = Chart("1 2 3\n4 9 6\n7 8 -", FigureKind::kContour);
   const StopList stops = KindOf(view).Stops(view);
@@ -127,6 +138,30 @@ TEST(SurfaceChart, DrawsAFaceASquareAndTurnsWithoutTouchingTheData) {
   ResetSurface(view);
   EXPECT_EQ(FacesOf(Draw(view)).facets[0].corners[0].x, before.facets[0].corners[0].x);
   EXPECT_TRUE(KindOf(view).Turns());
+}
+
+TEST(SurfaceChart, CellsThatNoFaceReachesStandAsPins) {
+  for (const auto& [cells, facets] : {std::pair{"1 - 3\n- 5 -\n7 - 9", 10U},
+                                      {"1 2 3", 6U},
+                                      {"4", 2U},
+                                      {"1 2 -\n4 5 -\n- - 9", 3U}}) {
+    const ChartPicture picture = Draw(Chart(cells, FigureKind::kSurface));
+    EXPECT_EQ(FacesOf(picture).facets.size(), facets) << cells;
+  }
+}
+
+TEST(SurfaceChart, AMarkBehindTheSurfaceIsAnOutlineAndBothMarksOfOneCellAreSeen) {
+  for (const double elevation : {30.0, 90.0}) {
+    ChartView view = Chart("9 9 9 9\n9 1 1 9\n9 1 0 9\n9 9 9 9", FigureKind::kSurface);
+    view.facts.cells.lower_is_better = true;
+    view.facts.cells.turn.elevation = elevation;
+    const auto marks = ItemsOf<FillShape>(Draw(view));
+    ASSERT_GE(marks.size(), 2U);
+    EXPECT_EQ(marks.back().fill.alpha, elevation < 90.0 ? 0 : 255) << elevation;
+  }
+  const auto marks = ItemsOf<FillShape>(
+      Draw(Chart("1 1 1 1 1\n1 8 8 8 1\n1 8 9 8 1\n1 8 8 8 1\n1 1 1 1 1", FigureKind::kContour)));
+  EXPECT_GT(marks[marks.size() - 2].width, 1.5 * marks.back().width) << "a diamond about the star";
 }
 
 TEST(SurfaceChart, TheCellUnderThePointerIsTheOneSeen) {

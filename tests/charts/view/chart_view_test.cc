@@ -74,7 +74,7 @@ TEST(ChartView, LeavesNothingOfAnEarlierChart) {
   view.ColumnCount(1);
   EXPECT_FALSE(view.HasPoint(1, 1));
   EXPECT_EQ(view.RowLabelAt(1), "R1");
-  EXPECT_EQ(view.title.VtFont.Size, ChartText{}.VtFont.Size);
+  EXPECT_EQ(view.title.VtFont.Size, 12.0);
   EXPECT_FALSE(view.Plot.Axis[1].AxisScale.Hide);
 }
 

@@ -61,8 +61,8 @@ struct ChartWorld {
     return QPointF(scale.X(row), scale.Y(box.view.DataAt(row, series))).toPoint();
   }
 
-  std::string Key(Qt::Key key) {
-    QTest::keyClick(&chart, key);
+  std::string Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&chart, key, modifiers);
     return chart.ReadOutText().toStdString();
   }
 
@@ -169,6 +169,62 @@ TEST_F(ChartTest, AClickOnAPointSelectsItAndSoDoesEnter) {
   EXPECT_EQ(selections.size(), 3U);
   EXPECT_EQ(chart.ReadOutText(), "");
 }
+
+class CellTest : public ChartTest, public testing::WithParamInterface<FigureKind> {
+ protected:
+  CellTest() {
+    box.view.ToDefaults();
+    FillCellView("1 2 3\n4 9 6\n7 8 -", box.view);
+    box.view.TitleText = "Ra";
+    box.view.facts.kind = GetParam();
+    box.view.facts.cells.first_y = 3.0;
+    box.CellOpened = [this](int row, int column) {
+      opened += std::to_string(10 * row + column) + " ";
+    };
+    Refresh();
+  }
+
+  QPoint PlaceOfCell(int row, int column) const {
+    const QSizeF size = chart.ChartSize();
+    const auto picture = LayoutChart(box.view, {size.width(), size.height()}, PictureTexts());
+    const auto seen = KindOf(box.view).PlaceOf(box.view, picture, row, column);
+    const PlotScale& scale = picture.scale;
+    return seen ? QPointF(seen->x, seen->y).toPoint()
+                : QPointF(scale.X(column), scale.Y(box.view.rowcount() + 1 - row)).toPoint();
+  }
+
+  QImage Grab() { return chart.grab().toImage(); }
+
+  std::string opened;
+};
+
+TEST_P(CellTest, IsReadOffMarkedAndOpened) {
+  const bool surface = GetParam() == FigureKind::kSurface;
+  const auto arrows = surface ? Qt::ShiftModifier : Qt::NoModifier;
+  const QImage before = Grab();
+  EXPECT_EQ(Key(Qt::Key_Return), "2, 2, Ra 9, rank 1 of 8, plateau 4.428571") << "the best";
+  EXPECT_NE(Grab(), before) << "marked";
+  EXPECT_EQ(Key(Qt::Key_Right, arrows), "3, 2, Ra 6, rank 4 of 8, plateau 5.5");
+  Key(Qt::Key_Up, arrows);
+  Key(Qt::Key_Enter);
+  EXPECT_TRUE(chart.findChild<ReadOutLine*>()->isVisible());
+  QTest::mouseMove(&chart, PlaceOfCell(3, 1));
+  EXPECT_EQ(chart.ReadOutText().toStdString(), "1, 1, Ra 7, rank 3 of 8, plateau 7");
+  for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+    QTest::mouseDClick(&chart, button, {}, PlaceOfCell(3, 1));
+  }
+  EXPECT_EQ(opened, "22 13 31 ");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Grab(), before);
+  EXPECT_EQ(Key(Qt::Key_Left).empty(), surface) << "the plain arrow turns a surface";
+  EXPECT_NE(Grab(), before);
+  Key(surface ? Qt::Key_Home : Qt::Key_Escape);
+  EXPECT_EQ(Grab(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds,
+                         CellTest,
+                         testing::Values(FigureKind::kContour, FigureKind::kSurface));
 
 TEST_F(ChartTest, AClickBesideAPointMeansTheDayThatIsReadOff) {
   Draw(1, 100);
