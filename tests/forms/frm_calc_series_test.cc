@@ -41,7 +41,11 @@ TEST(FrmCalc, TheFnuChooserProposesWhatTheFileHolds) {
   EXPECT_EQ(world.dialogs.inputs[1].proposed, "ABC");
   EXPECT_EQ(world.calc.beta.txtFnuTitle.Text(), "New title");
   EXPECT_EQ(world.calc.beta.txtFnuSymbol.Text(), "") << "a cancelled box gives no text";
-  EXPECT_EQ(world.dialogs.save_requests[0].initial_folder, world.folder.Path());
+  world.calc.beta.txtFnuSymbol.SetText("OLD");
+  world.dialogs.save_answers = {world.Path("NEW.FNU")};
+  world.calc.cmdFnuFile_Click();
+  EXPECT_EQ(world.dialogs.inputs[2].proposed + world.dialogs.inputs[3].proposed, "")
+      << "a new file has neither title nor symbol";
 }
 
 TEST(FrmCalc, GivingUpTheFnuChooserChangesNothing) {
@@ -127,6 +131,7 @@ TEST(FrmCalc, AMissingFamilyIsTriedOnceUnderTheFirstListedName) {
   EXPECT_EQ(
       world.NewMessages(),
       (Texts{"Error AD family: 53 File not found " + world.folder.Path() + "\\USERDEF\\TRIO.FAM"}));
+  EXPECT_EQ(world.state.table.SheetAt(1).SheetName, "c:\\ql\\no") << "named before it is read";
   world.WriteFamily("USERDEF/TRIO.FAM", {});
   world.calc.family.txtADFamSymbol.SetText("AD");
   world.calc.cmdADFam_Click();
@@ -193,6 +198,8 @@ TEST(FrmCalc, ARefusedBetaSeriesLeavesTheTableAsItWas) {
   EXPECT_EQ(sheet.MaxCol, 4);
   EXPECT_EQ(sheet.CellText(1, 5), "");
   EXPECT_EQ(world.File("b.fnu"), "53 File not found");
+  EXPECT_EQ(world.screens.frmMain.pnlAction.Caption(), "");
+  EXPECT_EQ(world.calc.Pointer(), MousePointer::kDefault);
 }
 
 TEST(FrmCalc, BetaStaysWithinFive) {

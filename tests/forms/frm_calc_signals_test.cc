@@ -95,6 +95,7 @@ TEST(FrmCalcSignals, TheOtherBoxesAreCheckedAsTheyAreLeft) {
   EXPECT_EQ(world.frame.txtDelay.Text(), "0");
   world.Type(world.frame.txtSigInFund, "ccc");
   EXPECT_EQ(world.frame.txtSigInFund.Text(), "CCC");
+  world.Type(world.frame.txtSigInFund, "");
   world.Type(world.frame.txtSigOutFund, "zz");
   EXPECT_EQ(world.NewMessages(), (Texts{"Fund ZZ not found, please re-enter"}));
   world.Type(world.frame.txtStartDate, "2/1/01");
@@ -109,19 +110,58 @@ TEST(FrmCalcSignals, TheOtherBoxesAreCheckedAsTheyAreLeft) {
 
 TEST(FrmCalcSignals, TheTwoDimensionalBoxShowsTheSellRange) {
   SignalWorld world;
-  EXPECT_FALSE(world.frame.txtSigRange[2].Visible());
+  const auto shown = [&frame = world.frame] {
+    std::string all = frame.lblSigRange[0].Caption();
+    for (std::size_t i = 0; i < 4; ++i) {
+      if (frame.lblSigRange[i].Visible()) all += " l" + std::to_string(i);
+      if (frame.txtSigRange[i].Visible()) all += " t" + std::to_string(i);
+    }
+    return all;
+  };
+  const std::string one = "Buy and Sell Range l0 t0 l1 t1";
+  EXPECT_EQ(shown(), one);
   world.frame.chkSigRange.SetChecked(true);
-  EXPECT_TRUE(world.frame.txtSigRange[3].Visible());
-  EXPECT_TRUE(world.frame.lblSigRange[3].Visible());
-  EXPECT_EQ(world.frame.lblSigRange[0].Caption(), "     Buy Range");
+  EXPECT_EQ(shown(), "     Buy Range l0 t0 l1 t1 l2 t2 l3 t3");
   world.frame.chkSigRange.SetChecked(false);
-  EXPECT_FALSE(world.frame.lblSigRange[2].Visible());
-  EXPECT_EQ(world.frame.lblSigRange[0].Caption(), "Buy and Sell Range");
+  EXPECT_EQ(shown(), one);
+}
+
+TEST(FrmCalcSignals, EachChooserAsksForItsKindOfFile) {
+  SignalWorld world;
+  world.state.market.QuotelineDir = "Q";
+  world.state.directories.ProgramDir = "P ";
+  SignalFrame& frame = world.frame;
+  for (CheckBox* box :
+       {&frame.chkSigSumFile, &frame.chkSigDetFile, &frame.chkCompSigFile, &frame.chkCompFile}) {
+    box->SetChecked(true);
+  }
+  world.calc.cmdSigFamFile_Click();
+  world.calc.cmdSaveParms_Click();
+  world.calc.cmdLoadParms_Click();
+  Texts asked;
+  std::vector<FileRequest> requests = world.dialogs.save_requests;
+  requests.push_back(world.dialogs.open_requests.back());
+  for (const FileRequest& request : requests) {
+    asked.push_back(request.title + "; " + request.filter + " " + request.file_name + " " +
+                    request.default_extension + " in " + request.initial_folder +
+                    (request.overwrite_prompt ? " asks" : ""));
+  }
+  const std::string both = "Parameters (*.SPA)|*.SPA|All (*.*)|*.* *.SPA ";
+  EXPECT_EQ(asked,
+            (Texts{"Select Signal Summary File; SSM (*.SSM)|*.SSM| *.SSM *.SSM in P  asks",
+                   "Select Signal Detail File; SDT (*.SDT)|*.SDT| *.SDT *.SDT in P  asks",
+                   "Select Signal File; SIG (*.SIG)|*.SIG| *.SIG *.SIG in Q\\SIG asks",
+                   "Select FNU File; FNU (*.FNU)|*.FNU| *.FNU *.FNU in Q asks",
+                   "Select Signal Family File; SFM (*.SFM)|*.SFM| *.SFM *.SFM in P asks",
+                   "Select Parameter Save File; " + both + "*.SPA in P asks",
+                   "Select Parameter File; " + both + " in P"}));
 }
 
 TEST(FrmCalcSignals, ASignalFamilyLoadsBackAndAsksBeforeItOverlays) {
   SignalWorld world;
+  world.frame.txtSigRange[1].SetText("1");
   world.calc.CmdSaveSigFam_Click();
+  EXPECT_EQ(world.frame.txtSigRange[1].Text(), "1") << "nothing was loaded";
   EXPECT_EQ(world.NewMessages(),
             (Texts{kNoFile, "Please select a Signal Family File Name before saving"}));
   world.dialogs.save_answers = {world.Path("A.SFM")};
