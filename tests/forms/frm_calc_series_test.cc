@@ -46,6 +46,9 @@ TEST(FrmCalc, TheFnuChooserProposesWhatTheFileHolds) {
   world.calc.cmdFnuFile_Click();
   EXPECT_EQ(world.dialogs.inputs[2].proposed + world.dialogs.inputs[3].proposed, "")
       << "a new file has neither title nor symbol";
+  world.dialogs.save_answers = {world.Path("OLD.FNU")};
+  world.calc.cmdFnuFile_Click();
+  EXPECT_EQ(world.calc.beta.txtFnuTitle.Text(), "") << "cancelled";
 }
 
 TEST(FrmCalc, GivingUpTheFnuChooserChangesNothing) {
@@ -64,6 +67,7 @@ TEST(FrmCalc, AnFnuFileThatEndsTooEarlyEndsTheProgramButNotFromTheCheckBox) {
   world.calc.summary.chkCompFile.SetChecked(true);
   EXPECT_EQ(world.NewMessages(), (Texts{"error: 62 Input past end of file"}));
   EXPECT_FALSE(world.dialogs.ended);
+  EXPECT_TRUE(world.calc.summary.chkCompFile.Checked());
   world.calc.cmdADFamFile_Click();
   EXPECT_EQ(world.NewMessages(), (Texts{"error: 62 Input past end of file"}));
   EXPECT_TRUE(world.dialogs.ended_fatally);
@@ -95,9 +99,10 @@ TEST(FrmCalc, TheExchangeLineAddsAdvancersLessDecliners) {
 
 TEST(FrmCalc, AMissingBreadthIssueStopsBeforeTheFile) {
   CalcWorld world;
+  world.calc.cmdAD_Click();
   world.quoteline.AddIssue("$NADV", {7.0F}, 5);
   world.calc.cmdAD_Click();
-  EXPECT_EQ(world.NewMessages(), (Texts{"Fund $DECL not found"}));
+  EXPECT_EQ(world.NewMessages(), (Texts{"Fund $NADV not found", "Fund $DECL not found"}));
   EXPECT_EQ(world.File("NYADL.FNU"), "53 File not found");
   EXPECT_EQ(world.calc.Pointer(), MousePointer::kDefault);
 }
@@ -139,7 +144,11 @@ TEST(FrmCalc, AMissingFamilyIsTriedOnceUnderTheFirstListedName) {
   EXPECT_TRUE(world.File("a.fnu").ends_with("\"10/27/2001\",0,0\r\n"));
   world.screens.frmTab.lists.OptSelect.SetListIndex(1);
   world.calc.cmdADFam_Click();
-  EXPECT_EQ(world.NewMessages(), (Texts{"Error AD family: 53 File not found"}));
+  world.screens.frmTab.lists.OptSelect.SetListIndex(0);
+  world.calc.family.txtADFamFam.SetText("c:\\ql\\none\\none.fam");
+  world.calc.cmdADFam_Click();
+  EXPECT_EQ(world.NewMessages(),
+            (Texts{"Error AD family: 53 File not found", "Error AD family: 76 Path not found"}));
 }
 
 TEST(FrmCalc, ASideFileThatCannotBeMadeLeavesTheFilesAsFarAsTheyGot) {
@@ -176,6 +185,9 @@ TEST(FrmCalc, ABetaSeriesIsAFileAndAColumn) {
   EXPECT_EQ(sheet.CellText(102, 5), "110");
   EXPECT_EQ(world.Head("b.fnu", 3), "TWICE||\"01/01/2001\",100,0");
   EXPECT_EQ(world.state.selection.SelectedColumns, (std::vector<std::int16_t>{4}));
+  world.SelectColumns(2, 2);
+  world.calc.CmdBetaFnu_Click();
+  EXPECT_EQ(world.state.selection.SelectedColumns, (std::vector<std::int16_t>{2}));
 }
 
 TEST(FrmCalc, ARefusedBetaSeriesLeavesTheTableAsItWas) {

@@ -231,6 +231,7 @@ TEST(FrmCalcSignals, ABoxThatParametersClearEmptiesWhatWasJustLoaded) {
   world.dialogs.open_answers = {
       {world.Path("A.SPA")}, {world.Path("B.SPA")}, {world.Path("C.SPA")}};
   world.Type(world.frame.txtStartDate, "02/01/2001");
+  world.frame.txtDelay.SetText("0");
   world.calc.cmdLoadParms_Click();
   EXPECT_EQ(world.frame.txtCompSymbol.Text(), "");
   EXPECT_EQ(world.frame.txtSigDetFile.Text(), "");
