@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <random>
+#include <string>
 
 #include "calc/signal_walk.h"
 #include "support/signal_world.h"
@@ -98,16 +99,18 @@ TEST(SignalCases, TheSellThresholdRunsWithinTheBuyThreshold) {
   test.buy_to = 3;
   test.sell_from = 5;
   test.sell_to = 7;
-  const SignalCases line(market, test);
-  EXPECT_EQ(line.Count(), 2);
-  EXPECT_EQ(line.Thresholds(2).sell, 3);
+  const auto pairs = [&] {
+    const SignalCases cases(market, test);
+    std::string text;
+    for (int number = 1; number <= cases.Count(); ++number) {
+      const auto [buy, sell] = cases.Thresholds(number);
+      text += std::to_string(buy) + '/' + std::to_string(sell) + ' ';
+    }
+    return text;
+  };
+  EXPECT_EQ(pairs(), "2/2 3/3 ");
   test.two_dimensional = true;
-  const SignalCases grid(market, test);
-  EXPECT_EQ(grid.Count(), 6);
-  EXPECT_EQ(grid.Thresholds(3).buy, 2);
-  EXPECT_EQ(grid.Thresholds(3).sell, 7);
-  EXPECT_EQ(grid.Thresholds(4).buy, 3);
-  EXPECT_EQ(grid.Thresholds(4).sell, 5);
+  EXPECT_EQ(pairs(), "2/5 2/6 2/7 3/5 3/6 3/7 ");
 }
 
 TEST(SignalCases, RangesWithoutAResultAreRefused) {

@@ -44,12 +44,6 @@ TEST(SignalWalk, TradesADayAfterTheSignalAndClosesOnTheEndDay) {
   EXPECT_EQ(walk.first_day, 1);
   // 25 % below the peak on day 4, 1/6 on days 5 and 6
   EXPECT_NEAR(walk.ulcer_sum, 625.0 + 2.0 * 10000.0 / 36.0, 1e-3);
-}
-
-TEST(SignalWalk, TheCurveHasTheValueOfEachPricedDay) {
-  CaseLog log;
-  WalkCase(kSixDays.Market(), kSixDays.AllDays(), {1, 1}, &log);
-  const float loss = static_cast<float>(10.0 / 12.0);
   const std::vector<EquityPoint> curve = {
       {1, 1.0F}, {2, 1.0F}, {3, 1.0F}, {4, 0.75F}, {5, loss}, {6, loss}};
   EXPECT_EQ(log.curve, curve);

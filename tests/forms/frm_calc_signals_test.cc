@@ -278,10 +278,29 @@ TEST(FrmCalcSignals, ARunWritesSheetsAndFilesThatAgree) {
             "\"314Vistaplot Composite Signal\"\r\nS,01/01/2001\r\nB,01/11/2001\r\nS,01/31/2001\r\n"
             "S,01/01/2001\r\nB,01/21/2001\r\nS,01/31/2001\r\n");
   EXPECT_EQ(world.Head("R.FNU", 3), "BOTH|Both|\"01/01/2001\",1,0");
-  EXPECT_TRUE(world.state.flags.ComputedSummaryShown && world.state.flags.ResultFileLoaded);
+  EXPECT_TRUE(world.state.flags.ComputedSummaryShown && world.state.flags.ResultFileLoaded &&
+              world.state.flags.KestrelixLoaded);
   EXPECT_EQ(world.screens.frmTab.cboDataType.ListIndex(), 4);
   EXPECT_TRUE(world.screens.frmMain.mnuEditSort.Enabled());
   EXPECT_FALSE(world.screens.frmMain.pnlMeter.Visible());
+}
+
+TEST(FrmCalcSignals, ARunFollowsDaysDelayAndBothRangesOfItsBoxes) {
+  SignalWorld world;
+  world.Type(world.frame.txtStartDate, "01/05/2001");
+  world.Type(world.frame.txtEndDate, "02/09/2001");
+  world.frame.txtDelay.SetText("0");
+  world.frame.chkSigRange.SetChecked(true);
+  world.Type(world.frame.txtSigRange[2], "0");
+  world.Type(world.frame.txtSigRange[3], "1");
+  world.calc.cmdSigSum_Click();
+  ASSERT_EQ(world.state.table.SheetCount(), 2);
+  EXPECT_EQ(world.state.table.SheetAt(2).MaxRow, 6);
+  EXPECT_EQ(world.Row(2, 4), "2|1|1|276.638|41.7|2.432|02/09/01|0.836|324.331|25.00|");
+  EXPECT_EQ(world.Row(2, 5), "3|2|0|15.931|41.7|3.797|01/21/01|1.823|5.775|25.00|");
+  world.frame.txtSigRange[0].SetText("40000");
+  world.calc.cmdSigSum_Click();
+  EXPECT_EQ(world.NewMessages(), (Texts{"error: 6 Overflow: txtSigRange"}));
 }
 
 TEST(FrmCalcSignals, ARefusedRunTouchesNothing) {
@@ -310,13 +329,31 @@ TEST(FrmCalcSignals, ARefusedRunTouchesNothing) {
 TEST(FrmCalcSignals, AnOutputFileThatCannotBeMadeEndsTheRun) {
   SignalWorld world;
   world.WantFiles();
-  world.frame.txtCompSigFile.SetText(world.Path("no/R.SIG"));
-  world.calc.cmdSigSum_Click();
-  EXPECT_EQ(world.NewMessages(),
-            (Texts{"Composite Signal path not found.  Please check detail file name path to make "
-                   "sure it is a valid directory and DOS name (1-8 characters.1-3 characters).  "
-                   "For example, C:\\ZEPHYR\\TEST.DET"}));
-  EXPECT_FALSE(world.state.flags.ResultFileLoaded);
+  const std::pair<TextBox*, std::string> outputs[] = {
+      {&world.frame.txtSigSumFile, "Sig Summary"},
+      {&world.frame.txtCompFile, "Sig Comp"},
+      {&world.frame.txtSigDetFile, "Sig Detail"},
+      {&world.frame.txtCompSigFile, "Composite Signal"}};
+  for (const auto& [box, kind] : outputs) {
+    const std::string named = box->Text();
+    for (const std::string& wrong : {world.Path("no/R"), std::string()}) {
+      box->SetText(wrong);
+      world.calc.cmdSigSum_Click();
+    }
+    box->SetText(named);
+    const std::string end =
+        "DOS name (1-8 characters.1-3 characters).  For example, C:\\ZEPHYR\\TEST.DET";
+    EXPECT_EQ(world.NewMessages(),
+              (Texts{kind +
+                         " path not found.  Please check detail file name path to make sure it is "
+                         "a valid directory and " +
+                         end,
+                     kind +
+                         " file not found.  Please check detail file name and path to make sure it "
+                         "is a valid " +
+                         end}));
+    EXPECT_FALSE(world.state.flags.ResultFileLoaded);
+  }
   EXPECT_EQ(world.File("R.SSM"), "") << "made before the other failed";
   world.folder.MakeFolder("F");
   world.frame.txtCompSigFile.SetText(world.Path("F"));
