@@ -128,6 +128,11 @@ TEST(Palette, ContrastIsThatOfTheGuidelines) {
 }
 
 TEST(Palette, EveryColourIsSeenOnBothGrounds) {
+  for (int s = 2; s <= 30; ++s) {
+    for (int other = 1; other < s; ++other) {
+      EXPECT_NE(DefaultSeriesColor(s), DefaultSeriesColor(other)) << s << " " << other;
+    }
+  }
   for (const ChartTheme& theme : {LightTheme(), DarkTheme()}) {
     for (int s = 1; s <= 60; ++s) {
       EXPECT_GE(Contrast(InkOn(theme, DefaultSeriesColor(s)), theme.background), kLeastContrast)
