@@ -60,8 +60,10 @@ class DriveAdapter : public ControlAdapter {
       const std::string drive = std::string(1, letter) + ':';
       if (FolderExists(HostPath(drive + '/', *parts.roots))) combo_->addItem(QtText(drive));
     }
-    combo_->setPlaceholderText(combo_->count() == 0 ? QStringLiteral("no drives")
-                                                    : QStringLiteral("drive"));
+    const bool has_drives = combo_->count() > 0;
+    combo_->setPlaceholderText(has_drives ? QStringLiteral("drive") : QStringLiteral("no drives"));
+    // The keyboard then goes to the folder's line at once.
+    if (!has_drives) combo_->setFocusPolicy(Qt::NoFocus);
     connect(combo_, &QComboBox::textActivated, this, [this](const QString& drive) {
       Act([this, &drive] { box_.SetText(PlainUtf8(drive)); });
     });

@@ -319,8 +319,10 @@ TEST_F(WindowTest, AModalFormKeepsTheCallerUntilItsButton) {
   FrmDir& chooser = screens.frmDir;
   QTimer::singleShot(0, [&] {
     EXPECT_NE(QApplication::activeModalWidget(), nullptr);
+    const auto* view = program.Host().ViewOf(chooser);
+    EXPECT_NE(qobject_cast<QLineEdit*>(view->focusWidget()), nullptr) << "without drives: the path";
     chooser.Dir1.SetText(world.folder.Path());
-    program.Host().ViewOf(chooser)->findChild<QPushButton*>("cmdOK")->click();
+    view->findChild<QPushButton*>("cmdOK")->click();
   });
   chooser.ShowModal();
   EXPECT_EQ(state.directories.ChosenDir, world.folder.Path());
