@@ -123,7 +123,9 @@ class ResultWorld {
                                    .y = {"Sell", 3},
                                    .data = {"Gain", 5},
                                    .GraphFraction = 1.0F,
-                                   .surface = surface};
+                                   .surface = surface,
+                                   .lower_is_better = false,
+                                   .display = {}};
     if (!BuildParameterChart(request, table_, view).drawn) throw std::runtime_error("not drawn");
     return painting.Paint(view);
   }
@@ -133,7 +135,8 @@ class ResultWorld {
     const TestCaseRequest request{.sheets = TestCaseSheets(table_, false),
                                   .statistic = "Gain",
                                   .statistic_column = 5,
-                                  .scatter = true};
+                                  .scatter = true,
+                                  .display = {}};
     table_.SheetAt(1).MaxRow = 6002;
     if (!BuildTestCaseChart(request, table_, view).drawn) throw std::runtime_error("not drawn");
     return painting.Paint(view);
