@@ -1,6 +1,8 @@
 #include "calc/signal_run.h"
 
+#include <array>
 #include <cmath>
+#include <string_view>
 
 #include "calc/signal_cases.h"
 #include "calc/signal_sheets.h"
@@ -12,6 +14,22 @@ namespace vistaplot {
 namespace {
 
 constexpr int kHeadingRows = 2;
+
+/// What the columns of the summary sheet mean, in their order. "First day": the first one of the
+/// range on which both funds have a price.
+constexpr std::array<std::string_view, kSummaryFields.size()> kSumTips = {
+    "Number of the test case",
+    "Bought at so many signals in the market",
+    "Sold at so many signals in the market",
+    "Annual gain in percent: (end value ^ (1 / years) - 1) x 100; years are calendar days from the "
+    "first day to the end day / 365",
+    "Switches / years; the first position and the close on the end day count as switches",
+    "Maximum draw-down: largest fall below an earlier high, in percent of it",
+    "Day of the lowest point of the maximum draw-down",
+    "Ulcer index: root of (sum of the squared falls below the high in percent / market days from "
+    "the first day to the end day)",
+    "Ulcer performance index: (ANN % - 5.4) / UI; 0 where UI is 0",
+    "Trades that gained x 100 / switches"};
 
 /// A figure that is not finite in single precision is undefined and shows 0, as in the summary of a
 /// family: a gain of one day, counted as a year's, may have no end.
@@ -84,7 +102,9 @@ class Run {
 
   void Finish(int finished) {
     DataTable& table = targets_.table;
-    sum_.Write(table.SheetAt(kSumSheet));
+    Sheet& sum = table.SheetAt(kSumSheet);
+    sum_.Write(sum);
+    sum.heading_tips.assign(kSumTips.begin(), kSumTips.end());
     table.NotifyContent(kSumSheet);
     if (targets_.wants_detail) {
       detail_.Write(table.SheetAt(kDetailSheet));

@@ -26,10 +26,10 @@ struct SignalOutcome {
 };
 
 /// Runs all cases of a test that RefuseTest lets pass. Each case's row goes into the summary sheet
-/// (row number + 2), its trades into the detail sheet with one empty row ahead of those of every
-/// case but the first; its file records as the files want them; the gains of the last case into
-/// column 5 of the funds sheet. The sheets are complete for the finished cases however the run
-/// ends. `progress` is asked after each case whether to stop.
+/// (row number + 2), whose tips say what its columns mean; its trades into the detail sheet with
+/// one empty row ahead of those of every case but the first; its file records as the files want
+/// them; the gains of the last case into column 5 of the funds sheet. The sheets are complete for
+/// the finished cases however the run ends. `progress` is asked after each case whether to stop.
 SignalOutcome RunSignalTest(const SignalData& data,
                             const SignalTest& test,
                             const SignalTargets& targets,

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "support/calc_world.h"
+#include "table/sheet_text.h"
 
 namespace vistaplot {
 namespace {
@@ -269,6 +270,7 @@ TEST(FrmCalcSignals, ARunWritesSheetsAndFilesThatAgree) {
   EXPECT_EQ(table.SheetAt(3).MaxRow, 9);
   EXPECT_EQ(world.Row(2, 3).substr(0, 6), "1|1|1|");
   EXPECT_EQ(table.SheetAt(2).MaxRow, 4);
+  EXPECT_EQ(HeadingTip(table.SheetAt(2), 10), "Trades that gained x 100 / switches");
   EXPECT_EQ(table.SheetAt(2).selection.front(), (CellRange{4, 10, 4, 10}));
   EXPECT_EQ(table.ActiveSheet(), 2);
   EXPECT_EQ(world.File("R.SSM").size(), 2U * 77U);
