@@ -47,6 +47,17 @@ int LeastGap(double ratio) {
   return std::max(1, static_cast<int>(ratio));
 }
 
+// The part of a row's width that each fund's bars have.
+double SlotWidth(const ChartView& view) {
+  const int funds = FundsOf(view);
+  return funds > 1 ? kFundsPart / funds : 1.0;
+}
+
+// From the middle of a row to that of the fund's slot, in rows.
+double SlotShift(const ChartView& view, const DrawnSeries& fund) {
+  return (fund.number - 0.5 * (FundsOf(view) + 1)) * SlotWidth(view);
+}
+
 struct BarInks {
   PictureColor gain;
   PictureColor loss;
@@ -74,10 +85,9 @@ class BarPainter {
              const DrawnSeries& fund,
              ChartPicture& picture)
       : context_(context), scale_(scale), fund_(fund), picture_(picture) {
-    const int funds = FundsOf(context.view);
     const double row = (scale.X(2.0) - scale.X(1.0)) * context.detail;
-    spacing_ = funds > 1 ? row * kFundsPart / funds : row;
-    shift_ = (fund.number - 0.5 * (funds + 1)) * spacing_;
+    spacing_ = SlotWidth(context.view) * row;
+    shift_ = SlotShift(context.view, fund) * row;
     wick_ = WickWidth();
     body_ = BodyWidth(spacing_, wick_, context.detail);
     inks_ = InksOf(context.view, fund, context.theme);
@@ -320,7 +330,7 @@ class CandleKind : public Kind {
       entry.values.push_back(std::move(value));
     }
     entry.text = WordsOf(entry.values);
-    entry.at = PicturePoint{1.0 * row, bar->close};
+    entry.at = PicturePoint{row + SlotShift(view, fund), bar->close};
     return entry;
   }
 };

@@ -148,7 +148,10 @@ TEST(Candles, FundsOfAWeekStandSideBySideInTheirOwnHues) {
     if (text.at.x > picture.legend.left) legend.push_back(text.text);
   }
   EXPECT_EQ(legend, (std::vector<std::string>{"ABC", "XYZ"}));
-  EXPECT_EQ(ReadRow(view, 1, false).entries[1].mark, InkOn(LightTheme(), DefaultSeriesColor(2)));
+  const ReadOutEntry second = ReadRow(view, 1, false).entries[1];
+  EXPECT_EQ(second.mark, InkOn(LightTheme(), DefaultSeriesColor(2)));
+  const PictureBox& bar = picture.regions[2].box;  // the second fund's first
+  EXPECT_NEAR(picture.scale.X(second.at->x), (bar.left + bar.right) / 2.0, 1.0);
 }
 
 // Bars of one pixel differ by lightness, as their shape cannot tell gain from loss.
