@@ -38,6 +38,7 @@ struct BoxWorld : ScreenWorld {
 TEST(Frmpfp, ShowsTheParametersInUse) {
   BoxWorld world;
   world.settings.values["pfbox5"] = "0.025";
+  world.settings.values["pfrev"] = "3";
   world.Start();
   bool shown = false;
   world.Open([&] {
@@ -59,7 +60,7 @@ TEST(Frmpfp, ShowsTheParametersInUse) {
                      "0.2",
                      "0.1",
                      "0.025"}));
-    EXPECT_EQ(world.frmpfp.optReversal.ListIndex(), 1);
+    EXPECT_EQ(world.frmpfp.optReversal.ListIndex(), 2);
     world.frmpfp.cmdCancel.RaiseClick();
   });
   EXPECT_TRUE(shown);
