@@ -123,6 +123,16 @@ TEST_F(Tool, ALifeOfAServiceDirectory) {
             "1 fault in 2 issues, 1 market day, 0 FNU series, 1 family\n");
   EXPECT_EQ(Call("rebuild").out, "symbol index of 2 issues rebuilt\n");
   EXPECT_EQ(Call("demo").status, 1);
+  // The name changes in the row and in the index: no twin tells what it was.
+  std::string bytes = files_.Read("service/quoteline.db");
+  for (std::size_t at = 0; (at = bytes.find("Third one", at)) != std::string::npos;)
+    bytes[at] = 'W';
+  files_.Write("service/quoteline.db", bytes);
+  const Finished rebuild = Call("rebuild");
+  EXPECT_EQ(rebuild.status, 1);
+  EXPECT_EQ(rebuild.out, "symbol index of 1 issue rebuilt\n");
+  EXPECT_TRUE(rebuild.errors.starts_with("issues: row 3, which reads \"C\", is damaged"))
+      << rebuild.errors;
 }
 
 TEST_F(Tool, TheSummaryLineNamesTheColumnsLeftOut) {
