@@ -2,8 +2,12 @@
 #include "quoteline/store_contents.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstddef>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,6 +15,7 @@
 
 #include "quoteline/check.h"
 #include "quoteline/history.h"
+#include "quoteline/store_creation.h"
 #include "support/quoteline_world.h"
 
 namespace vistaplot {
@@ -163,6 +168,182 @@ TEST(Crc32c, TableAndInstructionAgreeAtEveryLengthAndPlace) {
     EXPECT_EQ(Crc32c(part), value) << length;
     EXPECT_EQ(Crc32c(part.subspan(1000), Crc32c(part.first(1000))), value) << length;
   }
+}
+
+constexpr const char* kThree[] = {"AAA 2000-01-03 2000-01-06 3 First fund",
+                                  "BBB 2000-01-04 2000-01-05 2 BBB",
+                                  "CCC 1999-12-31 1999-12-31 1 Third"};
+constexpr const char* kAaa =
+    "2,2000-01-03,10\n3,2000-01-04,11.5\n4,2000-01-05,11.5\n5,2000-01-06,12.25\n";
+
+/// A service with a database of the first form.
+class FirstForm : public testing::Test {
+ protected:
+  FirstForm() {
+    std::filesystem::copy_file(GOLDEN_FOLDER "/first_form.db",
+                               world_.folder.Path("quoteline.db"),
+                               std::filesystem::copy_options::overwrite_existing);
+  }
+
+  // The number of the form, from the database as it stands with its log.
+  int Form() const {
+    sqlite3* handle = nullptr;
+    sqlite3_open(world_.folder.Path("quoteline.db").c_str(), &handle);
+    int form = 0;
+    const auto take = [](void* to, int, char** texts, char**) {
+      *static_cast<int*>(to) = texts[0][0] - '0';
+      return 0;
+    };
+    sqlite3_exec(handle, "PRAGMA user_version", take, &form, nullptr);
+    sqlite3_close(handle);
+    return form;
+  }
+
+  Lines Faults() const { return CheckService(world_.folder.Path()).faults; }
+
+  QuotelineWorld world_;
+};
+
+TEST_F(FirstForm, IsReadAsItStandsAndTriedWithoutBeingMovedOver) {
+  const auto tried = world_.Import("D.csv", "Date,Close\n2000-01-05,3\n", test::DryRun());
+  EXPECT_TRUE(tried.faults.empty());
+  EXPECT_EQ(tried.changes.size(), 1U);
+  EXPECT_EQ(world_.List(), Lines(std::begin(kThree), std::end(kThree)));
+  EXPECT_EQ(world_.Prices("AAA"), kAaa);
+  EXPECT_EQ(Faults(), Lines{});
+  EXPECT_EQ(Form(), 1);
+}
+
+TEST_F(FirstForm, IsMovedOverByTheFirstImportWithAllThatItHolds) {
+  ASSERT_EQ(QLopen(), 0);  // a reader that stays open meanwhile
+  ASSERT_TRUE(world_.Import("D.csv", "Date,Close\n2000-01-05,3\n").faults.empty());
+  EXPECT_EQ(Form(), 2);
+  EXPECT_EQ(QLgetMaxDays(), 5);
+  EXPECT_EQ(QLisQLIssue("D"), -1);
+  EXPECT_EQ(test::FetchPrices("AAA"), (std::vector<float>{-1, 10, 11.5F, 11.5F, 12.25F}));
+  EXPECT_EQ(world_.List("???"), Lines(std::begin(kThree), std::end(kThree)));
+  EXPECT_EQ(world_.Prices("AAA"), kAaa);
+  EXPECT_EQ(Faults(), Lines{});
+}
+
+TEST_F(FirstForm, ADamagedHistoryStaysOneWhenItIsMovedOver) {
+  // AAA with 13.25 on its last day.
+  world_.Tamper(
+      "UPDATE histories SET prices = x'00002041000038410000384100005441' WHERE issue = 1");
+  EXPECT_EQ(Faults(), Lines{"AAA: its history is damaged"});
+  ASSERT_TRUE(RebuildSymbols(world_.folder.Path()));
+  EXPECT_EQ(Form(), 2);
+  EXPECT_EQ(Faults(), Lines{"AAA: its history is damaged"});
+  EXPECT_EQ(world_.Prices("BBB"), "3,2000-01-04,7\n4,2000-01-05,8\n5,2000-01-06,8\n");
+}
+
+TEST_F(FirstForm, AChangedRowIsPutRightFromTheIndex) {
+  world_.Tamper("UPDATE issues SET symbol = 'AAX', name = 'Wrong' WHERE id = 1");
+  ASSERT_TRUE(RebuildSymbols(world_.folder.Path()));
+  EXPECT_EQ(world_.List(), Lines(std::begin(kThree), std::end(kThree)));
+  EXPECT_EQ(Faults(), Lines{});
+}
+
+TEST_F(FirstForm, ARowThatIsNoIssueStaysOutAndIsNamed) {
+  world_.Tamper("DELETE FROM symbols; UPDATE issues SET symbol = 'A A' WHERE id = 1");
+  ASSERT_TRUE(RebuildSymbols(world_.folder.Path()));
+  EXPECT_EQ(world_.List(), Lines(std::begin(kThree) + 1, std::end(kThree)));
+  ASSERT_FALSE(Faults().empty());
+  EXPECT_EQ(Faults().front().substr(0, 45), "issues: row 1, which reads \"A A\", is damaged,");
+}
+
+TEST_F(FirstForm, ADamagedCalendarIsNotMovedOver) {
+  world_.Tamper("UPDATE service SET checksum = checksum + 1");
+  EXPECT_FALSE(world_.Import("D.csv", "Date,Close\n2000-01-05,3\n").faults.empty());
+  EXPECT_EQ(Form(), 1);
+}
+
+namespace fs = std::filesystem;
+
+/// For its time this process may read the folder and not write it, also when it runs as root.
+class WithoutRights {
+ public:
+  explicit WithoutRights(const std::string& folder) : folder_(folder) {
+    ::chmod(folder.c_str(), 0555);
+    if (::geteuid() == 0) was_root_ = ::seteuid(kNobody) == 0;
+  }
+  ~WithoutRights() {
+    if (was_root_) static_cast<void>(!::seteuid(0));
+    ::chmod(folder_.c_str(), 0755);
+  }
+  WithoutRights(const WithoutRights&) = delete;
+  WithoutRights& operator=(const WithoutRights&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65'534;
+  std::string folder_;
+  bool was_root_ = false;
+};
+
+/// A service whose last import lies in the log alone, as after a crash; no shared-memory file.
+void LeaveTheLog(QuotelineWorld& world) {
+  world.Import("A.csv", "Date,Close\n2000-01-03,10\n");
+  sqlite3* reader = nullptr;  // holds the log back while the import is made
+  sqlite3_open(world.folder.Path("quoteline.db").c_str(), &reader);
+  sqlite3_exec(reader, "BEGIN; SELECT * FROM issues", nullptr, nullptr, nullptr);
+  world.Import("B.csv", "Date,Close\n2000-01-04,7\n");
+  for (const char* name : {"quoteline.db", "quoteline.db-wal"}) {
+    fs::copy_file(world.folder.Path(name), world.files.Path(name));
+  }
+  sqlite3_close(reader);
+  for (const char* name : {"quoteline.db", "quoteline.db-wal"}) {
+    fs::rename(world.files.Path(name), world.folder.Path(name));
+  }
+  fs::remove(world.folder.Path("quoteline.db-shm"));
+}
+
+TEST(DatabaseRights, AReaderWithoutThemIsToldOfALogThatItCannotRead) {
+  QuotelineWorld world;
+  LeaveTheLog(world);
+  ASSERT_GT(fs::file_size(world.folder.Path("quoteline.db-wal")), 0U);
+  {
+    const WithoutRights guard(world.folder.Path());
+    const Lines told = world.List();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("quoteline.db-wal: holds changes that cannot be read"),
+              std::string::npos)
+        << told[0];
+    EXPECT_EQ(QLopen(), QL_NO_DATABASE);
+    EXPECT_EQ(CheckService(world.folder.Path()).faults.size(), 1U);
+  }
+  EXPECT_EQ(world.List(), (Lines{"A 2000-01-03 2000-01-03 1 A", "B 2000-01-04 2000-01-04 1 B"}));
+  world.folder.Write("C.csv", "Date,Close\n2000-01-05,3\n");
+  ::chmod(world.folder.Path("quoteline.db").c_str(), 0666);  // but not the folder
+  {
+    const WithoutRights guard(world.folder.Path());
+    EXPECT_EQ(world.List().size(), 2U);  // the log is taken up
+    ImportRequest request = test::DryRun();
+    request.directory = world.folder.Path();
+    request.files = {world.folder.Path("C.csv")};
+    EXPECT_EQ(ImportPrices(request).changes.size(), 1U);
+    const Lines told = world.ImportFiles(request.files).faults;
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("quoteline.db: you may not write in its folder"), std::string::npos)
+        << told[0];
+  }
+}
+
+TEST(DatabaseRights, SideFilesThatTheirOwnerMayNotWriteAreOpenedToHim) {
+  QuotelineWorld world;
+  LeaveTheLog(world);
+  ::chmod(world.folder.Path("quoteline.db-wal").c_str(), 0400);
+  // Root may write all the same: the rights themselves show what others would meet.
+  sqlite3* reader = nullptr;
+  sqlite3_open(world.folder.Path("quoteline.db").c_str(), &reader);
+  sqlite3_exec(reader, "BEGIN; SELECT * FROM issues", nullptr, nullptr, nullptr);
+  ::chmod(world.folder.Path("quoteline.db-shm").c_str(), 0400);
+  EXPECT_EQ(world.List().size(), 2U);
+  for (const char* name : {"quoteline.db-wal", "quoteline.db-shm"}) {
+    EXPECT_EQ(fs::status(world.folder.Path(name)).permissions() & fs::perms::owner_all,
+              fs::perms::owner_read | fs::perms::owner_write)
+        << name;
+  }
+  sqlite3_close(reader);
 }
 
 }  // namespace
