@@ -1,4 +1,5 @@
-// What is held twice is put right; what is not stays as it is and is named.
+// What the store keeps: what is held twice is put right, what is not stays as it is and is named;
+// databases of earlier programs; readers without the right to write.
 #include "quoteline/store_contents.h"
 
 #include <gtest/gtest.h>
