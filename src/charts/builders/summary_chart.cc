@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "base/number_text.h"
 
@@ -126,6 +127,22 @@ void StyleParameterChart(const ParameterRequest& request,
   StyleParameterAxis(view.Plot.Axis[3], request.x.name);
 }
 
+// Labels of rows or columns as cases write them; most cases write what stands there.
+class GridLabels {
+ public:
+  explicit GridLabels(int count)
+      : written_(static_cast<std::size_t>(count) + 1, std::numeric_limits<double>::quiet_NaN()) {}
+
+  // True when place `number` (from 1) does not bear `value` yet; it does now.
+  bool Changes(int number, double value) {
+    if (number < 1 || number >= static_cast<int>(written_.size())) return false;
+    return std::exchange(written_[static_cast<std::size_t>(number)], value) != value;
+  }
+
+ private:
+  std::vector<double> written_;
+};
+
 void FillCells(const ParameterValues& x,
                const ParameterValues& y,
                const std::vector<double>& z,
@@ -134,12 +151,18 @@ void FillCells(const ParameterValues& x,
   GridParameters& cells = view.facts.cells;
   cells.cases.assign(
       static_cast<std::size_t>(view.rowcount()) * static_cast<std::size_t>(view.ColumnCount()), 0);
+  GridLabels columns(view.ColumnCount());
+  GridLabels rows(view.rowcount());
   const std::size_t count = std::min(z.size(), static_cast<std::size_t>(charted.Count()));
   for (std::size_t i = 0; i < count; ++i) {
     const int column = GridPlace(x.Steps(x.smallest, x.rows[i]), view.ColumnCount());
     const int row = GridPlace(y.Steps(y.rows[i], y.largest), view.rowcount());
-    view.SetColumnLabel(column, NumberText(static_cast<float>(x.rows[i])));
-    view.SetRowLabel(row, NumberText(static_cast<float>(y.rows[i])));
+    if (columns.Changes(column, x.rows[i])) {
+      view.SetColumnLabel(column, NumberText(static_cast<float>(x.rows[i])));
+    }
+    if (rows.Changes(row, y.rows[i])) {
+      view.SetRowLabel(row, NumberText(static_cast<float>(y.rows[i])));
+    }
     view.SetData(row, column, z[i], false);
     if (row < 1 || column < 1 || row > view.rowcount() || column > view.ColumnCount()) continue;
     cells.cases[static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(view.ColumnCount()) +

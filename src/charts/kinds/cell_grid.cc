@@ -58,6 +58,35 @@ std::optional<double> CellGrid::PlateauOf(GridCell cell) const {
   return sum / count;
 }
 
+bool CellGrid::HasPlateau() const {
+  for (int row = 1; row <= rows_; ++row) {
+    for (int column = 1; column <= columns_; ++column) {
+      if (Filled(row, column) && PlateauOf({row, column})) return true;
+    }
+  }
+  return false;
+}
+
+CellGrid CellGrid::Thinned(int stride) const {
+  CellGrid thin;
+  const std::vector<int> rows = Nodes(rows_, stride);
+  const std::vector<int> columns = Nodes(columns_, stride);
+  thin.rows_ = static_cast<int>(rows.size());
+  thin.columns_ = static_cast<int>(columns.size());
+  thin.values_.reserve(rows.size() * columns.size());
+  for (const int row : rows) {
+    for (const int column : columns) thin.values_.push_back(At(row, column));
+  }
+  return thin;
+}
+
+std::vector<int> CellGrid::Nodes(int last, int stride) {
+  std::vector<int> nodes;
+  for (int node = 1; node < last; node += stride) nodes.push_back(node);
+  nodes.push_back(last);
+  return nodes;
+}
+
 std::optional<GridCell> CellGrid::BestPlateau(bool lower_is_better) const {
   std::optional<GridCell> best;
   double best_mean = 0.0;
@@ -162,18 +191,18 @@ std::vector<int> LabelledRows(const ChartView& view, double least) {
 }
 
 std::vector<LegendMark> ParameterLegend(const ChartView& view, const ChartTheme& theme) {
-  const ParameterCells cells(view);
+  const CellGrid grid(view);
   std::vector<LegendMark> legend;
-  if (cells.grid.FilledCount() == 0) return legend;
-  for (int band = cells.bands.count - 1; band >= 0; --band) {
-    const std::string text = cells.bands.count == 1
-                                 ? LimitText(cells.bands.first)
-                                 : LimitText(cells.bands.LowerLimit(band)) + " – " +
-                                       LimitText(cells.bands.LowerLimit(band + 1));
-    legend.push_back({LegendFigure::kBand, BandColor(cells.bands, band, theme.dark), text});
+  if (grid.FilledCount() == 0) return legend;
+  const ValueBands bands = BandsOf(grid.Lowest(), grid.Highest());
+  for (int band = bands.count - 1; band >= 0; --band) {
+    const std::string text = bands.count == 1 ? LimitText(bands.first)
+                                              : LimitText(bands.LowerLimit(band)) + " – " +
+                                                    LimitText(bands.LowerLimit(band + 1));
+    legend.push_back({LegendFigure::kBand, BandColor(bands, band, theme.dark), text});
   }
-  if (cells.best) legend.push_back({LegendFigure::kBest, kMarkFill, "best"});
-  if (cells.plateau) legend.push_back({LegendFigure::kPlateau, kMarkFill, "best plateau"});
+  legend.push_back({LegendFigure::kBest, kMarkFill, "best"});
+  if (grid.HasPlateau()) legend.push_back({LegendFigure::kPlateau, kMarkFill, "best plateau"});
   return legend;
 }
 

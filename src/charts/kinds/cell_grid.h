@@ -68,8 +68,18 @@ class CellGrid {
 
   /// The filled cell with the best plateau, in reading order the first of equals.
   std::optional<GridCell> BestPlateau(bool lower_is_better) const;
+  bool HasPlateau() const;
+
+  /// The cells of each `stride` rows and columns and of the last ones, to trace regions of: what a
+  /// picture with fewer pixels than cells can show.
+  CellGrid Thinned(int stride) const;
+
+  /// The numbers of its rows or columns in the whole grid: 1, 1 + stride, ..., and `last`.
+  static std::vector<int> Nodes(int last, int stride);
 
  private:
+  CellGrid() = default;
+
   int rows_ = 0;
   int columns_ = 0;
   std::vector<double> values_;

@@ -106,6 +106,22 @@ class Painter {
     picture_.Add(std::move(line));
   }
 
+  // Where a place of a thinned grid lies on the whole one.
+  static double Unthinned(const std::vector<int>& nodes, double place) {
+    const auto before = static_cast<std::size_t>(place) - 1;
+    const int next = nodes[std::min(before + 1, nodes.size() - 1)];
+    return nodes[before] + (place - std::floor(place)) * (next - nodes[before]);
+  }
+
+  FillRegion OnBase(std::vector<GridLine> rings, int band, int stride) const {
+    const std::vector<int> rows = CellGrid::Nodes(cells_.grid.Rows(), stride);
+    const std::vector<int> columns = CellGrid::Nodes(cells_.grid.Columns(), stride);
+    for (GridLine& ring : rings) {
+      for (PicturePoint& p : ring) p = {Unthinned(columns, p.x), Unthinned(rows, p.y)};
+    }
+    return OnBase(rings, band);
+  }
+
   FillRegion OnBase(const std::vector<GridLine>& rings, int band) const {
     FillRegion region{{}, BandColor(cells_.bands, band, context_.theme.dark)};
     for (const GridLine& ring : rings) {
@@ -118,10 +134,12 @@ class Painter {
   }
 
   void DrawBase() {
-    picture_.Add(OnBase(TraceFilledSquares(cells_.grid), 0));
+    const int stride = StrideOf(context_, cells_, scene_);
+    const CellGrid grid = cells_.grid.Thinned(stride);
+    picture_.Add(OnBase(TraceFilledSquares(grid), 0, stride));
     int band = 0;
-    for (const IsoRegion& region : TraceRegions(cells_.grid, cells_.bands.InnerLimits())) {
-      picture_.Add(OnBase(region.rings, ++band));
+    for (const IsoRegion& region : TraceRegions(grid, cells_.bands.InnerLimits())) {
+      picture_.Add(OnBase(region.rings, ++band, stride));
     }
     DrawLoneCells();
     Line({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}, {-1, -1, 0}}, context_.theme.axis);

@@ -24,14 +24,6 @@ constexpr double kPin = 0.12;       // half the width of a pin, in columns
 constexpr double kPinHead = 0.3;    // half the width of its head
 constexpr double kWidestPin = 5.0;  // half the widest one, in pixels
 
-// Node numbers 1, 1 + stride, ..., and the last one.
-std::vector<int> Nodes(int last, int stride) {
-  std::vector<int> nodes;
-  for (int node = 1; node < last; node += stride) nodes.push_back(node);
-  nodes.push_back(last);
-  return nodes;
-}
-
 // The entry of the ramp's table for a height of the box.
 std::size_t ShadeOf(double z) {
   return static_cast<std::size_t>(std::lround((z - kGap) / (1.0 - kGap) * (kShades - 1)));
@@ -178,8 +170,8 @@ void SurfaceScene::AddPin(GridCell cell, PictureColor color, FillFacets& drawn) 
 FillFacets SurfaceScene::Facets(int stride, bool dark) const {
   FillFacets drawn;
   if (FacetWidth() * stride > kWideFacet) drawn.outline = kEdgeLight;
-  std::vector<int> rows = Nodes(grid_.Rows(), stride);
-  std::vector<int> columns = Nodes(grid_.Columns(), stride);
+  std::vector<int> rows = CellGrid::Nodes(grid_.Rows(), stride);
+  std::vector<int> columns = CellGrid::Nodes(grid_.Columns(), stride);
   // Towards the reader: rows count against y, columns with x.
   if (near_y_ > 0.0) std::reverse(rows.begin(), rows.end());
   if (near_x_ < 0.0) std::reverse(columns.begin(), columns.end());
