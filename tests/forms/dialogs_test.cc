@@ -168,13 +168,14 @@ TEST_F(LoadedTest, SavingProposesANameAndAFolderAndIsAskedAgainAfterAFailure) {
 
   state.table.SetActiveSheet(2);
   folder.MakeFolder("mine");
-  dialogs.save_answers = {folder.Path("none/a.csv"), folder.Path("mine/b.csv")};
+  dialogs.save_answers = {folder.Path("mine"), folder.Path("mine/b.csv")};
   frmMain.mnuFileSaveSheet.RaiseClick();
   ASSERT_EQ(asked.size(), 3U);
   EXPECT_EQ(asked[1].file_name, "TRIO Summary 2001-10-27.csv");
-  EXPECT_EQ(asked[2].file_name, "a.csv");
+  EXPECT_EQ(asked[2].file_name, "mine");
+  EXPECT_EQ(asked[2].initial_folder, folder.Path());
   EXPECT_EQ(dialogs.messages.back().text,
-            "The sheet was not saved: " + folder.Path("none/a.csv") + ": Path not found");
+            "The sheet was not saved: " + folder.Path("mine") + ": Path/File access error");
   EXPECT_NE(folder.Read("mine/b.csv").find("\r\nAAA,Name of AAA,"), std::string::npos);
   EXPECT_EQ(frmMain.pnlStatus.Caption(), loaded + ". Saved " + folder.Path("mine/b.csv"));
 
