@@ -94,7 +94,7 @@ void FrmMain::DesignMenus() {
        {&mnuFilePrint, "mnuFilePrint", "&Print...", {}, &mnuFile},
        {&mnuFileExit, "mnuFileExit", "E&xit", {}, &mnuFile},
        {&mnuEdit, "mnuEdit", "&Edit", {}},
-       {&mnuEditCopy, "mnuEditCopy", "&Copy", {}, &mnuEdit},
+       {&mnuEditCopy, "mnuEditCopy", "Cop&y", {}, &mnuEdit},
        {&mnuEditSort, "mnuEditSort", "&Sort", {}, &mnuEdit},
        {&mnuEditSortAll, "mnuEditSortAll", "Sort &All", {}, &mnuEdit},
        {&mnuEditCase, "mnuEditCase", "Trades of This &Case", {}, &mnuEdit},

@@ -55,6 +55,7 @@ TEST_F(WindowTest, EveryMenuAndCommandHasALetterOfItsOwn) {
     return found.toStdString();
   };
   EXPECT_EQ(letters(*window.menuBar()), "FETUWH");
+  EXPECT_EQ(letters(*Command("mnuEdit").menu()), "YSAC");
   EXPECT_EQ(letters(*Command("mnuTime").menu()), "OTMSNYWHFA");
   EXPECT_EQ(letters(*Command("mnuWindow").menu()), "CTANPF");
   EXPECT_EQ(letters(*Command("mnuHelp").menu()), "MKA");
