@@ -2,6 +2,7 @@
 // commands over the sheets that it brought.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -241,7 +242,13 @@ TEST(ProductDirectory, AnErrorWhileLookingIsSilent) {
   world.Import({});
   EXPECT_TRUE(world.dialogs.messages.empty());
   EXPECT_EQ(world.state.directories.VornaxilDir, "c:\\vx");
-  EXPECT_EQ(world.dialogs.open_requests.size(), 1U);
+  // A folder that cannot be listed: none is asked for.
+  world.state.directories.ZephyrineDir = "";
+  std::filesystem::create_directory_symlink("zephyr", world.folder.Path("drives/c/zephyr"));
+  world.screens.frmTab.cboDataType.SetListIndex(0);
+  world.host.on_modal = [](Form& form) { ADD_FAILURE() << form.Name(); };
+  world.Import({});
+  EXPECT_EQ(world.dialogs.open_requests.size(), 2U);
 }
 
 /// *.SUM files of three cases on sheets A, B and C, opened by the file button.
@@ -346,6 +353,11 @@ TEST(FrmSort, AllSheetsButTheSpareOne) {
   spare.MaxRow = 4;
   spare.MaxCol = 1;
   world.state.table.SetActiveSheet(2);
+  // "None" names no column, neither the one behind the block's last, by which A would turn round.
+  world.state.table.SheetAt(2).Select({3, 2, 5, 4});
+  world.Run(world.screens.frmMain.mnuEditSortAll, [](FrmSort& form) { form.cmdSort.RaiseClick(); });
+  EXPECT_EQ(world.Cases(1), "123");
+  world.state.table.SheetAt(2).Select({5, 17, 5, 17});
   const auto by_annual = [](FrmSort& frmSort) {
     frmSort.cboSort1.SetListIndex(4);
     frmSort.cmdSort.RaiseClick();
