@@ -237,10 +237,20 @@ TEST_F(Indicators, MaximumEntropyScreenStepsItsDayAndTakesForecasts) {
   frmMain.tools.cmdClear.RaiseClick();
   EXPECT_EQ(prices.ColumnCount(), 2);
 
-  frmPer.HScroll1.SetValue(280);  // refused: nothing of the old screen is left to step
-  EXPECT_EQ(prices.ColumnCount(), 0);
-  EXPECT_FALSE(tools.cmdSpectBack.Visible());
-  EXPECT_EQ(state.spectrum.SpectrumDays, 0);
+  for (const bool by_selection : {false, true}) {  // refused: nothing of the old screen is left
+    if (by_selection) {
+      boxes.txtMemPoles.SetText("15");
+      Graph();
+      EXPECT_TRUE(tools.cmdSpectBack.Visible());
+      SelectColumns(1, 1);
+      Graph();
+    } else {
+      frmPer.HScroll1.SetValue(280);
+    }
+    EXPECT_EQ(prices.ColumnCount(), 0);
+    EXPECT_FALSE(tools.cmdSpectBack.Visible());
+    EXPECT_EQ(state.spectrum.SpectrumDays, 0);
+  }
 }
 
 TEST_F(Indicators, ClickOnAnotherScreenOfThreeChartsIsCancelled) {

@@ -96,6 +96,7 @@ TEST(AnalysisCharts, DrawTheCorrelationOfTheFirstTwoFunds) {
   world.request.scatter = true;
   EXPECT_TRUE(world.Build().drawn);
   EXPECT_EQ(world.analysis.TitleText, "CORRELATION");
+  EXPECT_EQ(world.analysis.facts.unit, ValueUnit::kCoefficient);
   EXPECT_EQ(world.analysis.ColumnCount(), 3);
   EXPECT_FALSE(world.analysis.Legend.Location.Visible);
   EXPECT_TRUE(world.analysis.Plot.Series(1).SeriesMarker.Show);
@@ -164,6 +165,7 @@ TEST_F(CycleCharts, DrawDominantPeriodAndPeaks) {
 TEST_F(CycleCharts, ShowTheSpectrumOfTheLastDay) {
   Build();
   EXPECT_EQ(spectrum.TitleText, "Spectrum");
+  EXPECT_EQ(spectrum.facts.unit, ValueUnit::kPower);
   EXPECT_EQ(spectrum.rowcount(), 50);
   EXPECT_EQ(spectrum.RowLabelAt(23), "23");
   EXPECT_EQ(spectrum.DataAt(7, 1), 0.0);
@@ -171,7 +173,6 @@ TEST_F(CycleCharts, ShowTheSpectrumOfTheLastDay) {
   EXPECT_FALSE(spectrum.Legend.Location.Visible);
 }
 
-/// Every fund has a peak on the last day or not: the world's markers on that day, series 2 to 6.
 TEST_F(CycleCharts, StepTheDayWithItsMarks) {
   Build();
   EXPECT_EQ(Step(1), "");  // there is no later day
@@ -186,13 +187,14 @@ TEST_F(CycleCharts, StepTheDayWithItsMarks) {
   }
   EXPECT_FALSE(MarkerAt(analysis, 1, 21).Visible);
   EXPECT_EQ(MarkerAt(analysis, 1, 20).Size, 8.0);
-  for (int series = 2; series <= 6; ++series) {
-    const bool has_peak = analysis.HasPoint(21, series);
-    const ChartMarker mark = MarkerAt(analysis, series, 21);
-    EXPECT_EQ(mark.Visible, has_peak) << series;
-    EXPECT_EQ(mark.Size, has_peak ? 4.0 : 8.0) << series;
-  }
   for (int step = 0; step < 30; ++step) Step(-1);
+  for (int series = 2; series <= 6; ++series) {
+    for (int day = 2; day <= 21; ++day) {  // each was stepped on and left
+      const ChartMarker mark = MarkerAt(analysis, series, day);
+      EXPECT_EQ(mark.Visible, analysis.HasPoint(day, series)) << series << " " << day;
+      EXPECT_TRUE(!mark.Visible || mark.Size == 4.0) << series << " " << day;
+    }
+  }
   EXPECT_EQ(state.SpectrumDay, 1);
   EXPECT_EQ(spectrum.DataAt(23, 1), 0.0);  // day 1's is not kept
 }
