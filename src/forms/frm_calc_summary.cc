@@ -211,7 +211,6 @@ void FrmCalc::ShowSummary(int finished, int cases) {
   if (finished < cases) told = "Stopped after " + told + " of " + std::to_string(cases);
   summary.lblSigNote.SetCaption(told);
   frmMain.pnlStatus.SetCaption("Signal summary: " + told);
-  if (summary.chkCompFile.Checked()) context_.screens.frmTab.RelistIssues();
 }
 
 void FrmCalc::ShowCase() {

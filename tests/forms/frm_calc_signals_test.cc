@@ -300,6 +300,9 @@ TEST(FrmCalcSignals, ARunFollowsDaysDelayAndBothRangesOfItsBoxes) {
   EXPECT_EQ(world.state.table.SheetAt(2).MaxRow, 6);
   EXPECT_EQ(world.Row(2, 4), "2|1|1|276.638|41.7|2.432|02/09/01|0.836|324.331|25.00|");
   EXPECT_EQ(world.Row(2, 5), "3|2|0|15.931|41.7|3.797|01/21/01|1.823|5.775|25.00|");
+  world.state.table.SheetAt(2).Select({5, 1, 5, 10});
+  world.screens.frmMain.mnuEditCase_Click();
+  EXPECT_EQ(world.Row(3, 4), "2|0|01/21/01|01/31/01|8.333|01/06/2001|-0.253|");
   world.frame.txtSigRange[0].SetText("40000");
   world.calc.cmdSigSum_Click();
   EXPECT_EQ(world.NewMessages(), (Texts{"error: 6 Overflow: txtSigRange"}));
