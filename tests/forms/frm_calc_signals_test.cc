@@ -380,6 +380,7 @@ TEST(FrmCalcSignals, AStoppedRunKeepsItsFinishedCases) {
   EXPECT_EQ(world.state.table.SheetAt(2).MaxRow, 3);
   EXPECT_EQ(world.File("R.SSM").size(), 77U);
   EXPECT_EQ(world.frame.lblSigNote.Caption(), "Stopped after 1 test case of 2");
+  EXPECT_EQ(world.screens.frmMain.pnlMeter.Percent(), 50);
   EXPECT_TRUE(world.state.flags.ComputedSummaryShown);
 }
 
