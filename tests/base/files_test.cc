@@ -15,7 +15,6 @@
 
 #include "base/file_lock.h"
 #include "base/output_file.h"
-#include "support/child_process.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot {

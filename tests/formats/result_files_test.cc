@@ -85,8 +85,7 @@ TEST(ZephyrineFile, AWrittenRecordReadsBack) {
 
 TEST(ZephyrineFile, LengthTellsTheFormOfItsRecords) {
   struct Case {
-    std::size_t bytes;
-    std::size_t records;
+    std::size_t bytes, records;
     const char* beta;  ///< of the first record
   };
   const Case cases[] = {{0, 0, ""},
@@ -148,8 +147,7 @@ TEST(VornaxilFile, RowsBeginInLine8AndTheLastLineIsNone) {
 
 TEST(KestrelixFile, TitleNamesAndRowsWithoutTheLastLine) {
   struct Case {
-    const char* bytes;
-    const char* title;
+    const char *bytes, *title;
     std::vector<std::string> second;  ///< second fields of names and rows
   };
   const Case cases[] = {{"", "", {}},

@@ -18,9 +18,12 @@ constexpr const char* kPrevious = "Value must to less than previous range";
 
 struct BoxWorld : ScreenWorld {
   Frmpfp& frmpfp = screens.frmpfp;
+  int saves = 0;  // before the dialog
 
   /// Opens the dialog as the button does; `user` works it.
   void Open(const std::function<void()>& user) {
+    Start();
+    saves = settings.saves;
     host.on_modal = [user](Form&) { user(); };
     screens.frmTab.cboGraphType.SetListIndex(4);
     screens.frmTab.cmdPoint.RaiseClick();
@@ -35,39 +38,26 @@ struct BoxWorld : ScreenWorld {
   std::string Range(int field) { return frmpfp.txtRange[static_cast<std::size_t>(field)].Text(); }
 };
 
-TEST(Frmpfp, ShowsTheParametersInUse) {
-  BoxWorld world;
-  world.settings.values["pfbox5"] = "0.025";
-  world.settings.values["pfrev"] = "3";
-  world.Start();
+struct Frmpfp : testing::Test, BoxWorld {};
+
+TEST_F(Frmpfp, ShowsTheParametersInUse) {
+  settings.values["pfbox5"] = "0.025";
+  settings.values["pfrev"] = "3";
   bool shown = false;
-  world.Open([&] {
+  Open([&] {
     shown = true;
-    Texts texts;
-    for (const TextBox& box : world.frmpfp.txtRange) texts.push_back(box.Text());
-    for (const TextBox& box : world.frmpfp.txtBox) texts.push_back(box.Text());
-    EXPECT_EQ(texts,
-              (Texts{"100",
-                     "99.99",
-                     "40",
-                     "39.99",
-                     "10",
-                     "9.99",
-                     "2.5",
-                     "2.49",
-                     "1",
-                     "0.4",
-                     "0.2",
-                     "0.1",
-                     "0.025"}));
-    EXPECT_EQ(world.frmpfp.optReversal.ListIndex(), 2);
-    world.frmpfp.cmdCancel.RaiseClick();
+    std::string texts;
+    for (const TextBox& box : frmpfp.txtRange) texts += box.Text() + " ";
+    for (const TextBox& box : frmpfp.txtBox) texts += box.Text() + " ";
+    EXPECT_EQ(texts, "100 99.99 40 39.99 10 9.99 2.5 2.49 1 0.4 0.2 0.1 0.025 ");
+    EXPECT_EQ(frmpfp.optReversal.ListIndex(), 2);
+    frmpfp.cmdCancel.RaiseClick();
   });
   EXPECT_TRUE(shown);
-  EXPECT_FALSE(world.frmpfp.Shown());
+  EXPECT_FALSE(frmpfp.Shown());
 }
 
-TEST(Frmpfp, LeavingALowerBoundKeepsTheRangesInStepOrTellsWhy) {
+TEST_F(Frmpfp, LeavingALowerBoundKeepsTheRangesInStepOrTellsWhy) {
   struct Case {
     int field;
     const char* typed;
@@ -94,7 +84,6 @@ TEST(Frmpfp, LeavingALowerBoundKeepsTheRangesInStepOrTellsWhy) {
   for (const Case& c : cases) {
     SCOPED_TRACE(std::to_string(c.field) + " " + c.typed);
     BoxWorld world;
-    world.Start();
     world.Open([&] {
       world.Type(c.field, c.typed);
       EXPECT_EQ(world.Range(c.field), c.typed);  // a wrong value stays
@@ -104,58 +93,52 @@ TEST(Frmpfp, LeavingALowerBoundKeepsTheRangesInStepOrTellsWhy) {
   }
 }
 
-TEST(Frmpfp, OkTakesTheValuesForThisRunAlone) {
-  BoxWorld world;
-  world.Start();
-  const int saves = world.settings.saves;
-  world.Open([&] {
-    world.Type(0, "30");  // told, but taken
-    world.frmpfp.txtBox[4].SetText(".075 each");
-    world.frmpfp.optReversal.SetListIndex(2);
-    world.frmpfp.cmdOK.RaiseClick();
+TEST_F(Frmpfp, OkTakesTheValuesForThisRunAlone) {
+  Open([&] {
+    Type(0, "30");  // told, but taken
+    frmpfp.txtBox[4].SetText(".075 each");
+    frmpfp.optReversal.SetListIndex(2);
+    frmpfp.cmdOK.RaiseClick();
   });
-  EXPECT_FALSE(world.frmpfp.Shown());
-  EXPECT_EQ(world.state.point_and_figure.PfRange[0], 30.0F);
-  EXPECT_EQ(world.state.point_and_figure.PfBox[4], 0.075F);
-  EXPECT_EQ(world.state.point_and_figure.PfReversal, 2);
-  EXPECT_EQ(world.settings.saves, saves);
+  EXPECT_FALSE(frmpfp.Shown());
+  EXPECT_EQ(state.point_and_figure.PfRange[0], 30.0F);
+  EXPECT_EQ(state.point_and_figure.PfBox[4], 0.075F);
+  EXPECT_EQ(state.point_and_figure.PfReversal, 2);
+  EXPECT_EQ(settings.saves, saves);
 }
 
-TEST(Frmpfp, SaveStoresTheTextsAtOnceAndNeitherTakesNorCloses) {
-  BoxWorld world;
-  world.Start();
-  const int saves = world.settings.saves;
-  world.Open([&] {
-    world.frmpfp.txtRange[7].SetText("2.4900");
-    world.frmpfp.txtBox[0].SetText("2");
-    world.frmpfp.optReversal.SetListIndex(0);
-    world.frmpfp.cmdSave.RaiseClick();
-    EXPECT_TRUE(world.frmpfp.Shown());
-    EXPECT_EQ(world.settings.saves, saves + 1);
-    EXPECT_TRUE(world.screens.frmMain.pnlStatus.Caption().ends_with("for the next start"));
-    world.settings.refuses = true;
-    world.frmpfp.cmdSave.RaiseClick();
+TEST_F(Frmpfp, SaveStoresTheTextsAtOnceAndNeitherTakesNorCloses) {
+  Open([&] {
+    frmpfp.txtRange[7].SetText("2.4900");
+    frmpfp.txtBox[0].SetText("2");
+    frmpfp.optReversal.SetListIndex(0);
+    frmpfp.cmdSave.RaiseClick();
+    EXPECT_TRUE(frmpfp.Shown());
+    EXPECT_EQ(settings.saves, saves + 1);
+    EXPECT_TRUE(screens.frmMain.pnlStatus.Caption().ends_with("for the next start"));
+    settings.refuses = true;
+    frmpfp.cmdSave.RaiseClick();
   });
-  EXPECT_EQ(world.settings.values["pfrange8"], "2.4900");
-  EXPECT_EQ(world.settings.values["pfrange1"], "100");
-  EXPECT_EQ(world.settings.values["pfbox1"], "2");
-  EXPECT_EQ(world.settings.values["pfbox5"], "0.05");
-  EXPECT_EQ(world.settings.values["pfrev"], "1");
-  EXPECT_EQ(world.state.point_and_figure.PfBox[0], 1.0F);
-  EXPECT_EQ(world.state.point_and_figure.PfReversal, 1);
-  EXPECT_EQ(world.dialogs.Texts(), (Texts{"Settings not saved: settings.ini: Disk full"}));
+  for (const auto& [key, text] : {std::pair("pfrange8", "2.4900"),
+                                  {"pfrange1", "100"},
+                                  {"pfbox1", "2"},
+                                  {"pfbox5", "0.05"},
+                                  {"pfrev", "1"}}) {
+    EXPECT_EQ(settings.values[key], text);
+  }
+  EXPECT_EQ(state.point_and_figure.PfBox[0], 1.0F);
+  EXPECT_EQ(state.point_and_figure.PfReversal, 1);
+  EXPECT_EQ(dialogs.Texts(), (Texts{"Settings not saved: settings.ini: Disk full"}));
 }
 
-TEST(Frmpfp, NumberBeyondSinglePrecisionIsToldAndTheDialogStays) {
-  BoxWorld world;
-  world.Start();
-  world.Open([&] {
-    world.frmpfp.txtBox[1].SetText("1e99");
-    world.frmpfp.cmdOK.RaiseClick();
-    EXPECT_TRUE(world.frmpfp.Shown());
+TEST_F(Frmpfp, NumberBeyondSinglePrecisionIsToldAndTheDialogStays) {
+  Open([&] {
+    frmpfp.txtBox[1].SetText("1e99");
+    frmpfp.cmdOK.RaiseClick();
+    EXPECT_TRUE(frmpfp.Shown());
   });
-  EXPECT_EQ(world.dialogs.Texts(), (Texts{"error: 6 Overflow"}));
-  EXPECT_EQ(world.state.point_and_figure.PfBox[1], 0.4F);
+  EXPECT_EQ(dialogs.Texts(), (Texts{"error: 6 Overflow"}));
+  EXPECT_EQ(state.point_and_figure.PfBox[1], 0.4F);
 }
 
 }  // namespace

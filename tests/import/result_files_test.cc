@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "support/recording_dialogs.h"
 #include "support/result_bytes.h"
-#include "support/silent_progress.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot::test {

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
@@ -15,6 +16,7 @@
 #include <thread>
 #include <vector>
 
+#include "base/text.h"
 #include "quoteline/check.h"
 #include "quoteline/price_text.h"
 #include "support/quoteline_world.h"
@@ -24,139 +26,125 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// "SYMBOL new changed" of each issue of a report, or its faults without the folder.
-Lines Told(const ImportReport& report, const QuotelineWorld& world) {
-  Lines lines;
-  for (const IssueChange& change : report.changes) {
-    lines.push_back(change.symbol + " " + std::to_string(change.new_days) + " " +
-                    std::to_string(change.changed_days));
-  }
-  for (std::string fault : report.faults) {
-    const std::string folder = world.files.Path() + "/";
-    for (std::size_t at = 0; (at = fault.find(folder)) != std::string::npos;) {
-      fault.erase(at, folder.size());
+struct PriceImport : testing::Test, QuotelineWorld {
+  // "SYMBOL new changed" of each issue of a report, or its faults without the folder, with "|"
+  // between them.
+  std::string Told(const ImportReport& report) const {
+    std::string told;
+    for (const IssueChange& change : report.changes) {
+      told += "|" + change.symbol + " " + std::to_string(change.new_days) + " " +
+              std::to_string(change.changed_days);
     }
-    lines.push_back(fault);
+    for (const std::string& fault : report.faults) told += "|" + fault;
+    const std::string prefix = files.Path() + "/";
+    for (std::size_t at = 0; (at = told.find(prefix)) != std::string::npos;) {
+      told.erase(at, prefix.size());
+    }
+    return told.empty() ? told : told.substr(1);
   }
-  return lines;
-}
+  std::string Take(const std::string& name, std::string_view text, ImportRequest request = {}) {
+    return Told(Import(name, text, std::move(request)));
+  }
+  std::string TakeFiles(std::vector<std::string> paths) {
+    return Told(ImportFiles(std::move(paths)));
+  }
+};
 
-struct PriceImport : testing::Test, QuotelineWorld {};
+// The world of one line of a table.
+struct LineWorld : PriceImport {
+  void TestBody() override {}
+};
 
 TEST(PriceImports, TellsTheFormsApartByTheirHeader) {
-  struct FormCase {
-    const char* file;
-    std::string text;
-    const char *list, *prices;  // of the only issue
-  };
-  const FormCase cases[] = {
-      {"ab.us.csv",
-       "Date,Open,Close\n2000-01-04,1,2.5\n2000-01-03,1,2\n",
-       "AB 2000-01-03 2000-01-04 2 AB",
-       "1,2000-01-03,2\n2,2000-01-04,2.5\n"},
-      {"$x.csv",
-       "\xEF\xBB\xBF\"date\";\"NAV\"\r\n\"1/3/2000\";\" 7.25 \"\r\n12/31/1999;+6\r\n",
-       "$X 1999-12-31 2000-01-03 2 $X",
-       "1,1999-12-31,6\n2,2000-01-03,7.25\n"},
-      {"any.csv",
-       "Symbol\tDate\tPrice\tName\nsbi\t2000-01-03\t95.88\t\"Bonds, \"\"all\"\"\"\n"
-       "SBI\t2000-01-04\t1e2\t\n",
-       "SBI 2000-01-03 2000-01-04 2 Bonds, \"all\"",
-       "1,2000-01-03,95.88\n2,2000-01-04,100\n"},
-      {"any.csv",
-       "DATE,brk.b\r2000-01-03,.5\r2000-01-04,\r2000-01-05,16777217",
-       "BRK.B 2000-01-03 2000-01-05 2 BRK.B",
-       "1,2000-01-03,0.5\n2,2000-01-05,16777220\n"},
-      {"AB.csv",
-       "Date,Close,,\n2000-01-03,4,,\n\n2000-01-03,4,,\n",
-       "AB 2000-01-03 2000-01-03 1 AB",
-       "1,2000-01-03,4\n"},
-      {"AB.csv",  // a spreadsheet's preamble; more commas than semicolons in the header
-       "sep=;\r\n\r\nDate;Close;\"a,b,c\"\r\n2000-01-03;4;\r\n",
-       "AB 2000-01-03 2000-01-03 1 AB",
-       "1,2000-01-03,4\n"},
-  };
-  for (const FormCase& form : cases) {
-    SCOPED_TRACE(form.text);
-    QuotelineWorld world;
-    EXPECT_EQ(Told(world.Import(form.file, form.text), world).size(), 1U);
+  // The file's name and text, then the list and the prices of the only issue.
+  for (const std::string_view c :
+       {"ab.us.csv|Date,Open,Close\n2000-01-04,1,2.5\n2000-01-03,1,2\n|"
+        "AB 2000-01-03 2000-01-04 2 AB|1,2000-01-03,2\n2,2000-01-04,2.5\n",
+        "$x.csv|\xEF\xBB\xBF\"date\";\"NAV\"\r\n\"1/3/2000\";\" 7.25 \"\r\n12/31/1999;+6\r\n|"
+        "$X 1999-12-31 2000-01-03 2 $X|1,1999-12-31,6\n2,2000-01-03,7.25\n",
+        "any.csv|Symbol\tDate\tPrice\tName\nsbi\t2000-01-03\t95.88\t\"Bonds, \"\"all\"\"\"\n"
+        "SBI\t2000-01-04\t1e2\t\n|"
+        "SBI 2000-01-03 2000-01-04 2 Bonds, \"all\"|1,2000-01-03,95.88\n2,2000-01-04,100\n",
+        "any.csv|DATE,brk.b\r2000-01-03,.5\r2000-01-04,\r2000-01-05,16777217|"
+        "BRK.B 2000-01-03 2000-01-05 2 BRK.B|1,2000-01-03,0.5\n2,2000-01-05,16777220\n",
+        "AB.csv|Date,Close,,\n2000-01-03,4,,\n\n2000-01-03,4,,\n|"
+        "AB 2000-01-03 2000-01-03 1 AB|1,2000-01-03,4\n",
+        // A spreadsheet's preamble; more commas than semicolons in the header.
+        "AB.csv|sep=;\r\n\r\nDate;Close;\"a,b,c\"\r\n2000-01-03;4;\r\n|"
+        "AB 2000-01-03 2000-01-03 1 AB|1,2000-01-03,4\n"}) {
+    SCOPED_TRACE(c);
+    LineWorld world;
+    const auto parts = Split(c, '|');
+    world.Import(std::string(parts[0]), parts[1]);
     const Lines list = world.List();
-    ASSERT_EQ(list, Lines{form.list});
-    EXPECT_EQ(world.Prices(list[0].substr(0, list[0].find(' '))), form.prices);
+    ASSERT_EQ(list, Lines{std::string(parts[2])});
+    EXPECT_EQ(world.Prices(list[0].substr(0, list[0].find(' '))), parts[3]);
   }
 }
 
 TEST_F(PriceImport, TakesTheAdjustedPriceWhenAsked) {
   const std::string text = "Date,Close,Adj Close,Volume\n2000-01-03,102.88,42.94,5\n";
-  EXPECT_EQ(Told(Import("TXN.csv", text, Adjusted()), *this), Lines{"TXN 1 0"});
+  EXPECT_EQ(Take("TXN.csv", text, Adjusted()), "TXN 1 0");
   EXPECT_EQ(Prices("TXN"), "1,2000-01-03,42.94\n");
 }
 
 // What a header makes of a line "2000-01-03,1,2,3": the issues, or the refusal; then what the one
 // issue left out.
-struct HeaderCase {
-  const char* header;
-  Lines told;
-  Lines left_out;
-};
-
 TEST(PriceImports, APriceColumnInAnyCaseMakesAFileOfOneIssue) {
   const std::string none = "F.csv: has no price column (Close, NAV or Price) in its header";
-  const HeaderCase cases[] = {
-      {"Date,NAV,POP,CHG", {"F 1 0"}, {"POP", "CHG"}},
-      {"DATE,PRICE,YIELD,CLOSE", {"F 1 0"}, {"PRICE", "YIELD"}},
-      {"Date,HD,LOW,NAV", {"F 1 0"}, {"HD", "LOW"}},
-      {"Date,HD,LOW,WMT", {"HD 1 0", "LOW 1 0", "WMT 1 0"}, {}},
-      {"Date,High,Low,Yield", {none + "; if its columns are symbols, say so with --wide"}, {}},
-      {"Date,High,Low,Volume", {none}, {}},
+  struct Case {
+    std::string header, told;
+    Lines left_out;
+  };
+  const Case cases[] = {
+      {"Date,NAV,POP,CHG", "F 1 0", {"POP", "CHG"}},
+      {"DATE,PRICE,YIELD,CLOSE", "F 1 0", {"PRICE", "YIELD"}},
+      {"Date,HD,LOW,NAV", "F 1 0", {"HD", "LOW"}},
+      {"Date,HD,LOW,WMT", "HD 1 0|LOW 1 0|WMT 1 0", {}},
+      {"Date,High,Low,Yield", none + "; if its columns are symbols, say so with --wide", {}},
+      {"Date,High,Low,Volume", none, {}},
       {"Date,High,Low,Open Int",
-       {none + ", and column \"Open Int\" of its header is no symbol (1 to 5 letters, digits, "
-               "$ ^ . -)"},
+       none + ", and column \"Open Int\" of its header is no symbol (1 to "
+              "5 letters, digits, $ ^ . -)",
        {}},
   };
-  for (const HeaderCase& one : cases) {
-    SCOPED_TRACE(one.header);
-    QuotelineWorld world;
-    const ImportReport report =
-        world.Import("F.csv", std::string(one.header) + "\n2000-01-03,1,2,3\n");
-    EXPECT_EQ(Told(report, world), one.told);
-    EXPECT_EQ(report.left_out.contains("F") ? report.left_out.at("F") : Lines{}, one.left_out);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.header);
+    LineWorld world;
+    const ImportReport report = world.Import("F.csv", c.header + "\n2000-01-03,1,2,3\n");
+    EXPECT_EQ(world.Told(report), c.told);
+    EXPECT_EQ(report.left_out.contains("F") ? report.left_out.at("F") : Lines{}, c.left_out);
   }
 }
 
-TEST(PriceImports, WhatAFileIsCanBeSaidOutright) {
+TEST_F(PriceImport, WhatAFileIsCanBeSaidOutright) {
   const std::string text = "Date,AAA,NAV\n2000-01-03,1,2\n";
   ImportRequest wide;
   wide.options.wide = true;
-  QuotelineWorld world;
-  EXPECT_EQ(Told(world.Import("w.csv", text, wide), world), (Lines{"AAA 1 0", "NAV 1 0"}));
+  EXPECT_EQ(Take("w.csv", text, wide), "AAA 1 0|NAV 1 0");
   ImportRequest one;
   one.options.symbol = "S";
-  EXPECT_EQ(Told(world.Import("w.csv", text, one), world), Lines{"S 1 0"});
-  EXPECT_EQ(world.Prices("S"), "1,2000-01-03,2\n");
-  EXPECT_EQ(Told(world.Import("w.csv", "Date,AAA,BBB\n2000-01-03,1,2\n", one), world),
-            Lines{"w.csv: has no price column (Close, NAV or Price) in its header"});
+  EXPECT_EQ(Take("w.csv", text, one), "S 1 0");
+  EXPECT_EQ(Prices("S"), "1,2000-01-03,2\n");
+  EXPECT_EQ(Take("w.csv", "Date,AAA,BBB\n2000-01-03,1,2\n", one),
+            "w.csv: has no price column (Close, NAV or Price) in its header");
   const std::string two = "Symbol,Date,NAV\nA,2000-01-04,1\na,2000-01-05,2\nB,2000-01-06,3\n";
-  EXPECT_EQ(Told(world.Import("l.csv", two, one), world),
-            Lines{"l.csv:4: a second issue, \"B\", in a file that --symbol says holds one"});
+  EXPECT_EQ(Take("l.csv", two, one),
+            "l.csv:4: a second issue, \"B\", in a file that --symbol says holds one");
 }
 
 TEST_F(PriceImport, WhatSpreadsheetsAndOldProgramsLeaveBehindIsNoFault) {
-  const ImportReport rows = Import("A.csv", ";;\nDate;Close;X\n2000-01-03;1;2\n;;\n ; ;\n\x1A\x1A");
-  EXPECT_EQ(Told(rows, *this), Lines{"A 1 0"});
-  const ImportReport wide = Import("w.csv", "Date,B,C\n,,\n2000-01-03,1,2\x1A");
-  EXPECT_EQ(Told(wide, *this), (Lines{"B 1 0", "C 1 0"}));
+  EXPECT_EQ(Take("A.csv", ";;\nDate;Close;X\n2000-01-03;1;2\n;;\n ; ;\n\x1A\x1A"), "A 1 0");
+  EXPECT_EQ(Take("w.csv", "Date,B,C\n,,\n2000-01-03,1,2\x1A"), "B 1 0|C 1 0");
 }
 
 TEST_F(PriceImport, NamesHaveOneLimitInBothEncodings) {
   const std::string longest = "Z\xFC" + std::string(78, 'x');  // 80 characters
   const auto import = [this](const std::string& symbol, const std::string& name) {
-    return Told(Import("l.csv", "Symbol,Date,NAV,Name\n" + symbol + ",2000-01-03,1," + name + "\n"),
-                *this);
+    return Take("l.csv", "Symbol,Date,NAV,Name\n" + symbol + ",2000-01-03,1," + name + "\n");
   };
-  EXPECT_EQ(import("A", longest), Lines{"A 1 0"});
-  EXPECT_EQ(import("A", longest + "y"),
-            Lines{"l.csv:2: the name has 81 characters; 80 are the most"});
+  EXPECT_EQ(import("A", longest), "A 1 0");
+  EXPECT_EQ(import("A", longest + "y"), "l.csv:2: the name has 81 characters; 80 are the most");
   import("U", "Z\xC3\xBCrich \xC5\x81");
   import("W", "Z\xFCrich");
   EXPECT_EQ(List("U"), Lines{"U 2000-01-03 2000-01-03 1 Z\xC3\xBCrich \xC5\x81"});
@@ -173,19 +161,15 @@ TEST_F(PriceImport, WhatCanBeNoPriceFileIsRefusedAtOnce) {
   const std::string line = files.Write("line.csv", "Date,Close\n");
   std::filesystem::resize_file(large, (std::uintmax_t{2} << 30U) + 1);
   std::filesystem::resize_file(line, std::uintmax_t{40} << 20U);
-  EXPECT_EQ(Told(ImportFiles({"/dev/zero", "/dev/null", large}), *this),
-            (Lines{"/dev/zero: is a device, not a price file",
-                   "/dev/null: is a device, not a price file",
-                   "large.csv: is larger than 2 GiB; a price file of that size is to be split"}));
-  EXPECT_EQ(Told(ImportFiles({line}), *this),
-            Lines{"line.csv: is not a price file: a line of it is longer than 16 MiB"});
+  EXPECT_EQ(TakeFiles({"/dev/zero", "/dev/null", large}),
+            "/dev/zero: is a device, not a price file|/dev/null: is a device, not a price file|"
+            "large.csv: is larger than 2 GiB; a price file of that size is to be split");
+  EXPECT_EQ(TakeFiles({line}), "line.csv: is not a price file: a line of it is longer than 16 MiB");
 }
 
 TEST_F(PriceImport, RenumbersEveryIssueWhenDatesComeBetweenAndBefore) {
   Import("w.csv", "Date,A,B\n2000-01-05,1,\n2000-01-07,2,5\n2000-01-11,3,6\n");
-  const ImportReport report =
-      Import("C.csv", "Date,Close\n2000-01-03,9\n2000-01-06,8\n2000-01-07,7\n");
-  EXPECT_EQ(Told(report, *this), Lines{"C 3 0"});
+  EXPECT_EQ(Take("C.csv", "Date,Close\n2000-01-03,9\n2000-01-06,8\n2000-01-07,7\n"), "C 3 0");
   EXPECT_EQ(Prices("A"), "2,2000-01-05,1\n3,2000-01-06,1\n4,2000-01-07,2\n5,2000-01-11,3\n");
   EXPECT_EQ(Prices("B"), "4,2000-01-07,5\n5,2000-01-11,6\n");
   // The carried value of 6 January is no price, so that the calendar forgets the day with C.
@@ -198,122 +182,97 @@ TEST_F(PriceImport, RenumbersEveryIssueWhenDatesComeBetweenAndBefore) {
 TEST_F(PriceImport, MergesAKnownIssueAndReplacesItWhenAsked) {
   Import("A.csv", "Date,Close\n2000-01-03,1\n2000-01-05,3\n", Named("Old"));
   const std::string text = "Date,Close\n2000-01-03,1\n2000-01-04,2\n2000-01-05,4\n";
-  EXPECT_EQ(Told(Import("A.csv", text, DryRun()), *this), Lines{"A 1 1"});
+  EXPECT_EQ(Take("A.csv", text, DryRun()), "A 1 1");
   EXPECT_EQ(List(), Lines{"A 2000-01-03 2000-01-05 2 Old"});
-  EXPECT_EQ(Told(Import("A.csv", text), *this), Lines{"A 1 1"});
+  EXPECT_EQ(Take("A.csv", text), "A 1 1");
   EXPECT_EQ(Prices("A"), "1,2000-01-03,1\n2,2000-01-04,2\n3,2000-01-05,4\n");
-  EXPECT_EQ(Told(Import("A.csv", text), *this), Lines{"A 0 0"});
-  const ImportReport replaced = Import("A.csv", "Date,Close\n2000-01-04,8\n", Replacing());
-  EXPECT_EQ(Told(replaced, *this), Lines{"A 1 0"});
+  EXPECT_EQ(Take("A.csv", text), "A 0 0");
+  EXPECT_EQ(Take("A.csv", "Date,Close\n2000-01-04,8\n", Replacing()), "A 1 0");
   EXPECT_EQ(Prices("A"), "1,2000-01-04,8\n");
   EXPECT_EQ(List(), Lines{"A 2000-01-04 2000-01-04 1 Old"});
 }
 
-struct Refused {
-  const char* file;
-  std::string text;
-  Lines told;
-};
-
+// What is told is without the name of the file, "A", and its ending.
 TEST(PriceImports, NamesEveryBadLineAndStoresNothing) {
-  const Refused cases[] = {
-      {"A.csv", "", {"A.csv: is empty, not a price file"}},
-      {"A.csv", "\r\n \n", {"A.csv: is empty, not a price file"}},
-      {"A.csv", std::string("PK\3\4\0\0", 6), {"A.csv: is a binary file, not a price file"}},
-      {"A.csv",
-       "<TICKER>,<DATE>,<CLOSE>\nA,20000103,1\n",
-       {"A.csv: is not a price file: its first line names no column \"Date\""}},
-      {"A.csv", "\xFF\xFE", {"A.csv: is UTF-16 text, not a price file; save it as UTF-8 first"}},
-      {"A.csv", "\n<!DOCTYPE html>", {"A.csv: is a web page, not a price file"}},
-      {"A.csv",
-       "2000-01-03,5\n",
-       {"A.csv: is not a price file: its first line names no column \"Date\""}},
-      {"A.csv",
-       "Date,Open,High,Low,Volume\n",
-       {"A.csv: has no price column (Close, NAV or Price) in its header"}},
-      {"A.csv",
-       "Date,Adj Close\n",
-       {"A.csv: has no price column but \"Adj Close\"; --adjusted takes that"}},
-      {"A.csv", "Date,Close\n", {"A.csv: holds no prices"}},
-      {"A.csv", "Date,X,x\n2000-01-03,1,1", {"A.csv: symbol X stands twice in its header"}},
-      {"A.csv",
-       "Date,TOOBIG\n",
-       {"A.csv: has no price column (Close, NAV or Price) in its header, and column \"TOOBIG\" of "
-        "its "
-        "header is no symbol (1 to 5 letters, digits, $ ^ . -)"}},
-      {"prices.csv",
-       "Date,Close\n2000-01-03,1\n",
-       {"prices.csv: \"prices\" is no symbol (1 to 5 letters, digits, $ ^ . -); name one with "
-        "--symbol"}},
-      {"A.csv",
-       "Date,Close,Volume\n2000-02-30,1,1\n2000-01-04,0,1\n1/5/2000,1,5,1\n2000-01-05,2\n"
+  const std::string no_price = ": has no price column (Close, NAV or Price) in its header";
+  const std::string no_date = ": is not a price file: its first line names no column \"Date\"";
+  const std::string symbol = " is no symbol (1 to 5 letters, digits, $ ^ . -)";
+  const std::string form = " is not a date (YYYY-MM-DD or M/D/YYYY)";
+  const std::pair<std::string, std::string> cases[] = {
+      {"", ": is empty, not a price file"},
+      {"\r\n \n", ": is empty, not a price file"},
+      {std::string("PK\3\4\0\0", 6), ": is a binary file, not a price file"},
+      {"<TICKER>,<DATE>,<CLOSE>\nA,20000103,1\n", no_date},
+      {"\xFF\xFE", ": is UTF-16 text, not a price file; save it as UTF-8 first"},
+      {"\n<!DOCTYPE html>", ": is a web page, not a price file"},
+      {"2000-01-03,5\n", no_date},
+      {"Date,Open,High,Low,Volume\n", no_price},
+      {"Date,Adj Close\n", ": has no price column but \"Adj Close\"; --adjusted takes that"},
+      {"Date,Close\n", ": holds no prices"},
+      {"Date,X,x\n2000-01-03,1,1", ": symbol X stands twice in its header"},
+      {"Date,TOOBIG\n", no_price + ", and column \"TOOBIG\" of its header" + symbol},
+      {"Date,Close,Volume\n2000-02-30,1,1\n2000-01-04,0,1\n1/5/2000,1,5,1\n2000-01-05,2\n"
        "12/31/99,1,1\n,2,3\n2000-01-06,1e39,1\n2000-01-07,7,1\n01/07/2000,8,1\n",
-       {"A.csv:2: \"2000-02-30\" is not a date (YYYY-MM-DD or M/D/YYYY)",
-        "A.csv:3: \"0\" is not a price above 0",
-        "A.csv:4: more fields than the header names",
-        "A.csv:5: too few fields (2 of 3)",
-        "A.csv:6: \"12/31/99\" is not a date (YYYY-MM-DD or M/D/YYYY)",
-        "A.csv:7: the date is missing",
-        "A.csv:8: \"1e39\" is beyond what a price can be",
-        "A.csv:10: A has another price on 2000-01-07 in line 9"}},
-      {"A.csv",
-       "Date,Close\n2000-01-03,\"1\n2000-01-04,\"12\"3\n2000-01-05,\"4\" \n2000-01-06,1,234.50\n",
-       {"A.csv:2: \"\"1\" is not a price above 0",
-        "A.csv:3: \"\"12\"3\" is not a price above 0",
-        "A.csv:5: more fields than the header names"}},
-      {"l.csv",
-       "Symbol,Date,Close\nA,2000-01-03,1\nB,2000-01-03,2\nA,2000-01-03,3\nB#,2000-01-04,1\n"
+       ":2: \"2000-02-30\"" + form +
+           "|:3: \"0\" is not a price above 0|"
+           ":4: more fields than the header names|:5: too few fields (2 of 3)|"
+           ":6: \"12/31/99\"" +
+           form +
+           "|:7: the date is missing|"
+           ":8: \"1e39\" is beyond what a price can be|"
+           ":10: A has another price on 2000-01-07 in line 9"},
+      {"Date,Close\n2000-01-03,\"1\n2000-01-04,\"12\"3\n2000-01-05,\"4\" \n2000-01-06,1,234.50\n",
+       ":2: \"\"1\" is not a price above 0|:3: \"\"12\"3\" is not a price above 0|"
+       ":5: more fields than the header names"},
+      {"Symbol,Date,Close\nA,2000-01-03,1\nB,2000-01-03,2\nA,2000-01-03,3\nB#,2000-01-04,1\n"
        "B,2000-01-04,\n",
-       {"l.csv:4: A has another price on 2000-01-03 in line 2",
-        "l.csv:5: \"B#\" is no symbol (1 to 5 letters, digits, $ ^ . -)",
-        "l.csv:6: the price is missing"}},
-      {"w.csv",
-       "Date,A,B\n2000-01-03,1,2\n2000-01-04,-1,x\n2000-01-05,1\n2000-01-03,1,3\n"
+       ":4: A has another price on 2000-01-03 in line 2|:5: \"B#\"" + symbol +
+           "|:6: the price is missing"},
+      {"Date,A,B\n2000-01-03,1,2\n2000-01-04,-1,x\n2000-01-05,1\n2000-01-03,1,3\n"
        "2000-01-06,1,2,3\n2000-01-07,\"1,5\",2\n",
-       {"w.csv:3: A: \"-1\" is not a price above 0",
-        "w.csv:4: too few fields (2 of 3)",
-        "w.csv:5: B has another price on 2000-01-03 in line 2",
-        "w.csv:6: more fields than the header names",
-        "w.csv:7: A: \"1,5\" has a comma or blank; a price is digits and a decimal point"}},
-      {"A.csv",
-       "Date;Close\n12/29/1899;1\n1899-02-29;1\n2000-01-03;3,257.85\n2000-01-04;$12.5\n"
+       ":3: A: \"-1\" is not a price above 0|:4: too few fields (2 of 3)|"
+       ":5: B has another price on 2000-01-03 in line 2|:6: more fields than the header names|"
+       ":7: A: \"1,5\" has a comma or blank; a price is digits and a decimal point"},
+      {"Date;Close\n12/29/1899;1\n1899-02-29;1\n2000-01-03;3,257.85\n2000-01-04;$12.5\n"
        "2000-01-05;12,34\n2000-01-06;null\n2000-01-07;5%\n2000-01-10;0.0,0\n",
-       {"A.csv:2: \"12/29/1899\" lies before 1900, where dates begin",
-        "A.csv:3: \"1899-02-29\" is not a date (YYYY-MM-DD or M/D/YYYY)",
-        "A.csv:4: \"3,257.85\" groups its digits; a price is written 3257.85",
-        "A.csv:5: \"$12.5\" has a currency sign; a price is digits and a point",
-        "A.csv:6: \"12,34\" has a comma or blank; a price is digits and a decimal point",
-        "A.csv:7: \"null\" is no price; leave out what has none",
-        "A.csv:8: \"5%\" has a percent sign; a price is digits and a point",
-        "A.csv:9: \"0.0,0\" is not a price above 0"}},
+       ":2: \"12/29/1899\" lies before 1900, where dates begin|:3: \"1899-02-29\"" + form +
+           "|:4: \"3,257.85\" groups its digits; a price is written 3257.85|"
+           ":5: \"$12.5\" has a currency sign; a price is digits and a point|"
+           ":6: \"12,34\" has a comma or blank; a price is digits and a decimal point|"
+           ":7: \"null\" is no price; leave out what has none|"
+           ":8: \"5%\" has a percent sign; a price is digits and a point|"
+           ":9: \"0.0,0\" is not a price above 0"},
   };
-  for (const Refused& refused : cases) {
-    SCOPED_TRACE(refused.text);
-    QuotelineWorld world;
-    const ImportReport report = world.Import(refused.file, refused.text);
-    EXPECT_EQ(Told(report, world), refused.told);
+  for (const auto& [text, told] : cases) {
+    SCOPED_TRACE(text);
+    LineWorld world;
+    std::string shown = world.Take("A.csv", text);
+    for (std::size_t at = 0; (at = shown.find("A.csv:")) != std::string::npos;) shown.erase(at, 5);
+    EXPECT_EQ(shown, told);
     EXPECT_TRUE(world.List().empty());
   }
+  LineWorld world;
+  EXPECT_EQ(world.Take("prices.csv", "Date,Close\n2000-01-03,1\n"),
+            "prices.csv: \"prices\"" + symbol + "; name one with --symbol");
 }
 
 TEST_F(PriceImport, ShowsTwentyBadLinesOfAllFilesAndCountsTheOthers) {
   std::string text = "Date,Close\n";
   for (int i = 0; i < 15; ++i) text += "x,1\n";
   const std::string good = "Date,Close\n2000-01-03,1\n";
-  const ImportReport report = ImportFiles(
+  const std::string told = TakeFiles(
       {files.Write("A.csv", text), files.Write("G.csv", good), files.Write("B.csv", text)});
-  const Lines told = Told(report, *this);
-  ASSERT_EQ(told.size(), 21U);
-  EXPECT_EQ(told[19], "B.csv:6: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)");
-  EXPECT_EQ(told[20], "and 10 more bad lines");
+  EXPECT_EQ(std::count(told.begin(), told.end(), '|'), 20);
+  EXPECT_TRUE(
+      told.ends_with("|B.csv:6: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)|"
+                     "and 10 more bad lines"));
   EXPECT_TRUE(List().empty());
 }
 
 TEST_F(PriceImport, ComparesTheFilesOfOneCallWithEachOther) {
   const std::string first = files.Write("A.csv", "Date,Close\n2000-01-03,1\n2000-01-04,2\n");
   const std::string second = files.Write("w.csv", "Date,A,B\n2000-01-04,2,5\n2000-01-03,9,6\n");
-  EXPECT_EQ(Told(ImportFiles({first, second}), *this),
-            Lines{"w.csv:3: A has another price on 2000-01-03 in A.csv:2"});
+  EXPECT_EQ(TakeFiles({first, second}), "w.csv:3: A has another price on 2000-01-03 in A.csv:2");
 }
 
 // `count` days from 1 January 1900 on.
@@ -340,9 +299,9 @@ TEST_F(PriceImport, CountsLinesAcrossTheBlocksOfALargeFile) {
     AppendDateText(text, 2 + i, DatePattern::kIso);
     text.append(",1.25,").append(static_cast<std::size_t>(40 + i % 50), 'r').append("\r\n");
   }
-  EXPECT_EQ(Told(Import("A.csv", text, DryRun()), *this), Lines{"A 30000 0"});
-  EXPECT_EQ(Told(Import("A.csv", text + "x,1,1\r\n"), *this),
-            Lines{"A.csv:30002: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)"});
+  EXPECT_EQ(Take("A.csv", text, DryRun()), "A 30000 0");
+  EXPECT_EQ(Take("A.csv", text + "x,1,1\r\n"),
+            "A.csv:30002: \"x\" is not a date (YYYY-MM-DD or M/D/YYYY)");
 }
 
 std::string WidePrices(int issues, int days, int price) {
@@ -446,43 +405,30 @@ TEST(PriceText, RoundsTheDecimalTextOnce) {
   }
 }
 
-struct QuickCase {
-  const char* bytes;  // at least eight
-  std::size_t length;
-  float price;
-};
-
+// Numbers that end at the first comma, in at least eight bytes.
 TEST(PriceText, ReadsTheCommonFormQuicklyAndLeavesOthersAlone) {
-  const QuickCase cases[] = {{"1,234567", 1, 1.0F},
-                             {"12.34,56", 5, 12.34F},
-                             {"1234567,", 7, 1234567.0F},
-                             {"123.456,", 7, 123.456F},
-                             {".5\n12345", 2, 0.5F},
-                             {"5.\r\n1234", 2, 5.0F},
-                             {"0.00,123", 4, 0.0F},
-                             {",1234567", 0, 0.0F},
-                             {"12345678,", 0, 0.0F},
-                             {"1;234567", 0, 0.0F},
-                             {"-1.5,234", 0, 0.0F},
-                             {"1.2.3,45", 0, 0.0F},
-                             {"1e5,2345", 0, 0.0F},
-                             {"\"1.5\",23", 0, 0.0F},
-                             {"1\xB2,23456", 0, 0.0F},
-                             {".,123456", 0, 0.0F}};
-  for (const QuickCase& quick : cases) {
-    const QuickPrice read = ReadQuickPrice(quick.bytes, ',');
-    EXPECT_EQ(read.length, quick.length) << quick.bytes;
-    EXPECT_EQ(read.price, quick.price) << quick.bytes;
+  for (const std::string text : {"1", "12.34", "1234567", "123.456", ".5", "0.00"}) {
+    const QuickPrice read = ReadQuickPrice((text + ",1234567").c_str(), ',');
+    EXPECT_EQ(read.length, text.size()) << text;
+    EXPECT_EQ(read.price, std::strtof(text.c_str(), nullptr)) << text;
   }
-}
-
-TEST(PriceText, BothWaysOfReadingAgreeOnEveryPriceInCents) {
+  EXPECT_EQ(ReadQuickPrice("5.\r\n1234", ',').price, 5.0F);
+  for (const char* other : {",1234567",
+                            "12345678,",
+                            "1;234567",
+                            "-1.5,234",
+                            "1.2.3,45",
+                            "1e5,2345",
+                            "\"1.5\",23",
+                            "1\xB2,23456",
+                            ".,123456"}) {
+    EXPECT_EQ(ReadQuickPrice(other, ',').length, 0U) << other;
+  }
   for (int cents = 1001; cents < 1'000'000; cents += 7) {
     std::string text = std::to_string(cents);
     text.insert(text.size() - 2, 1, '.');
     const auto slow = PriceFromText(text);
-    text += ",       ";
-    ASSERT_EQ(ReadQuickPrice(text.data(), ',').price, slow.value_or(-1.0F)) << text;
+    ASSERT_EQ(ReadQuickPrice((text + ",       ").c_str(), ',').price, slow.value_or(-1.0F)) << text;
   }
 }
 

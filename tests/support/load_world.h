@@ -5,7 +5,6 @@
 #include "import/price_load.h"
 #include "support/fake_quoteline.h"
 #include "support/recording_dialogs.h"
-#include "support/silent_progress.h"
 
 namespace vistaplot::test {
 

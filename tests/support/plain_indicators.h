@@ -2,14 +2,18 @@
 // and periods counting from 1, every store rounded to single precision.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "analytics/bollinger.h"
 #include "analytics/chart_prices.h"
 #include "analytics/hurst.h"
+#include "analytics/mem_power.h"
+#include "analytics/memcof.h"
 
 namespace vistaplot::test {
 
@@ -146,56 +150,6 @@ struct PlainSpectrumDay {
   std::array<int, 5> peaks{};
 };
 
-/// The recursion over arrays that count from 1. Lowers `m`; `d` keeps what it does not reach.
-inline float PlainMemcof(const std::vector<float>& data, int n, int& m, std::vector<float>& d) {
-  const auto size = static_cast<std::size_t>(n) + 2;
-  std::vector<float> wk1(size), wk2(size), wkm(d.size());
-  const auto u = [](int index) { return static_cast<std::size_t>(index); };
-  float xms = 0.0F;
-  for (int j = 1; j <= n; ++j) xms = xms + data[u(j)] * data[u(j)];
-  xms = xms / static_cast<float>(n);
-  wk1[1] = data[1];
-  wk2[u(n - 1)] = data[u(n)];
-  for (int j = 2; j <= n - 1; ++j) {
-    wk1[u(j)] = data[u(j)];
-    wk2[u(j - 1)] = data[u(j)];
-  }
-  for (int k = 1; k <= m; ++k) {
-    float num = 0.0F, denom = 0.0F;
-    for (int j = 1; j <= n - k; ++j) {
-      num = num + wk1[u(j)] * wk2[u(j)];
-      denom = denom + (wk1[u(j)] * wk1[u(j)] + wk2[u(j)] * wk2[u(j)]);
-    }
-    if (denom == 0.0F) {
-      m = k > 1 ? k - 1 : 1;
-      break;
-    }
-    d[u(k)] = 2.0F * num / denom;
-    xms = xms * (1.0F - d[u(k)] * d[u(k)]);
-    for (int i = 1; i <= k - 1; ++i) d[u(i)] = wkm[u(i)] - d[u(k)] * wkm[u(k - i)];
-    if (k == m) break;
-    for (int i = 1; i <= k; ++i) wkm[u(i)] = d[u(i)];
-    for (int j = 1; j <= n - k - 1; ++j) {
-      wk1[u(j)] = wk1[u(j)] - wkm[u(k)] * wk2[u(j)];
-      wk2[u(j)] = wk2[u(j + 1)] - wkm[u(k)] * wk1[u(j + 1)];
-    }
-  }
-  return xms;
-}
-
-inline float PlainPower(double f, const std::vector<float>& d, int m, float xms) {
-  const double theta = 6.28318530717959 * f;
-  double wr = 1.0, wi = 0.0, sum_r = 1.0, sum_i = 0.0;
-  for (int k = 1; k <= m; ++k) {
-    const double old = wr;
-    wr = wr * std::cos(theta) - wi * std::sin(theta);
-    wi = wi * std::cos(theta) + old * std::sin(theta);
-    sum_r = sum_r - static_cast<double>(d[static_cast<std::size_t>(k)]) * wr;
-    sum_i = sum_i - static_cast<double>(d[static_cast<std::size_t>(k)]) * wi;
-  }
-  return static_cast<float>(static_cast<double>(xms) / (sum_r * sum_r + sum_i * sum_i));
-}
-
 inline std::vector<PlainSpectrumDay> PlainSpectrum(const ChartPrices& prices, int P, int poles) {
   std::vector<PlainSpectrumDay> days;
   std::vector<float> d(static_cast<std::size_t>(P > poles ? P : poles) + 2);
@@ -208,11 +162,15 @@ inline std::vector<PlainSpectrumDay> PlainSpectrum(const ChartPrices& prices, in
     PlainSpectrumDay& one = days.emplace_back();
     one.power.assign(static_cast<std::size_t>(P) + 1, 0.0F);
     if (P < 8) continue;
-    const float xms = PlainMemcof(data, P, poles, d);
+    // An order once lowered stays; a coefficient that a day does not reach is the day's before.
+    const MemFit fit = memcof(std::span(data).subspan(1), poles);
+    poles = fit.m;
+    if (fit.d != std::vector<float>{0.0F}) std::copy(fit.d.begin(), fit.d.end(), d.begin());
+    const auto reached = std::span(d).first(static_cast<std::size_t>(poles > 0 ? poles : 0));
     float highest = i == 1 ? -9999.0F : -999.0F;
     std::size_t count = 0;
     for (std::size_t p = 8; p <= static_cast<std::size_t>(P); ++p) {
-      one.power[p] = PlainPower(1.0 / static_cast<double>(p), d, poles, xms);
+      one.power[p] = static_cast<float>(MemPower(1.0 / static_cast<double>(p), reached, fit.xms));
       if (one.power[p] > highest) {
         highest = one.power[p];
         one.dominant = static_cast<float>(p);

@@ -1,9 +1,11 @@
-// Dialogs that answer from a queue and keep what they were asked, for tests.
+// Dialogs that answer from a queue and keep what they were asked, and progress that shows nothing,
+// for tests.
 #pragma once
 
 #include <deque>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/dialogs.h"
@@ -65,6 +67,26 @@ class RecordingDialogs : public Dialogs {
     queue.pop_front();
     return first;
   }
+};
+
+/// Keeps what it was told.
+class SilentProgress : public Progress {
+ public:
+  std::vector<std::string> actions;  ///< every text shown, in order
+  std::vector<double> percents;      ///< every value of the meter, in order
+  bool action_shown = false;
+  bool meter_shown = false;
+
+  void ShowAction(std::string_view text) override {
+    actions.emplace_back(text);
+    action_shown = true;
+  }
+  void HideAction() override { action_shown = false; }
+  void ShowMeter(double percent) override {
+    percents.push_back(percent);
+    meter_shown = true;
+  }
+  void HideMeter() override { meter_shown = false; }
 };
 
 }  // namespace vistaplot::test

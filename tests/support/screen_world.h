@@ -2,19 +2,71 @@
 // 1 January 2001, three issues, one family "TRIO" in QLDEF.
 #pragma once
 
+#include <map>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "base/settings.h"
 #include "formats/family_file.h"
 #include "forms/screens.h"
+#include "forms/shared_state.h"
 #include "support/fake_quoteline.h"
-#include "support/memory_settings.h"
 #include "support/recording_dialogs.h"
-#include "support/recording_output.h"
 #include "support/silent_host.h"
 #include "support/temporary_folder.h"
 
 namespace vistaplot::test {
+
+/// Settings that live in memory.
+class MemorySettings : public Settings {
+ public:
+  std::map<std::string, std::string, std::less<>> values;
+  bool refuses = false;  ///< every save fails as on a full disk
+  int saves = 0;         ///< writes so far
+
+  std::string Get(std::string_view key, std::string_view fallback) const override {
+    const auto found = values.find(key);
+    return found == values.end() ? std::string(fallback) : found->second;
+  }
+  [[nodiscard]] Status SaveAll(std::span<const Setting> settings) override {
+    if (refuses) return MakeError(kErrorDiskFull, "settings.ini");
+    for (const Setting& setting : settings) values[setting.key] = setting.value;
+    ++saves;
+    return Done{};
+  }
+};
+
+/// Output that keeps what it was given.
+class RecordingOutput : public Output {
+ public:
+  std::vector<std::string> calls;  ///< e.g. "save /tmp/a.png 640 448"
+  Status answer = Done{};          ///< of every call
+
+  Status SaveChart(const ChartView& /*view*/,
+                   const std::string& path,
+                   int width,
+                   int height) override {
+    return Keep("save " + path + " " + std::to_string(width) + " " + std::to_string(height));
+  }
+  Status PrintChart(const ChartView& /*view*/, Progress& /*progress*/) override {
+    return Keep("print chart");
+  }
+  Status PrintSheet(const Sheet& sheet, const std::string& title, Progress& /*progress*/) override {
+    return Keep("print " + sheet.SheetName + " as " + title);
+  }
+  Status CopyChart(const ChartView& /*view*/, int /*width*/, int /*height*/) override {
+    return Keep("copy chart");
+  }
+  Status CopyText(const std::string& text) override { return Keep("copy " + text); }
+
+ private:
+  Status Keep(const std::string& call) {
+    calls.push_back(call);
+    return answer;
+  }
+};
 
 inline constexpr int kWorldDays = 300;
 

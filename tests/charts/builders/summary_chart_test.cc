@@ -74,37 +74,36 @@ struct World {
   ChartView view;
 };
 
-TEST(TestCaseChart, EachSheetIsASeriesOverThePlacesOfItsRows) {
-  World world;
-  world.AddSheet("A.SUM", "9 x x x 1.5\n3 x x x none\n7 x x x -2");
-  world.AddSheet("B.SUM", "1 x x x 8");
-  EXPECT_TRUE(world.DrawCases().drawn);
-  EXPECT_EQ(world.view.ChartType, 16);
-  EXPECT_EQ(world.view.rowcount(), 3);
-  EXPECT_EQ(world.view.ColumnCount(), 4);
-  EXPECT_EQ(world.Cells(), "1 2 1 8/2 0 - -/3 -2 - -");
-  EXPECT_EQ(world.view.DataAt(1, 2), 1.5);
-  EXPECT_EQ(world.view.ColumnLabelAt(3), "B.SUM");
-  EXPECT_EQ(world.view.TitleText, "Avg Annual %");
-  EXPECT_EQ(world.table.ActiveSheet(), 2);
+struct TestCaseChart : testing::Test, World {};
+
+TEST_F(TestCaseChart, EachSheetIsASeriesOverThePlacesOfItsRows) {
+  AddSheet("A.SUM", "9 x x x 1.5\n3 x x x none\n7 x x x -2");
+  AddSheet("B.SUM", "1 x x x 8");
+  EXPECT_TRUE(DrawCases().drawn);
+  EXPECT_EQ(view.ChartType, 16);
+  EXPECT_EQ(view.rowcount(), 3);
+  EXPECT_EQ(view.ColumnCount(), 4);
+  EXPECT_EQ(Cells(), "1 2 1 8/2 0 - -/3 -2 - -");
+  EXPECT_EQ(view.DataAt(1, 2), 1.5);
+  EXPECT_EQ(view.ColumnLabelAt(3), "B.SUM");
+  EXPECT_EQ(view.TitleText, "Avg Annual %");
+  EXPECT_EQ(table.ActiveSheet(), 2);
 }
 
-TEST(TestCaseChart, TheFractionCountsTheHeadingRowsAndRoundsHalvesToEven) {
-  World world;
-  world.AddCases(100);  // 102 rows
-  world.DrawCases(0.5F);
-  EXPECT_EQ(world.view.rowcount(), 49);
+TEST_F(TestCaseChart, TheFractionCountsTheHeadingRowsAndRoundsHalvesToEven) {
+  AddCases(100);  // 102 rows
+  DrawCases(0.5F);
+  EXPECT_EQ(view.rowcount(), 49);
   World few;
   few.AddCases(3);  // 5 rows, half of them 2.5: row 2, a heading
   EXPECT_TRUE(few.DrawCases(0.5F).drawn);
   EXPECT_EQ(few.view.rowcount(), 0);
 }
 
-TEST(TestCaseChart, TwelveThousandCellsAreDrawnAndMoreRefused) {
-  World world;
-  world.AddCases(3000);
-  world.AddCases(10);
-  EXPECT_TRUE(world.DrawCases().drawn);
+TEST_F(TestCaseChart, TwelveThousandCellsAreDrawnAndMoreRefused) {
+  AddCases(3000);
+  AddCases(10);
+  EXPECT_TRUE(DrawCases().drawn);
   World more;
   more.AddCases(3001);
   more.AddCases(10);
@@ -118,82 +117,66 @@ TEST(TestCaseChart, TwelveThousandCellsAreDrawnAndMoreRefused) {
   EXPECT_EQ(more.view.TitleText, "");
 }
 
-TEST(TestCaseChart, AComputedSummaryIsSheetTwoAlone) {
-  World world;
-  world.AddCases(1);
-  world.AddCases(1);
-  EXPECT_EQ(TestCaseSheets(world.table, true), std::vector<int>{2});
-  EXPECT_EQ(TestCaseSheets(world.table, false), (std::vector<int>{1, 2}));
+TEST_F(TestCaseChart, AComputedSummaryIsSheetTwoAlone) {
+  AddCases(1);
+  AddCases(1);
+  EXPECT_EQ(TestCaseSheets(table, true), std::vector<int>{2});
+  EXPECT_EQ(TestCaseSheets(table, false), (std::vector<int>{1, 2}));
 }
 
-TEST(ParameterChart, RowOneHoldsTheLargestY) {
-  World world;
-  world.AddSheet("T.SUM", "10 5 1\n20 5 2\n30 5 3\n10 10 4\n20 10 5");
-  EXPECT_TRUE(world.DrawCells().drawn);
-  EXPECT_EQ(world.Cells(), "4 5 -/1 2 3");
-  EXPECT_EQ(world.view.RowLabelAt(1), "10");
-  EXPECT_EQ(world.view.ColumnLabelAt(3), "30");
-  EXPECT_EQ(world.view.ChartType, 24);
-  EXPECT_EQ(world.view.Footnote.Text, "T.SUM");
-  EXPECT_EQ(world.view.Plot.Axis[0].AxisTitle.Text, "Sell");
-  EXPECT_EQ(world.view.Plot.Axis[3].AxisTitle.Text, "Buy");
+struct ParameterChart : testing::Test, World {};
+
+TEST_F(ParameterChart, RowOneHoldsTheLargestY) {
+  AddSheet("T.SUM", "10 5 1\n20 5 2\n30 5 3\n10 10 4\n20 10 5");
+  EXPECT_TRUE(DrawCells().drawn);
+  EXPECT_EQ(Cells(), "4 5 -/1 2 3");
+  EXPECT_EQ(view.RowLabelAt(1), "10");
+  EXPECT_EQ(view.ColumnLabelAt(3), "30");
+  EXPECT_EQ(view.ChartType, 24);
+  EXPECT_EQ(view.Footnote.Text, "T.SUM");
+  EXPECT_EQ(view.Plot.Axis[0].AxisTitle.Text, "Sell");
+  EXPECT_EQ(view.Plot.Axis[3].AxisTitle.Text, "Buy");
 }
 
-TEST(ParameterChart, RowsBetweenCrossingsLandOnTheNearestAndLaterOnesReplaceEarlier) {
-  World world;
-  world.AddSheet("T", "0 0 1\n10 1 2\n24 1 3\n26 1 4\n40 0 5\n10 1 6");
-  world.DrawCells();  // X steps of 10 from 0 to 40
-  EXPECT_EQ(world.Cells(), "- 6 3 4 -/1 - - - 5");
-  World halves;
-  halves.AddSheet("T", "0 0 1\n2 1 2\n3 1 3\n6 0 4");
-  halves.DrawCells();  // 3 is half-way between crossings 2 and 3
-  EXPECT_EQ(halves.Cells(), "- 3 - -/1 - - 4");
+TEST(ParameterCharts, RowsLandOnTheNearestCrossing) {
+  struct Case {
+    const char *rows, *cells, *why;
+    float fraction = 1.0F;
+  };
+  for (const Case& c :
+       {Case{"0 0 1\n10 1 2\n24 1 3\n26 1 4\n40 0 5\n10 1 6",
+             "- 6 3 4 -/1 - - - 5",
+             "X steps of 10"},
+        {"0 0 1\n2 1 2\n3 1 3\n6 0 4", "- 3 - -/1 - - 4", "3 is half-way: the later row"},
+        {"1 1 7\n2 1 8\n1 2 9\n3 2 10", "- - -/7 - -", "half of 6 rows: row 3 alone", 0.5F},
+        {"9999 1 7\n9999 2 8", "", "the search's start gives no step"},
+        {"5 1 7\n5 2 8", "8/7", "a single column of cells"}}) {
+    World world;
+    world.AddSheet("T", c.rows);
+    EXPECT_TRUE(world.DrawCells(c.fraction).drawn);
+    EXPECT_EQ(world.Cells(), c.cells) << c.why;
+  }
 }
 
-TEST(ParameterChart, TheFractionLimitsTheCellsButNotTheGrid) {
-  World world;
-  world.AddSheet("T", "1 1 7\n2 1 8\n1 2 9\n3 2 10");  // 6 rows, half of them: rows 3 and no more
-  world.DrawCells(0.5F);
-  EXPECT_EQ(world.Cells(), "- - -/7 - -");
-}
-
-TEST(ParameterChart, ValuesFromTheSearchStartOnGiveNoStep) {
-  World world;
-  world.AddSheet("T", "9999 1 7\n9999 2 8");
-  EXPECT_TRUE(world.DrawCells().drawn);
-  EXPECT_EQ(world.view.ColumnCount(), 0);
-  World single;
-  single.AddSheet("T", "5 1 7\n5 2 8");
-  single.DrawCells();
-  EXPECT_EQ(single.Cells(), "8/7") << "a single column of cells";
-}
-
-TEST(ParameterChart, ACellKnowsItsRowAlsoAfterASort) {
-  World world;
-  Sheet& sheet = world.AddSheet("T", "1 1 7\n2 1 8\n1 2 9\n2 1 5");
-  world.DrawCells();
-  EXPECT_EQ(CaseRow(world.view, sheet, 2, 2), 6) << "the later row of the same cell";
-  EXPECT_EQ(CaseRow(world.view, sheet, 1, 2), 0) << "an empty cell";
+TEST_F(ParameterChart, ACellKnowsItsRowAlsoAfterASort) {
+  Sheet& sheet = AddSheet("T", "1 1 7\n2 1 8\n1 2 9\n2 1 5");
+  DrawCells();
+  EXPECT_EQ(CaseRow(view, sheet, 2, 2), 6) << "the later row of the same cell";
+  EXPECT_EQ(CaseRow(view, sheet, 1, 2), 0) << "an empty cell";
   sheet.Sort({.SelStartRow = 3, .SelStartCol = 1, .SelEndRow = 6, .SelEndCol = 3}, {-3, 0, 0});
-  EXPECT_EQ(sheet.CellText(CaseRow(world.view, sheet, 1, 1), 3), "9");
+  EXPECT_EQ(sheet.CellText(CaseRow(view, sheet, 1, 1), 3), "9");
   sheet.SheetName = "OTHER";
-  EXPECT_EQ(CaseRow(world.view, sheet, 1, 1), 0);
+  EXPECT_EQ(CaseRow(view, sheet, 1, 1), 0);
 }
 
-TEST(ParameterChart, AGridBeyondFourMillionCellsIsRefused) {
-  World world;
-  world.AddSheet("T", "0 0 1\n1 1 2\n2001 2000 3");
-  EXPECT_FALSE(world.DrawCells().drawn);
-  EXPECT_EQ(world.view.ColumnCount(), 0);
-}
-
-TEST(SummaryCharts, NothingChosenDrawsNothing) {
-  World world;
-  world.AddCases(2);
-  world.view.TitleText = "kept";
-  EXPECT_FALSE(BuildTestCaseChart({}, world.table, world.view).drawn);
-  EXPECT_FALSE(BuildParameterChart({}, world.table, world.view).drawn);
-  EXPECT_EQ(world.view.TitleText, "kept");
+TEST_F(ParameterChart, AGridBeyondFourMillionCellsIsRefusedAndNothingChosenDrawsNothing) {
+  AddSheet("T", "0 0 1\n1 1 2\n2001 2000 3");
+  EXPECT_FALSE(DrawCells().drawn);
+  EXPECT_EQ(view.ColumnCount(), 0);
+  view.TitleText = "kept";
+  EXPECT_FALSE(BuildTestCaseChart({}, table, view).drawn);
+  EXPECT_FALSE(BuildParameterChart({}, table, view).drawn);
+  EXPECT_EQ(view.TitleText, "kept");
 }
 
 }  // namespace

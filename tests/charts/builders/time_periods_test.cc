@@ -21,8 +21,7 @@ TEST(PriceWindow, BeginsOnOrBeforeTheDateOfThePeriod) {
   const MarketCalendar calendar = WeekdayCalendar(1500);
   struct Case {
     int period;
-    CivilDate end;
-    CivilDate first;
+    CivilDate end, first;
   };
   const std::vector<Case> cases = {
       {0, {1990, 3, 15}, {1990, 2, 15}},

@@ -62,8 +62,7 @@ bool IsWhole(double place, double detail) {
 TEST(Candles, BodiesKeepAGapAndAreWholePixels) {
   struct Case {
     double spacing;
-    int wick;
-    int width;
+    int wick, width;
   };
   // Worked out by hand: 4 wide leaves a gap of 1; 10: 10 (1 - 0.2 atan(6) 2 / pi) = 8.2, made odd;
   // 100: 80.1, odd; twice the pixels of a fine display: spacing 20 is 10 plain ones, 16.4, even.

@@ -1,8 +1,14 @@
+// What is read at a point of a chart and how the point is found; bands and marks of its values.
 #include "charts/kinds/read_out.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "charts/kinds/cross_hair.h"
+#include "charts/kinds/kind.h"
+#include "charts/kinds/value_bands.h"
+#include "charts/kinds/value_range.h"
 #include "charts/view/palette.h"
 #include "support/chart_pictures.h"
 
@@ -147,6 +153,146 @@ TEST(Stops, ThePointerFindsTheNearestColumnThenTheNearestLevel) {
   EXPECT_EQ(stops.At(stops.Nearest(3.4, 50.0)).row, 4);
   EXPECT_EQ(stops.At(stops.Nearest(-7.0, 10.4)).row, 1);
   EXPECT_EQ(StopList().Nearest(1.0, 0.0), -1);
+}
+
+std::string HitText(const std::optional<ChartHit>& hit) {
+  if (!hit) return "none";
+  return std::to_string(hit->series) + "/" + std::to_string(hit->point);
+}
+
+TEST(HitTest, TheNearerPointOfALineUnderThePointerIsMeant) {
+  // Two lines far apart over five rows; row 4 of the first is missing.
+  const ChartView view = LineChart({{0.0, 0.0, 0.0, kGap, 0.0}, {0.5, 0.5, 0.5, 0.5, 0.9}});
+  const ChartPicture picture = LayOut(view);
+  struct Case {
+    double position, value;
+    const char* hit;
+  };
+  for (const Case& c : {Case{1.0, 0.0, "1/1"},
+                        Case{1.4, 0.0, "1/1"},
+                        Case{1.6, 0.0, "1/2"},
+                        Case{1.6, 0.5, "2/2"},
+                        Case{3.5, 0.0, "none"},  // the gap
+                        Case{3.4, 0.5, "2/3"},
+                        Case{4.6, 0.74, "2/5"},   // on the slope
+                        Case{2.0, 0.25, "none"},  // between the lines
+                        Case{5.0, 0.0, "1/5"}}) {
+    const PicturePoint at{picture.scale.X(c.position), picture.scale.Y(c.value)};
+    EXPECT_EQ(HitText(FindPoint(view, picture, at)), c.hit) << c.position << " " << c.value;
+  }
+  EXPECT_EQ(HitText(FindPoint(view, picture, {1.0, 1.0})), "none");
+}
+
+TEST(HitTest, MarkersCountAlone) {
+  ChartView view = LineChart({{1.0, 5.0, 3.0}, {1.0, 1.0, 9.0}});
+  view.ChartType = kChartXY;
+  view.Plot.Series(1).showline = false;
+  const ChartPicture picture = LayOut(view);
+  const auto hit_at = [&](double x, double y) {
+    return HitText(FindPoint(view, picture, {picture.scale.X(x) + 3.0, picture.scale.Y(y) - 3.0}));
+  };
+  EXPECT_EQ(hit_at(3.0, 9.0), "1/3");
+  EXPECT_EQ(hit_at(3.0, 1.0), "none");
+}
+
+TEST(HitTest, RegionsComeFirstAndTheTopmostOneWins) {
+  const ChartView view = LineChart({{0.0, 0.1}});
+  ChartPicture picture = LayOut(view);
+  picture.regions = {{{100, 100, 200, 200}, 1, 1}, {{150, 100, 250, 200}, 2, 7}};
+  EXPECT_EQ(HitText(FindPoint(view, picture, {160, 150})), "2/7");
+  EXPECT_EQ(HitText(FindPoint(view, picture, {120, 150})), "1/1");
+}
+
+TEST(ValueBands, HaveRoundStepsAndAboutTenOfThem) {
+  struct Case {
+    double lowest, highest, first, step;
+    int count;
+  };
+  for (const Case& c : {Case{0, 10, 0, 1, 10},
+                        Case{3.1, 21.7, 2.5, 2.5, 8},
+                        Case{-0.02, 0.074, -0.02, 0.01, 10},
+                        Case{1000, 1250, 1000, 25, 10},
+                        Case{0, 6, 0, 0.5, 12}}) {
+    const ValueBands bands = BandsOf(c.lowest, c.highest);
+    EXPECT_NEAR(bands.first, c.first, 1e-12);
+    EXPECT_DOUBLE_EQ(bands.step, c.step);
+    EXPECT_EQ(bands.count, c.count);
+  }
+  for (double highest = 1.01; highest < 10.0; highest += 0.173) {
+    const ValueBands bands = BandsOf(0.37, highest);
+    EXPECT_GE(bands.count, 6) << highest;
+    EXPECT_LE(bands.count, 13) << highest;
+    EXPECT_LE(bands.LowerLimit(0), 0.37);
+    EXPECT_GE(bands.LowerLimit(bands.count), highest);
+  }
+}
+
+TEST(ValueBands, ValuesOnALimitBelongToTheBandAbove) {
+  const ValueBands bands = BandsOf(0, 10);
+  EXPECT_EQ(bands.BandOf(3.0), 3);
+  EXPECT_EQ(bands.BandOf(2.999), 2);
+  EXPECT_EQ(bands.BandOf(10.0), 9);
+  EXPECT_EQ(bands.BandOf(-5.0), 0);
+  EXPECT_EQ(BandsOf(4, 4).count, 1);
+}
+
+double Luminance(PictureColor color) {
+  const auto linear = [](int level) {
+    const double part = level / 255.0;
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+TEST(RampColor, LightnessRisesSteadilyAndKeepsClearOfTheGround) {
+  for (const bool dark : {false, true}) {
+    double before = -1.0;
+    for (int i = 0; i <= 20; ++i) {
+      const double light = Luminance(RampColor(i / 20.0, dark));
+      EXPECT_GT(light, before);
+      before = light;
+    }
+  }
+  const double paper = 1.0;
+  EXPECT_GE((paper + 0.05) / (Luminance(RampColor(1.0, false)) + 0.05), 1.3);
+  const double night = Luminance({24, 27, 32});
+  EXPECT_GE((Luminance(RampColor(0.0, true)) + 0.05) / (night + 0.05), 1.3);
+}
+
+TEST(ValueMarks, StepsAreRound) {
+  struct Case {
+    double span, most, step;
+  };
+  for (const Case& c : {Case{1.0, 10, 0.1},
+                        Case{0.45, 9, 0.05},
+                        Case{2.3, 10, 0.25},
+                        Case{47.0, 5, 10.0},
+                        Case{60000.0, 8, 10000.0},
+                        Case{0.009, 4, 0.0025},
+                        Case{3.0, 1, 5.0}}) {
+    EXPECT_DOUBLE_EQ(RoundStep(c.span, static_cast<int>(c.most)), c.step)
+        << c.span << " in " << c.most;
+  }
+}
+
+TEST(ValueMarks, TextsSayWhatTheValuesAre) {
+  struct Case {
+    double value, step;
+    ValueUnit unit;
+    const char* text;
+  };
+  for (const Case& c : {Case{0.1, 0.1, ValueUnit::kChange, "+10%"},
+                        Case{0.0, 0.025, ValueUnit::kChange, "0%"},
+                        Case{-0.025, 0.025, ValueUnit::kChange, "−2.5%"},
+                        Case{350.0, 50.0, ValueUnit::kChange, "+35000%"},
+                        Case{1.1, 0.1, ValueUnit::kRatio, "+10%"},
+                        Case{0.95, 0.05, ValueUnit::kRatio, "−5%"},
+                        Case{0.5, 0.25, ValueUnit::kPlain, "0.50"},
+                        Case{-3.0, 1.0, ValueUnit::kPlain, "−3"},
+                        Case{2.5e6, 5e5, ValueUnit::kPlain, "2.5M"},
+                        Case{5e5, 5e5, ValueUnit::kPlain, "500000"}}) {
+    EXPECT_EQ(MarkText(c.value, c.step, c.unit), c.text);
+  }
 }
 
 }  // namespace

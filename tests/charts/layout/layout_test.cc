@@ -75,8 +75,7 @@ TEST(Layout, LongNamesKeepTheirEnds) {
 
 TEST(Layout, DateLabelsKeepTheSpacingOrItsMultiplesAndNeverTouch) {
   struct Case {
-    int rows;
-    int per_label;
+    int rows, per_label;
     double width;
     std::vector<std::string> first;
     std::string row_name = {};

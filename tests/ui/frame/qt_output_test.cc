@@ -10,7 +10,7 @@
 #include <set>
 
 #include "support/chart_pictures.h"
-#include "support/silent_progress.h"
+#include "support/recording_dialogs.h"
 #include "support/temporary_folder.h"
 #include "ui/grid/sheet_pages.h"
 
