@@ -44,9 +44,7 @@ int Count(const ChartPicture& picture) {
 }
 
 bool Says(const ChartPicture& picture, std::string_view text) {
-  const auto texts = ItemsOf<DrawText>(picture);
-  return std::any_of(
-      texts.begin(), texts.end(), [&](const DrawText& drawn) { return drawn.text == text; });
+  return std::ranges::count(ItemsOf<DrawText>(picture), text, &DrawText::text) > 0;
 }
 
 FillFacets FacesOf(const ChartPicture& picture) {
@@ -57,6 +55,10 @@ TEST(ContourChart, NumbersOfTheParametersStandAtColumnsAndRows) {
   const ChartPicture picture = Draw(Chart("1 2 3\n4 5 6", FigureKind::kContour));
   for (const char* text : {"10", "20", "30", "5", "Buy", "Sell", "best", "best plateau"}) {
     EXPECT_TRUE(Says(picture, text)) << text;
+  }
+  for (const DrawText& text : ItemsOf<DrawText>(picture)) {
+    if (text.text != "20" && text.text != "30") continue;
+    EXPECT_EQ(text.at.x, picture.scale.X(LeadingNumber(text.text) / 10.0)) << text.text;
   }
   EXPECT_EQ(picture.scale.X(1.0), picture.scale.box.left);
   EXPECT_GT(Count<FillRegion>(picture), 5) << "a region a band";

@@ -29,6 +29,13 @@ std::vector<DrawText> TextsBelow(const ChartPicture& picture) {
   return below;
 }
 
+bool OverTick(const DrawText& label, const ChartPicture& picture) {
+  return std::ranges::any_of(ItemsOf<FillBox>(picture), [&](const FillBox& tick) {
+    return tick.box.top > picture.plot.bottom && tick.box.Height() == 5.0 &&
+           tick.box.left == std::floor(label.at.x);
+  });
+}
+
 ChartView NamedChart(int series, std::string_view name) {
   ChartView view = LineChart(std::vector<std::vector<double>>(static_cast<std::size_t>(series),
                                                               std::vector<double>{0.0, 0.1, 0.2}));
@@ -52,11 +59,7 @@ TEST(Layout, LegendLeavesThePlotFreeAndCountsWhatItLeavesOut) {
         for (const DrawText& text : ItemsOf<DrawText>(picture)) {
           if (!picture.legend.Contains({text.at.x, text.at.y - 1.0})) continue;
           EXPECT_TRUE(Within(BoxOf(text), WholeOf(picture))) << text.text;
-          if (text.text.front() == '+') {
-            more = std::stoi(text.text.substr(1));
-          } else {
-            ++entries;
-          }
+          text.text.front() == '+' ? more = std::stoi(text.text.substr(1)) : ++entries;
         }
         EXPECT_EQ(entries + more, series);
       }
@@ -67,7 +70,7 @@ TEST(Layout, LegendLeavesThePlotFreeAndCountsWhatItLeavesOut) {
 TEST(Layout, LongNamesKeepTheirEnds) {
   const ChartPicture picture = LayOut(NamedChart(2, "International Growth and Income Fund "));
   const std::vector<DrawText> texts = ItemsOf<DrawText>(picture);
-  EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [](const DrawText& text) {
+  EXPECT_TRUE(std::ranges::any_of(texts, [](const DrawText& text) {
     return text.text.starts_with("International") && text.text.find("…") != std::string::npos &&
            text.text.ends_with(" 2");
   }));
@@ -76,28 +79,32 @@ TEST(Layout, LongNamesKeepTheirEnds) {
 TEST(Layout, DateLabelsKeepTheSpacingOrItsMultiplesAndNeverTouch) {
   struct Case {
     int rows, per_label;
-    double width;
     std::vector<std::string> first;
     std::string row_name = {};
   };
   // The plot of 640 units leaves about 515 for the rows. A font of 11 makes "d11801" 40 wide, with
   // the gap 50; 200 of 12000 rows are 8.6 wide, so that every sixth label has room.
-  for (const Case& c : {Case{21, 3, 640, {"d1", "d4", "d7"}},
-                        Case{240, 25, 640, {"d1", "d26", "d51"}},
-                        Case{12000, 200, 640, {"d1", "d1201", "d2401"}},
-                        Case{50, 10, 640, {"d10", "d20", "d30"}, "period"},
-                        Case{3, 7, 640, {"d1"}},
-                        Case{1, 3, 640, {"d1"}}}) {
+  for (const Case& c : {Case{21, 3, {"d1", "d4", "d7"}},
+                        Case{240, 25, {"d1", "d26", "d51"}},
+                        Case{12000, 200, {"d1", "d1201", "d2401"}},
+                        Case{50, 10, {"d10", "d20", "d30"}, "period"},
+                        Case{3, 7, {"d1"}},
+                        Case{1, 3, {"d1"}}}) {
     ChartView view = LineChart({std::vector<double>(static_cast<std::size_t>(c.rows), 0.5)});
     view.Plot.Axis[0].CategoryScale.DivisionsPerLabel = c.per_label;
     view.facts.row_name = c.row_name;
-    const std::vector<DrawText> labels = TextsBelow(LayOut(view, {c.width, 480}));
+    const ChartPicture picture = LayOut(view, {640, 480});
+    const std::vector<DrawText> labels = TextsBelow(picture);
     ASSERT_GE(labels.size(), c.first.size()) << c.rows;
     for (std::size_t i = 0; i < c.first.size(); ++i) EXPECT_EQ(labels[i].text, c.first[i]);
     for (std::size_t i = 1; i < labels.size(); ++i) {
       EXPECT_GT(BoxOf(labels[i]).left, BoxOf(labels[i - 1]).right + 3.0) << labels[i].text;
     }
-    for (const DrawText& label : labels) EXPECT_TRUE(Within(BoxOf(label), {0, 0, 640, 480}));
+    for (const DrawText& label : labels) {
+      EXPECT_TRUE(Within(BoxOf(label), {0, 0, 640, 480}));
+      EXPECT_EQ(label.at.x, picture.scale.X(std::stod(label.text.substr(1))));
+      EXPECT_TRUE(OverTick(label, picture)) << label.text;
+    }
   }
 }
 
@@ -127,17 +134,15 @@ TEST(Layout, GuidesStandAtRoundChangesInsideThePlot) {
   EXPECT_EQ(texts, (std::vector<std::string>{"−5%", "0%", "+5%", "+10%", "+15%", "+20%"}));
   const auto lines = ItemsOf<FillBox>(picture);
   const double zero = std::round(picture.scale.Y(0.0));
-  const auto at_zero = std::find_if(lines.begin(), lines.end(), [&](const FillBox& line) {
-    return line.box.top == zero && line.box.Width() > 100.0;
-  });
+  const auto at_zero = std::ranges::find_if(
+      lines, [&](const FillBox& line) { return line.box.top == zero && line.box.Width() > 100.0; });
   ASSERT_NE(at_zero, lines.end());
   EXPECT_EQ(at_zero->color, LightTheme().guide_zero);
   EXPECT_EQ(at_zero->box.Height(), 1.0);
 
   view.Plot.Axis[1].AxisGrid.MajorPen.style = kPenNone;
-  for (const FillBox& line : ItemsOf<FillBox>(LayOut(view))) {
-    EXPECT_NE(line.color, LightTheme().guide_zero);
-  }
+  const auto unguided = ItemsOf<FillBox>(LayOut(view));
+  EXPECT_EQ(std::ranges::count(unguided, LightTheme().guide_zero, &FillBox::color), 0);
 }
 
 TEST(Layout, FixedBoundsAreTakenAsTheyAreAndAFlatPriceIsDrawnFlat) {
@@ -173,6 +178,7 @@ TEST(Layout, ShownScalesOfAnXYChartStandBesideThePlotWithTheirTitles) {
   const std::vector<DrawText> below = TextsBelow(picture);
   EXPECT_EQ(below.front().text, "Test Case");
   EXPECT_EQ(below.back().text, "400");
+  for (std::size_t i = 1; i < below.size(); ++i) EXPECT_TRUE(OverTick(below[i], picture));
 }
 
 TEST(Layout, ChartsThatShareTheirDaysHaveThemBelowEachOtherToThePixel) {
@@ -196,11 +202,7 @@ TEST(Layout, ChartsThatShareTheirDaysHaveThemBelowEachOtherToThePixel) {
     EXPECT_LE(above.plot.right, 0.84 * width);
     const std::vector<DrawText> texts = ItemsOf<DrawText>(above);
     for (const DrawText& text : texts) EXPECT_LE(BoxOf(text).right, 0.84 * width) << text.text;
-    EXPECT_EQ(
-        std::count_if(
-            texts.begin(), texts.end(), [](const DrawText& text) { return text.text == "NAV"; }),
-        1)
-        << width;
+    EXPECT_EQ(std::ranges::count(texts, "NAV", &DrawText::text), 1) << width;
   }
 }
 
