@@ -153,45 +153,42 @@ struct DesktopWorld {
   }
 };
 
-TEST(WindowScript, AnErrorIsToldInABoxAndTheProgramGoesOn) {
-  DesktopWorld desktop;
-  desktop.Play("click FrmMain.mnuHelpAbout\nset frmTab.cboDataType\n");
-  const std::vector<std::string> texts = desktop.world.dialogs.Texts();
+struct WindowScript : testing::Test, DesktopWorld {};
+
+TEST_F(WindowScript, AnErrorIsToldInABoxAndTheProgramGoesOn) {
+  Play("click FrmMain.mnuHelpAbout\nset frmTab.cboDataType\n");
+  const std::vector<std::string> texts = world.dialogs.Texts();
   ASSERT_EQ(texts.size(), 2U);
   EXPECT_NE(texts[0].find("script.vps:2: "), std::string::npos) << texts[0];
-  EXPECT_EQ(desktop.err.str(), texts[0] + "\n");
-  EXPECT_NE(desktop.out.str().find("Vistaplot version 3.4.1"), std::string::npos);
+  EXPECT_EQ(err.str(), texts[0] + "\n");
+  EXPECT_NE(out.str().find("Vistaplot version 3.4.1"), std::string::npos);
   EXPECT_EQ(texts[1], "Vistaplot version 3.4.1");
 }
 
-TEST(WindowScript, PrintsNothingWhileItPlays) {
-  DesktopWorld desktop;
-  desktop.Play(
+TEST_F(WindowScript, PrintsNothingWhileItPlays) {
+  Play(
       "set frmTab.cboDataType 1\n"
       "select frmTab.lstIndex 0\n"
       "click frmTab.cmdLoadData\n"
       "click FrmMain.cmdShowData\n"
       "click FrmMain.mnuFilePrint\n");
-  EXPECT_EQ(desktop.lines, 5);
-  EXPECT_TRUE(desktop.world.output.calls.empty());
-  EXPECT_NE(desktop.out.str().find("The sheet was not printed: a script has no printer"),
-            std::string::npos)
-      << desktop.out.str() << desktop.err.str();
+  EXPECT_EQ(lines, 5);
+  EXPECT_TRUE(world.output.calls.empty());
+  EXPECT_NE(out.str().find("The sheet was not printed: a script has no printer"), std::string::npos)
+      << out.str() << err.str();
 }
 
-TEST(WindowScript, StopsWithoutAWordAboutWhatIsLeft) {
-  DesktopWorld desktop;
-  desktop.last_line = 2;
-  desktop.Play("answer ok\nclick FrmMain.cmdShowData\nclick FrmMain.cmdShowGraph\n");
-  EXPECT_EQ(desktop.lines, 2);
-  EXPECT_EQ(desktop.esc_stops, (std::vector<bool>{false, false, true}));
-  EXPECT_EQ(desktop.err.str(), "");
-  EXPECT_EQ(desktop.world.dialogs.Texts(), std::vector<std::string>{"Vistaplot version 3.4.1"});
+TEST_F(WindowScript, StopsWithoutAWordAboutWhatIsLeft) {
+  last_line = 2;
+  Play("answer ok\nclick FrmMain.cmdShowData\nclick FrmMain.cmdShowGraph\n");
+  EXPECT_EQ(lines, 2);
+  EXPECT_EQ(esc_stops, (std::vector<bool>{false, false, true}));
+  EXPECT_EQ(err.str(), "");
+  EXPECT_EQ(world.dialogs.Texts(), std::vector<std::string>{"Vistaplot version 3.4.1"});
 }
 
-TEST(WindowScript, AFileThatCannotBeReadIsRefusedAtOnce) {
-  DesktopWorld desktop;
-  const auto player = MakeWindowScript(desktop.world.folder.Path("none.vps"), {}, desktop.streams);
+TEST_F(WindowScript, AFileThatCannotBeReadIsRefusedAtOnce) {
+  const auto player = MakeWindowScript(world.folder.Path("none.vps"), {}, streams);
   ASSERT_FALSE(player);
   EXPECT_NE(PlainText(player.Error()).find("none.vps: File not found"), std::string::npos);
 }
