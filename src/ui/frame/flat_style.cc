@@ -1,6 +1,7 @@
 #include "ui/frame/flat_style.h"
 
 #include <QApplication>
+#include <QStyleOptionButton>
 #include <QStyleOptionSlider>
 
 #include "ui/controls/widgets.h"
@@ -58,6 +59,19 @@ const char* DrawingOf(QStyle::StandardPixmap icon) {
   }
 }
 
+/// The toolkit makes an outline by darkening the ground, which on a dark one leaves nothing to see:
+/// there, a ground most of the way to the text gives an outline with more than 3:1.
+QPalette WithOutlines(QPalette palette) {
+  const QColor ground = palette.color(QPalette::Window);
+  const QColor text = palette.color(QPalette::WindowText);
+  if (ground.lightness() >= text.lightness()) return palette;
+  palette.setColor(QPalette::Window,
+                   QColor((ground.red() + 4 * text.red()) / 5,
+                          (ground.green() + 4 * text.green()) / 5,
+                          (ground.blue() + 4 * text.blue()) / 5));
+  return palette;
+}
+
 }  // namespace
 
 FlatStyle::FlatStyle() : QProxyStyle(QString(kToolkitStyle)) {}
@@ -71,6 +85,21 @@ void FlatStyle::drawComplexControl(ComplexControl control,
     PaintScrollBar(*painter, *bar, *this, widget);
   } else {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
+}
+
+void FlatStyle::drawPrimitive(PrimitiveElement element,
+                              const QStyleOption* option,
+                              QPainter* painter,
+                              const QWidget* widget) const {
+  const bool has_outline = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (has_outline && button != nullptr) {
+    QStyleOptionButton seen = *button;
+    seen.palette = WithOutlines(seen.palette);
+    QProxyStyle::drawPrimitive(element, &seen, painter, widget);
+  } else {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
 }
 

@@ -1,6 +1,6 @@
 // The toolkit's own style with the parts flat that it shades: one look for all scroll bars, icons
 // of dialogs and child windows in the palette's colours, so that they are seen on dark desktops
-// too.
+// too, as are the outlines of check boxes and options.
 #pragma once
 
 #include <QProxyStyle>
@@ -17,6 +17,10 @@ class FlatStyle : public QProxyStyle {
                           const QStyleOptionComplex* option,
                           QPainter* painter,
                           const QWidget* widget) const override;
+  void drawPrimitive(PrimitiveElement element,
+                     const QStyleOption* option,
+                     QPainter* painter,
+                     const QWidget* widget) const override;
   int styleHint(StyleHint hint,
                 const QStyleOption* option,
                 const QWidget* widget,

@@ -8,10 +8,12 @@
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <numeric>
 #include <stdexcept>
@@ -21,6 +23,7 @@
 #include "controls/value_controls.h"
 #include "support/recording_dialogs.h"
 #include "support/silent_host.h"
+#include "ui/frame/flat_style.h"
 
 namespace vistaplot::test {
 namespace {
@@ -230,6 +233,26 @@ TEST_F(SmallView, AllOfALongListIsSelectedAsOneRange) {
   view.grab();
   EXPECT_EQ(chosen.selection().size(), 1) << "entry by entry it would take seconds";
   EXPECT_LE(changes.count(), 1);
+}
+
+TEST(FlatStyle, ChecksAndOptionsHaveAnOutlineOnADarkDesktop) {
+  const FlatStyle style;
+  const QColor ground(30, 30, 30);
+  QStyleOptionButton option;
+  option.rect = QRect(0, 0, 16, 16);
+  option.state = QStyle::State_Enabled | QStyle::State_Off;
+  option.palette.setColor(QPalette::Window, ground);
+  option.palette.setColor(QPalette::WindowText, QColor(230, 230, 230));
+  option.palette.setColor(QPalette::Base, QColor(20, 20, 20));
+  for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(ground);
+    QPainter painter(&image);
+    style.drawPrimitive(element, &option, &painter, nullptr);
+    int seen = 0;  // an antialiased line may spread over two pixels
+    for (int x = 0; x < 16; ++x) seen += image.pixelColor(x, 8).lightness() >= 80 ? 1 : 0;
+    EXPECT_GE(seen, 2) << element << ": left and right";
+  }
 }
 
 }  // namespace
