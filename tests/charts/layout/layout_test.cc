@@ -124,15 +124,19 @@ TEST(Layout, BlankLabelsAndLabelsUnderTheTitleAreLeftAway) {
 TEST(Layout, GuidesStandAtRoundChangesInsideThePlot) {
   ChartView view = LineChart({{0.0, -0.06, 0.2}});
   const ChartPicture picture = LayOut(view);
+  const auto lines = ItemsOf<FillBox>(picture);
   std::vector<std::string> texts;
   for (const DrawText& text : ItemsOf<DrawText>(picture)) {
     if (text.align != TextAlign::kRight) continue;
     texts.push_back(text.text);
     EXPECT_TRUE(Within(BoxOf(text), picture.plot)) << text.text;
     EXPECT_LT(BoxOf(text).right, picture.scale.box.left);
+    EXPECT_TRUE(std::ranges::any_of(lines, [&](const FillBox& guide) {
+      return guide.box.Width() > 100.0 &&
+             std::abs(guide.box.top - text.at.y + 0.36 * text.pixel_size) < 1.5;
+    })) << text.text;
   }
   EXPECT_EQ(texts, (std::vector<std::string>{"−5%", "0%", "+5%", "+10%", "+15%", "+20%"}));
-  const auto lines = ItemsOf<FillBox>(picture);
   const double zero = std::round(picture.scale.Y(0.0));
   const auto at_zero = std::ranges::find_if(
       lines, [&](const FillBox& line) { return line.box.top == zero && line.box.Width() > 100.0; });
