@@ -413,6 +413,7 @@ TEST(PriceText, ReadsTheCommonFormQuicklyAndLeavesOthersAlone) {
     EXPECT_EQ(read.price, std::strtof(text.c_str(), nullptr)) << text;
   }
   EXPECT_EQ(ReadQuickPrice("5.\r\n1234", ',').price, 5.0F);
+  EXPECT_EQ(ReadQuickPrice(".5\n12345", ',').length, 2U);
   for (const char* other : {",1234567",
                             "12345678,",
                             "1;234567",
