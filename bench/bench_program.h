@@ -8,7 +8,7 @@
 #include "forms/screens.h"
 #include "marketdata/quoteline_library.h"
 #include "support/recording_dialogs.h"
-#include "support/recording_output.h"
+#include "support/screen_world.h"
 #include "support/silent_host.h"
 
 namespace vistaplot::bench {

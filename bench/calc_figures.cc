@@ -10,7 +10,7 @@
 #include "figures.h"
 #include "formats/family_file.h"
 #include "price_walk.h"
-#include "support/silent_progress.h"
+#include "support/recording_dialogs.h"
 #include "support/temporary_folder.h"
 #include "timing.h"
 

@@ -3,7 +3,7 @@
 
 #include "figures.h"
 #include "import/result_files.h"
-#include "support/silent_progress.h"
+#include "support/recording_dialogs.h"
 #include "timing.h"
 
 namespace vistaplot::bench {

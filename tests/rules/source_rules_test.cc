@@ -179,6 +179,24 @@ TEST(SourceRules, FilesStayShort) {
   }
 }
 
+// They are not built with the tests, so nothing else tells of a header that has moved.
+TEST(SourceRules, BenchmarksAndFuzzersIncludeWhatIsThere) {
+  const std::regex include(R"rx(^#include "([^"]+)")rx");
+  for (const std::string folder : {"bench", "fuzz"}) {
+    for (const auto& [path, lines] : SourcesBelow(kRoot / folder)) {
+      for (const std::string& line : lines) {
+        std::smatch match;
+        if (!std::regex_search(line, match, include)) continue;
+        const auto is_below = [&](const char* top) {
+          return fs::exists(kRoot / top / match[1].str());
+        };
+        EXPECT_TRUE(is_below("src") || is_below("tests") || is_below(folder.c_str()))
+            << path << line;
+      }
+    }
+  }
+}
+
 TEST(SourceRules, EachForbiddenIncludeIsNamedWithItsLine) {
   const RoomTable table = ReadRoomTable({"| `low` | numbers | standard library |",
                                          "| `store` | a database | low, SQLite |",
