@@ -114,8 +114,8 @@ struct ParameterCells {
   std::optional<GridCell> plateau;  ///< the cell with the best neighbourhood
 };
 
-/// The parameters of the grid's columns and rows as plain numbers, by its first ones and steps; a case
-/// beside the grid counts to the crossing that it landed on. `number` from 1.
+/// The parameters of the grid's columns and rows as plain numbers, by its first ones and steps; a
+/// case beside the grid counts to the crossing that it landed on. `number` from 1.
 std::string ColumnNumber(const ChartView& view, int number);
 std::string RowNumber(const ChartView& view, int number);
 
@@ -135,8 +135,8 @@ inline constexpr double kBehindStar = 1.9;
 /// The mark of the best cell (a star) or of the best plateau (a diamond), `size` wide.
 FillShape CellMark(bool best, PicturePoint at, double size);
 
-/// The filled cells as stops of a cross-hair, column by column, each from below; the best is where it
-/// appears. Heights count rows from below.
+/// The filled cells as stops of a cross-hair, column by column, each from below; the best is where
+/// it appears. Heights count rows from below.
 StopList CellStops(const ChartView& view);
 
 /// The two parameters as heading; value, rank and plateau of a filled cell as entries (a dash where

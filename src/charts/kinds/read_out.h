@@ -21,7 +21,7 @@ struct ReadOutValue {
 };
 
 struct ReadOutEntry {
-  int series = 0;  ///< from 1, as in clicks
+  int series = 0;     ///< from 1, as in clicks
   PictureColor mark;  ///< alpha 0: it has none
   std::string label;
   std::string text;                  ///< a dash where the series has no point

@@ -7,8 +7,8 @@
 namespace vistaplot {
 
 /// A surface has no plane that a cross-hair could run over: what is read off is the cell under the
-/// pointer, the nearest one to the reader where several lie behind each other, or the cell that keys
-/// have led to.
+/// pointer, the nearest one to the reader where several lie behind each other, or the cell that
+/// keys have led to.
 class SurfaceKind : public Kind {
  public:
   PositionAxis Positions() const override { return PositionAxis::kNone; }

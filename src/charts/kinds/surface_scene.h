@@ -49,8 +49,8 @@ class SurfaceScene {
   double FacetWidth() const;
 
   /// The faces between each `stride` rows and columns, those behind first, coloured by height and
-  /// shaded by a light from the upper left of the reader; none where a corner is empty. A filled cell
-  /// that no face can reach stands on the base as a pin.
+  /// shaded by a light from the upper left of the reader; none where a corner is empty. A filled
+  /// cell that no face can reach stands on the base as a pin.
   FillFacets Facets(int stride, bool dark) const;
 
  private:

@@ -3,10 +3,10 @@
 //
 // Keys: Left and Right move the cross-hair by a row, Page Up and Page Down by a label's spacing,
 // Home and End to the ends, Up and Down to the next series, or to the next box of a column; Enter
-// selects the point like a click; Escape hides the cross-hair. On cells of two parameters the arrows
-// go from cell to cell, the best one first, and Enter or a double click opens the cell's case. A
-// surface is turned by the arrow keys or the hand and put back by Home; there Shift and an arrow go
-// from cell to cell.
+// selects the point like a click; Escape hides the cross-hair. On cells of two parameters the
+// arrows go from cell to cell, the best one first, and Enter or a double click opens the cell's
+// case. A surface is turned by the arrow keys or the hand and put back by Home; there Shift and an
+// arrow go from cell to cell.
 #pragma once
 
 #include <QPixmap>

@@ -1,6 +1,6 @@
 // The cross-hair as it is drawn over a chart's picture: a line through the day, a line through the
-// chosen series' point, and a ring about every series' point on that day. Figures that turn have the
-// ring alone.
+// chosen series' point, and a ring about every series' point on that day. Figures that turn have
+// the ring alone.
 #pragma once
 
 #include <QPainter>
