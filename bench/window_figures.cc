@@ -129,6 +129,34 @@ void MeasureChart(int funds, int days, const std::string& what) {
   });
 }
 
+/// One step of the bar, from its move to the painted picture, of one fund with its indicators.
+void MeasureIndicators() {
+  const Service service(3, 1200);
+  Windows windows(service.Path());
+  windows.Load(1);
+  Screens& screens = windows.AllScreens();
+  IndicatorBoxes& boxes = screens.frmTab.indicators;
+  QWidget& window = windows.Program().Window();
+  const auto measure = [&](const char* what, ScrollBar& bar, ChartBox& chart) {
+    windows.Draw();
+    int turn = 0;
+    Measure(what, kRuns, [&] {
+      bar.SetValue(1199 - turn++ % 2);
+      PaintNow(window);
+      return chart.view.rowcount();
+    });
+  };
+  for (CheckBox* box :
+       {&boxes.chkMoveAvg, &boxes.chkAMA, &boxes.chkParabolic, &boxes.chkBollinger}) {
+    box->SetChecked(true);
+  }
+  measure(
+      "scroll step 1 x 1200, four overlays", screens.frmGraph.HScroll1, screens.frmGraph.VtChart1);
+  boxes.chkMem.SetChecked(true);
+  measure(
+      "scroll step 1 x 1200, maximum entropy", screens.frmPer.HScroll1, screens.frmPer.VtChart1);
+}
+
 /// Float columns behind the toolkit's own table view: what a program without a grid would use.
 class FloatColumns : public QAbstractTableModel {
  public:
@@ -205,6 +233,7 @@ void MeasureWindows(const std::string& summary_file) {
   MeasureStart();
   MeasureChart(10, 1200, "10 x 1200");
   MeasureChart(1, 12000, "1 x 12000");
+  MeasureIndicators();
   MeasureGrid();
   MeasureImport(summary_file);
 }
