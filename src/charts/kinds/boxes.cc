@@ -215,14 +215,6 @@ class BoxKind : public Kind {
     DrawO(square(box.right - half), InkOn(context.theme, {255, 0, 0}), width, picture);
   }
 
-  // Boxes stand in the picture's hit regions.
-  std::optional<ChartHit> HitAt(const ChartView& /*view*/,
-                                const ChartPicture& /*picture*/,
-                                PicturePoint /*at*/,
-                                double /*reach*/) const override {
-    return std::nullopt;
-  }
-
   StopList Stops(const ChartView& view) const override {
     std::vector<Stop> stops;
     for (int row = 1; row <= BoxCount(view); ++row) {

@@ -275,14 +275,6 @@ class CandleKind : public Kind {
     }
   }
 
-  // Bars stand in the picture's hit regions.
-  std::optional<ChartHit> HitAt(const ChartView& /*view*/,
-                                const ChartPicture& /*picture*/,
-                                PicturePoint /*at*/,
-                                double /*reach*/) const override {
-    return std::nullopt;
-  }
-
   /// Every row up to the last that has a bar.
   StopList Stops(const ChartView& view) const override {
     const std::vector<DrawnSeries> funds = Series(view);

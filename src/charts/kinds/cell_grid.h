@@ -11,6 +11,7 @@
 
 #include "charts/kinds/cross_hair.h"
 #include "charts/kinds/draw_context.h"
+#include "charts/kinds/kind.h"
 #include "charts/kinds/read_out.h"
 #include "charts/kinds/value_bands.h"
 #include "charts/view/chart_view.h"
@@ -142,5 +143,19 @@ StopList CellStops(const ChartView& view);
 /// The two parameters as heading; value, rank and plateau of a filled cell as entries (a dash where
 /// too few neighbours make no plateau).
 ReadOut ReadCell(const ChartView& view, int row, int column, const ChartTheme& theme);
+
+/// What the kinds of figures over two parameters have in common: cells in the place of series.
+class ParameterKind : public Kind {
+ public:
+  std::vector<DrawnSeries> Series(const ChartView&) const override { return {}; }
+  std::vector<LegendMark> Legend(const ChartView& view, const ChartTheme& theme) const override {
+    return ParameterLegend(view, theme);
+  }
+  void DrawSwatch(const DrawContext& /*context*/,
+                  const DrawnSeries& /*series*/,
+                  const PictureBox& /*box*/,
+                  ChartPicture& /*picture*/) const override {}
+  StopList Stops(const ChartView& view) const override { return CellStops(view); }
+};
 
 }  // namespace vistaplot

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "charts/kinds/cell_grid.h"
 #include "charts/kinds/iso_regions.h"
 
 namespace vistaplot {
@@ -121,10 +120,6 @@ ValueRange Span(int count) {
 
 }  // namespace
 
-std::vector<LegendMark> ContourKind::Legend(const ChartView& view, const ChartTheme& theme) const {
-  return ParameterLegend(view, theme);
-}
-
 AxisRanges ContourKind::Values(const ChartView& view) const {
   // Bars of a single row or column are as wide as the cells are apart.
   const bool bars = view.rowcount() < 2 || view.ColumnCount() < 2;
@@ -177,10 +172,6 @@ std::string ContourKind::ColumnText(const ChartView& view, int column) const {
 
 std::string ContourKind::RowText(const ChartView& view, int row) const {
   return RowNumber(view, row);
-}
-
-StopList ContourKind::Stops(const ChartView& view) const {
-  return CellStops(view);
 }
 
 ReadOut ContourKind::ReadAt(const ChartView& view,

@@ -1,7 +1,7 @@
 // The contour chart: the values of the cells of two parameters as filled bands, seen from above.
 #pragma once
 
-#include "charts/kinds/kind.h"
+#include "charts/kinds/cell_grid.h"
 
 namespace vistaplot {
 
@@ -9,15 +9,9 @@ namespace vistaplot {
 /// scale. Squares of four cells are filled by linear interpolation; one with an empty corner is
 /// hatched, and a cell that belongs to no full square keeps a small box of its colour. A single row
 /// or column is drawn as bars.
-class ContourKind : public Kind {
+class ContourKind : public ParameterKind {
  public:
   PositionAxis Positions() const override { return PositionAxis::kCells; }
-  std::vector<DrawnSeries> Series(const ChartView&) const override { return {}; }
-  std::vector<LegendMark> Legend(const ChartView& view, const ChartTheme& theme) const override;
-  void DrawSwatch(const DrawContext& /*context*/,
-                  const DrawnSeries& /*series*/,
-                  const PictureBox& /*box*/,
-                  ChartPicture& /*picture*/) const override {}
   AxisRanges Values(const ChartView& view) const override;
   void Draw(const DrawContext& context,
             const PlotScale& scale,
@@ -28,7 +22,6 @@ class ContourKind : public Kind {
                                 double reach) const override;
   std::string ColumnText(const ChartView& view, int column) const override;
   std::string RowText(const ChartView& view, int row) const override;
-  StopList Stops(const ChartView& view) const override;
   ReadOut ReadAt(const ChartView& view,
                  int row,
                  int column,

@@ -54,11 +54,13 @@ class Kind {
                           ChartPicture& picture) const = 0;
 
   /// The point nearest to `at` within `reach`, beside the picture's hit regions; `at` lies on the
-  /// plot or within reach of it.
-  virtual std::optional<ChartHit> HitAt(const ChartView& view,
-                                        const ChartPicture& picture,
-                                        PicturePoint at,
-                                        double reach) const = 0;
+  /// plot or within reach of it. Nothing where all figures have hit regions, as bars and boxes do.
+  virtual std::optional<ChartHit> HitAt(const ChartView& /*view*/,
+                                        const ChartPicture& /*picture*/,
+                                        PicturePoint /*at*/,
+                                        double /*reach*/) const {
+    return std::nullopt;
+  }
 
   /// The parameter's number of a column or row of cells (kCells), from 1.
   virtual std::string ColumnText(const ChartView& /*view*/, int /*column*/) const { return {}; }

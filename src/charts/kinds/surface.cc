@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "charts/kinds/cell_grid.h"
 #include "charts/kinds/iso_regions.h"
 #include "charts/kinds/surface_scene.h"
 
@@ -307,10 +306,6 @@ class Painter {
 
 }  // namespace
 
-std::vector<LegendMark> SurfaceKind::Legend(const ChartView& view, const ChartTheme& theme) const {
-  return ParameterLegend(view, theme);
-}
-
 void SurfaceKind::Draw(const DrawContext& context,
                        const PlotScale& scale,
                        ChartPicture& picture) const {
@@ -355,10 +350,6 @@ std::optional<PicturePoint> SurfaceKind::PlaceOf(const ChartView& view,
   const CellGrid grid(view);
   const SurfaceScene scene = SceneOf(view, grid, picture.scale.box);
   return scene.Project(scene.PointAt(row, column, grid.At(row, column)));
-}
-
-StopList SurfaceKind::Stops(const ChartView& view) const {
-  return CellStops(view);
 }
 
 ReadOut SurfaceKind::ReadAt(const ChartView& view,

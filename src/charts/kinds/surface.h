@@ -2,22 +2,16 @@
 // bears their contour. It is turned and tilted by the view's facts; its data stays.
 #pragma once
 
-#include "charts/kinds/kind.h"
+#include "charts/kinds/cell_grid.h"
 
 namespace vistaplot {
 
 /// A surface has no plane that a cross-hair could run over: what is read off is the cell under the
 /// pointer, the nearest one to the reader where several lie behind each other, or the cell that
 /// keys have led to.
-class SurfaceKind : public Kind {
+class SurfaceKind : public ParameterKind {
  public:
   PositionAxis Positions() const override { return PositionAxis::kNone; }
-  std::vector<DrawnSeries> Series(const ChartView&) const override { return {}; }
-  std::vector<LegendMark> Legend(const ChartView& view, const ChartTheme& theme) const override;
-  void DrawSwatch(const DrawContext& /*context*/,
-                  const DrawnSeries& /*series*/,
-                  const PictureBox& /*box*/,
-                  ChartPicture& /*picture*/) const override {}
   AxisRanges Values(const ChartView&) const override { return {}; }
   void Draw(const DrawContext& context,
             const PlotScale& scale,
@@ -31,7 +25,6 @@ class SurfaceKind : public Kind {
                                       const ChartPicture& picture,
                                       int row,
                                       int column) const override;
-  StopList Stops(const ChartView& view) const override;
   ReadOut ReadAt(const ChartView& view,
                  int row,
                  int column,
